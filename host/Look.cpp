@@ -1,0 +1,142 @@
+#include "host/Look.h"
+
+#include <array>
+
+#include "standin/Catalogue.h"
+
+namespace host {
+namespace {
+
+using namespace cocoa;
+
+struct Row {
+  Look which;
+  int red;
+  int green;
+  int blue;
+  int alpha;
+  const char* catalogueName;
+};
+
+constexpr auto kCount = static_cast<std::size_t>(Look::kCount);
+
+constexpr std::array<Row, kCount> kRows{{
+    {Look::kMixerBackground, 28, 28, 30, 100, nullptr},
+    {Look::kToolbarBackground, 44, 44, 47, 100, "MixerToolbarBackground"},
+    {Look::kToolbarEdge, 18, 18, 20, 100, "MixerToolbarEdge"},
+    {Look::kToolbarText, 196, 196, 201, 100, "MixerToolbarText"},
+    {Look::kToolbarActive, 88, 106, 140, 100, "MixerToolbarActive"},
+    {Look::kStripBackground, 62, 63, 66, 100, nullptr},
+    {Look::kStripHighlight, 92, 95, 102, 100, nullptr},
+    {Look::kFolderBackground, 52, 54, 60, 100, nullptr},
+    {Look::kFolderHighlight, 82, 86, 98, 100, nullptr},
+    {Look::kAuxBackground, 58, 60, 64, 100, nullptr},
+    {Look::kAuxHighlight, 88, 92, 100, 100, nullptr},
+    {Look::kStripBorder, 24, 24, 26, 100, nullptr},
+    {Look::kEmptySlot, 50, 51, 54, 100, nullptr},
+    {Look::kEmptySlotSelected, 74, 77, 83, 100, nullptr},
+    {Look::kEmptySlotTitle, 132, 134, 140, 100, nullptr},
+    {Look::kButtonTop, 92, 93, 97, 100, nullptr},
+    {Look::kButtonBottom, 76, 77, 81, 100, nullptr},
+    {Look::kButtonEdge, 34, 34, 36, 100, nullptr},
+    {Look::kButtonText, 222, 223, 226, 100, nullptr},
+    {Look::kPlugInTop, 74, 126, 196, 100, nullptr},
+    {Look::kPlugInBottom, 52, 100, 168, 100, nullptr},
+    {Look::kPlugInText, 240, 245, 252, 100, nullptr},
+    {Look::kBypassedTop, 84, 86, 91, 100, nullptr},
+    {Look::kBypassedBottom, 72, 74, 79, 100, nullptr},
+    {Look::kBypassedText, 150, 153, 160, 100, nullptr},
+    {Look::kMidiTop, 156, 104, 186, 100, nullptr},
+    {Look::kMidiBottom, 130, 82, 160, 100, nullptr},
+    {Look::kInstrumentTop, 72, 152, 104, 100, nullptr},
+    {Look::kInstrumentBottom, 54, 128, 84, 100, nullptr},
+    {Look::kSendTop, 70, 118, 186, 100, nullptr},
+    {Look::kSendBottom, 54, 98, 162, 100, nullptr},
+    {Look::kAutomationRead, 96, 184, 110, 100, nullptr},
+    {Look::kAutomationTouch, 222, 188, 80, 100, nullptr},
+    {Look::kAutomationLatch, 226, 150, 72, 100, nullptr},
+    {Look::kAutomationWrite, 218, 88, 82, 100, nullptr},
+    {Look::kGroupText, 214, 190, 104, 100, nullptr},
+    {Look::kDisplayBackground, 22, 23, 24, 100, nullptr},
+    {Look::kDisplayText, 198, 200, 204, 100, nullptr},
+    {Look::kPeakNormal, 102, 255, 127, 100, nullptr},
+    {Look::kPeakWarning, 255, 214, 51, 100, nullptr},
+    {Look::kPeakMaximum, 255, 255, 255, 100, nullptr},
+    {Look::kKnobRing, 36, 37, 39, 100, nullptr},
+    {Look::kKnobArc, 96, 190, 112, 100, nullptr},
+    {Look::kKnobFace, 104, 106, 111, 100, nullptr},
+    {Look::kKnobFaceEdge, 42, 43, 45, 100, nullptr},
+    {Look::kKnobPointer, 236, 237, 240, 100, nullptr},
+    {Look::kSendArc, 92, 158, 230, 100, nullptr},
+    {Look::kFaderTrack, 22, 22, 24, 100, nullptr},
+    {Look::kFaderTop, 214, 215, 219, 100, nullptr},
+    {Look::kFaderBottom, 148, 150, 156, 100, nullptr},
+    {Look::kFaderEdge, 30, 30, 32, 100, nullptr},
+    {Look::kFaderLine, 44, 45, 48, 100, nullptr},
+    {Look::kMeterBackground, 22, 23, 24, 100, nullptr},
+    {Look::kMeterGreen, 84, 200, 106, 100, nullptr},
+    {Look::kMeterYellow, 236, 208, 72, 100, nullptr},
+    {Look::kMeterRed, 236, 86, 72, 100, nullptr},
+    {Look::kGainReduction, 240, 176, 72, 100, nullptr},
+    {Look::kScaleTick, 255, 255, 255, 35, nullptr},
+    {Look::kScaleNumber, 255, 255, 255, 55, nullptr},
+    {Look::kSymbolOff, 82, 83, 88, 100, nullptr},
+    {Look::kSymbolText, 206, 208, 212, 100, nullptr},
+    {Look::kMuteOn, 76, 168, 214, 100, nullptr},
+    {Look::kSoloOn, 226, 196, 62, 100, nullptr},
+    {Look::kRecordOn, 220, 66, 60, 100, nullptr},
+    {Look::kMonitorOn, 230, 150, 60, 100, nullptr},
+    {Look::kEqualizerBackground, 30, 31, 33, 100, nullptr},
+    {Look::kEqualizerGrid, 255, 255, 255, 8, nullptr},
+    {Look::kEqualizerCurve, 120, 190, 232, 100, nullptr},
+    {Look::kEqualizerTitle, 128, 130, 136, 100, nullptr},
+    {Look::kNameText, 230, 231, 234, 100, nullptr},
+    {Look::kNameTextOnColour, 16, 16, 18, 100, nullptr},
+    {Look::kNumberText, 168, 170, 176, 100, nullptr},
+    {Look::kLabelText, 150, 152, 158, 100, nullptr},
+    {Look::kReadoutText, 196, 198, 203, 100, nullptr},
+    {Look::kNotesText, 182, 184, 190, 100, nullptr},
+    {Look::kIcon, 188, 190, 196, 100, nullptr},
+    {Look::kIconBackground, 48, 49, 52, 100, nullptr},
+    {Look::kLibraryIndicator, 120, 180, 240, 100, nullptr},
+    {Look::kRowHeaderBackground, 52, 53, 56, 100, "StepSequencerRowHeader"},
+    {Look::kRowHeaderText, 214, 215, 219, 100, "StepSequencerRowText"},
+    {Look::kStepOff, 70, 72, 77, 100, "StepSequencerStepOff"},
+    {Look::kStepOn, 102, 176, 226, 100, "StepSequencerStepOn"},
+    {Look::kStepAccent, 236, 196, 92, 100, "StepSequencerStepAccent"},
+}};
+
+constexpr bool rowsFollowTheNames() {
+  for (std::size_t i = 0; i < kCount; ++i) {
+    if (kRows[i].which != static_cast<Look>(i)) return false;
+  }
+  return true;
+}
+static_assert(rowsFollowTheNames());
+
+Ref<NSColor> made(const Row& row) {
+  return NSColor::colorWithSRGBRed(row.red / 255.0, row.green / 255.0, row.blue / 255.0, row.alpha / 100.0);
+}
+
+}  // namespace
+
+NSColor look(Look which) {
+  static const std::array<Ref<NSColor>, kCount> colours = [] {
+    std::array<Ref<NSColor>, kCount> all;
+    for (std::size_t i = 0; i < kCount; ++i) all[i] = made(kRows[i]);
+    return all;
+  }();
+  return colours[static_cast<std::size_t>(which)];
+}
+
+const char* catalogueName(Look which) { return kRows[static_cast<std::size_t>(which)].catalogueName; }
+
+void registerLook() {
+  for (const Row& row : kRows) {
+    if (row.catalogueName != nullptr) {
+      standin::registerCatalogueColour("#$assets-mainBundleID", row.catalogueName, look(row.which));
+    }
+  }
+}
+
+}  // namespace host

@@ -1,0 +1,107 @@
+#pragma once
+// The host's own look: one table of named colours.
+
+#include <cstddef>
+
+#include "cocoa/AppKit.h"
+
+namespace host {
+
+/// Each colour is k/255 per component and n/100 in alpha, as the platform's colour panel would give it.
+enum class Look : std::size_t {
+  kMixerBackground,
+  kToolbarBackground,
+  kToolbarEdge,
+  kToolbarText,
+  kToolbarActive,
+  kStripBackground,
+  kStripHighlight,
+  kFolderBackground,
+  kFolderHighlight,
+  kAuxBackground,
+  kAuxHighlight,
+  kStripBorder,
+  kEmptySlot,
+  kEmptySlotSelected,
+  kEmptySlotTitle,
+  kButtonTop,
+  kButtonBottom,
+  kButtonEdge,
+  kButtonText,
+  kPlugInTop,
+  kPlugInBottom,
+  kPlugInText,
+  kBypassedTop,
+  kBypassedBottom,
+  kBypassedText,
+  kMidiTop,
+  kMidiBottom,
+  kInstrumentTop,
+  kInstrumentBottom,
+  kSendTop,
+  kSendBottom,
+  kAutomationRead,
+  kAutomationTouch,
+  kAutomationLatch,
+  kAutomationWrite,
+  kGroupText,
+  kDisplayBackground,
+  kDisplayText,
+  kPeakNormal,
+  kPeakWarning,
+  kPeakMaximum,
+  kKnobRing,
+  kKnobArc,
+  kKnobFace,
+  kKnobFaceEdge,
+  kKnobPointer,
+  kSendArc,
+  kFaderTrack,
+  kFaderTop,
+  kFaderBottom,
+  kFaderEdge,
+  kFaderLine,
+  kMeterBackground,
+  kMeterGreen,
+  kMeterYellow,
+  kMeterRed,
+  kGainReduction,
+  kScaleTick,
+  kScaleNumber,
+  kSymbolOff,
+  kSymbolText,
+  kMuteOn,
+  kSoloOn,
+  kRecordOn,
+  kMonitorOn,
+  kEqualizerBackground,
+  kEqualizerGrid,
+  kEqualizerCurve,
+  kEqualizerTitle,
+  kNameText,
+  kNameTextOnColour,
+  kNumberText,
+  kLabelText,
+  kReadoutText,
+  kNotesText,
+  kIcon,
+  kIconBackground,
+  kLibraryIndicator,
+  kRowHeaderBackground,
+  kRowHeaderText,
+  kStepOff,
+  kStepOn,
+  kStepAccent,
+  kCount
+};
+
+/// One colour of the host's own look. Lives as long as the process.
+NSColor look(Look which);
+
+/// The name under which the host's asset catalogue lists a colour, or null when it is drawn from code.
+const char* catalogueName(Look which);
+
+/// Fills the asset catalogue, so that `colorWithCatalogName:colorName:` finds the named colours.
+void registerLook();
+
+}  // namespace host

@@ -1,0 +1,117 @@
+#include "host/app/Application.h"
+
+#include <dlfcn.h>
+
+#include <cmath>
+
+#include "host/Look.h"
+#include "host/app/Views.h"
+#include "host/mixer/MAButtonNode.h"
+#include "host/mixer/MADisplayNode.h"
+#include "host/mixer/MAEQThumbnailNode.h"
+#include "host/mixer/MAFaderNode.h"
+#include "host/mixer/MAGainReductionMeterNode.h"
+#include "host/mixer/MAImageNode.h"
+#include "host/mixer/MAKnobNode.h"
+#include "host/mixer/MALevelNode.h"
+#include "host/mixer/MANode.h"
+#include "host/mixer/MAScaleNode.h"
+#include "host/mixer/MAStripNode.h"
+#include "host/mixer/MASymbolButtonNode.h"
+#include "host/mixer/MATextNode.h"
+#include "host/mixer/MixerData.h"
+#include "standin/MainBundle.h"
+
+namespace host {
+namespace {
+
+using namespace cocoa;
+
+constexpr void (*kDefinitions[])() = {
+    defineViews,       defineMixerData,        defineMixerWindow,
+    defineMANode,      defineMATextNode,       defineMAStripNode,
+    defineMAButtonNode, defineMASymbolButtonNode, defineMAKnobNode,
+    defineMAFaderNode, defineMALevelNode,      defineMAScaleNode,
+    defineMADisplayNode, defineMAEQThumbnailNode, defineMAGainReductionMeterNode,
+    defineMAImageNode, attachStepSequencerColours, registerLook,
+};
+
+void defineClasses() {
+  static const bool defined = [] {
+    for (const auto define : kDefinitions) define();
+    return true;
+  }();
+  static_cast<void>(defined);
+}
+
+NSDictionary mainBundleInfo(const HostOptions& options) {
+  const auto info = NSMutableDictionary::dictionary();
+  info.setObject(literal<"com.velura.simulated-host">(), literal<"CFBundleIdentifier">());
+  info.setObject(string(options.version), literal<"CFBundleShortVersionString">());
+  return info;
+}
+
+}  // namespace
+
+Application::Application(HostOptions options) : options_(std::move(options)) {
+  const AutoreleasePool pool;
+  defineClasses();
+  standin::setMainBundleInfo(mainBundleInfo(options_));
+  NSApplication::sharedApplication();
+}
+
+Application::~Application() {
+  const AutoreleasePool pool;
+  sequencer_.reset();
+  mixer_.reset();
+}
+
+bool Application::loadBundle(const std::string& path, std::string& error) {
+  const AutoreleasePool pool;
+  if (::dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL) == nullptr) {
+    const char* reason = ::dlerror();
+    error = reason == nullptr ? path + ": cannot be loaded" : reason;
+    return false;
+  }
+  const Class loader = classNamed("LoaderClass");
+  if (loader == nullptr) {
+    error = path + ": has no LoaderClass";
+    return false;
+  }
+  // The loader lives as long as the process, like the bundle.
+  const id instance = call<"init", id>(call<"alloc", id>(loader));
+  call<"initialize">(instance);
+  return true;
+}
+
+void Application::open(Song song) {
+  const AutoreleasePool pool;
+  song_ = std::move(song);
+  mixer_ = std::make_unique<MixerWindow>(song_, options_.scale);
+  sequencer_ = std::make_unique<StepSequencerPanel>(options_.scale);
+}
+
+void Application::runFrame() {
+  const AutoreleasePool pool;
+  NSApplication::sharedApplication().updateWindows();
+  mixer_->updatePresentation();
+}
+
+NSWindow Application::window(WindowKind kind) const {
+  return kind == WindowKind::kMixer ? mixer_->window() : sequencer_->window();
+}
+
+Ref<NSBitmapImageRep> Application::draw(WindowKind kind) {
+  const AutoreleasePool pool;
+  const NSView frame = window(kind).contentView().superview();
+  const CGSize size = frame.bounds().size;
+  const auto pixels = [&](double points) { return static_cast<NSInteger>(std::ceil(points * options_.scale)); };
+  const Ref<NSBitmapImageRep> bitmap = NSBitmapImageRep::withBitmapDataPlanes(
+      nullptr, pixels(size.width), pixels(size.height), 8, 4, true, false, NSDeviceRGBColorSpace, 0, 32);
+  if (!bitmap) return bitmap;
+  bitmap->setSize(size);
+  frame.displayRectIgnoringOpacity(frame.bounds(), NSGraphicsContext::graphicsContextWithBitmapImageRep(bitmap));
+  return bitmap;
+}
+
+}  // namespace host

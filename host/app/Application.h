@@ -1,0 +1,53 @@
+#pragma once
+// The simulated host: opens a song, shows its windows, loads bundles and draws frames.
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "host/Song.h"
+#include "host/app/StepSequencerPanel.h"
+#include "host/mixer/MixerWindow.h"
+
+namespace host {
+
+enum class WindowKind { kMixer, kStepSequencer };
+
+struct HostOptions {
+  std::string version = "11.1.2";
+  double scale = 1;  // pixels per point
+};
+
+/// One host process. There is never more than one at a time.
+class Application {
+ public:
+  explicit Application(HostOptions options);
+  ~Application();
+  Application(const Application&) = delete;
+  Application& operator=(const Application&) = delete;
+
+  /// Loads a bundle's code and brings it up: makes one `LoaderClass` and sends it `initialize`.
+  /// False, with `error` set, when the code cannot be loaded or has no such class.
+  bool loadBundle(const std::string& path, std::string& error);
+
+  /// Opens the windows of a song.
+  void open(Song song);
+
+  /// One turn of the event loop: windows update, presentations follow.
+  void runFrame();
+
+  /// Draws a window, title bar and all, into a bitmap of the host's scale.
+  [[nodiscard]] cocoa::Ref<NSBitmapImageRep> draw(WindowKind kind);
+
+  [[nodiscard]] NSWindow window(WindowKind kind) const;
+  [[nodiscard]] MixerWindow& mixer() { return *mixer_; }
+  [[nodiscard]] const Song& song() const { return song_; }
+
+ private:
+  HostOptions options_;
+  Song song_;
+  std::unique_ptr<MixerWindow> mixer_;
+  std::unique_ptr<StepSequencerPanel> sequencer_;
+};
+
+}  // namespace host

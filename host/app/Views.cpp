@@ -1,0 +1,75 @@
+#include "host/app/Views.h"
+
+#include "cocoa/QuartzCore.h"
+#include "host/mixer/MANode.h"
+
+namespace host {
+namespace {
+
+using namespace cocoa;
+
+struct CLgRupertView : ObjectState {};
+struct CLgRupertContentsView : ObjectState {};
+struct MAKitWindow : ObjectState {};
+struct MAKitPanel : ObjectState {};
+
+}  // namespace
+
+id MAView::initWithFrame(CGRect frame) {
+  superSend<MAView, id>(self, selector<"initWithFrame:">(), frame);
+  cast<NSView>(NSObject(self)).setWantsLayer(true);
+  return self;
+}
+
+void MAView::setBackgroundColor(NSColor colour) {
+  backgroundColor = colour;
+  call<"setNeedsDisplay:">(self, BOOL(1));
+}
+
+double MAView::backingScale() {
+  const NSWindow window = cast<NSView>(NSObject(self)).window();
+  return window ? window.backingScaleFactor() : 1;
+}
+
+void MANodeView::setNode(NSObject root) {
+  const auto view = cast<NSView>(NSObject(self));
+  if (node) stateOf<MANode>(node.get()).layer->removeFromSuperlayer();
+  node = root;
+  stateOf<MANode>(root).ownView = NSObject(self);
+  view.layer().addSublayer(stateOf<MANode>(root).layer);
+}
+
+void MANodeView::updatePresentation() {
+  if (!node) return;
+  presentNode(node, NSObject(self));
+  const NSColor background = call<"backgroundColor", NSColor>(self);
+  cast<NSView>(NSObject(self)).layer().setBackgroundColor(background.CGColor());
+}
+
+void CLgToolbarView::drawRect(CGRect /*dirty*/) {
+  if (draw) draw(cast<NSView>(NSObject(self)).bounds(), NSGraphicsContext::currentContext().CGContext());
+}
+
+void defineViews() {
+  ClassDefinition<MAView>("MAView", "NSView")
+      .method<"initWithFrame:", &MAView::initWithFrame>()
+      .getter<"backgroundColor", &MAView::backgroundColor>()
+      .method<"setBackgroundColor:", &MAView::setBackgroundColor>()
+      .method<"backingScale", &MAView::backingScale>()
+      .property<"delegate", "setDelegate:", &MAView::delegate>()
+      .registered();
+  ClassDefinition<MANodeView>("MANodeView", "MAView")
+      .method<"setNode:", &MANodeView::setNode>()
+      .getter<"node", &MANodeView::node>()
+      .method<"updatePresentation", &MANodeView::updatePresentation>()
+      .registered();
+  ClassDefinition<CLgRupertView>("CLgRupertView", "MAView").registered();
+  ClassDefinition<CLgRupertContentsView>("CLgRupertContentsView", "MANodeView").registered();
+  ClassDefinition<CLgToolbarView>("CLgToolbarView", "MAView")
+      .method<"drawRect:", &CLgToolbarView::drawRect>()
+      .registered();
+  ClassDefinition<MAKitWindow>("MAKitWindow", "NSWindow").registered();
+  ClassDefinition<MAKitPanel>("MAKitPanel", "NSPanel").registered();
+}
+
+}  // namespace host

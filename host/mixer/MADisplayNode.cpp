@@ -1,0 +1,37 @@
+#include "host/mixer/MADisplayNode.h"
+
+#include "host/mixer/Painter.h"
+
+namespace host {
+
+using namespace cocoa;
+
+id MADisplayNode::init() {
+  superSend<MADisplayNode, id>(self, selector<"init">());
+  stateOf<MANode>(self).drawsContents = true;
+  textColor = look(Look::kDisplayText);
+  return self;
+}
+
+void MADisplayNode::setTextColor(NSColor colour) {
+  textColor = colour;
+  call<"setNeedsUpdateContents:">(self, BOOL(1));
+}
+
+void MADisplayNode::drawRect(CGRect rect, CGContextRef context) {
+  const MANode& node = stateOf<MANode>(self);
+  const Painter painter(context);
+  painter.fillRounded(rect, 3, look(Look::kDisplayBackground));
+  painter.text(node.title, rect, textColor, {.size = 8.5, .weight = 0.23});
+}
+
+void defineMADisplayNode() {
+  ClassDefinition<MADisplayNode>("MADisplayNode", "MANode")
+      .method<"init", &MADisplayNode::init>()
+      .getter<"textColor", &MADisplayNode::textColor>()
+      .method<"setTextColor:", &MADisplayNode::setTextColor>()
+      .method<"drawRect:inContext:", &MADisplayNode::drawRect>()
+      .registered();
+}
+
+}  // namespace host

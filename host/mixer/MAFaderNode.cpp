@@ -1,0 +1,75 @@
+#include "host/mixer/MAFaderNode.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "host/mixer/Painter.h"
+
+namespace host {
+namespace {
+
+using namespace cocoa;
+
+constexpr double kCapWidth = 22;
+constexpr double kCapHeight = 38;
+
+}  // namespace
+
+double faderPosition(double decibels) {
+  if (decibels <= -96) return 0;
+  return std::clamp(std::pow(10.0, (decibels - 6) / 48), 0.0, 1.0);
+}
+
+id MAFaderNode::init() {
+  superSend<MAFaderNode, id>(self, selector<"init">());
+  stateOf<MANode>(self).drawsContents = true;
+  call<"addChild:">(self, makeNode("MAFaderKnobNode", "fader knob", {}).get());
+  return self;
+}
+
+void MAFaderNode::setValue(double position) {
+  value = position;
+  const MANode& node = stateOf<MANode>(self);
+  const CGSize size = node.frame.size;
+  const NSObject knob = call<"childNodeWithName:", NSObject>(self, literal<"fader knob">());
+  const double travel = size.height - kCapHeight;
+  call<"setFrame:">(knob, CGRectMake(std::floor((size.width - kCapWidth) / 2), std::round(travel * value), kCapWidth,
+                                     kCapHeight));
+}
+
+void MAFaderNode::drawRect(CGRect rect, CGContextRef context) {
+  const Painter painter(context);
+  const CGRect groove = CGRectMake(std::floor(rect.midX()) - 2, 6, 4, rect.size.height - 12);
+  painter.fillRounded(groove.insetBy(-1, -1), 3, faded(NSColor::whiteColor(), 0.07));
+  painter.fillRounded(groove, 2, look(Look::kFaderTrack));
+}
+
+id MAFaderKnobNode::init() {
+  superSend<MAFaderKnobNode, id>(self, selector<"init">());
+  stateOf<MANode>(self).drawsContents = true;
+  return self;
+}
+
+void MAFaderKnobNode::drawRect(CGRect rect, CGContextRef context) {
+  const Painter painter(context);
+  const CGRect cap = rect.insetBy(1, 2);
+  painter.fillRounded(cap.offsetBy(0, -1.5), 4, faded(NSColor::blackColor(), 0.45));
+  painter.body(cap, 4, look(Look::kFaderTop), look(Look::kFaderBottom), look(Look::kFaderEdge));
+  const CGRect waist = CGRectMake(cap.minX() + 1, cap.midY() - 6, cap.size.width - 2, 12);
+  painter.verticalGradient(waist, 0, look(Look::kFaderBottom), look(Look::kFaderTop));
+  painter.fill(CGRectMake(cap.minX() + 2, cap.midY() - 0.75, cap.size.width - 4, 1.5), look(Look::kFaderLine));
+}
+
+void defineMAFaderNode() {
+  ClassDefinition<MAFaderKnobNode>("MAFaderKnobNode", "MANode")
+      .method<"init", &MAFaderKnobNode::init>()
+      .method<"drawRect:inContext:", &MAFaderKnobNode::drawRect>()
+      .registered();
+  ClassDefinition<MAFaderNode>("MAFaderNode", "MANode")
+      .method<"init", &MAFaderNode::init>()
+      .method<"setValue:", &MAFaderNode::setValue>()
+      .method<"drawRect:inContext:", &MAFaderNode::drawRect>()
+      .registered();
+}
+
+}  // namespace host

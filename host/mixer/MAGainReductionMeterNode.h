@@ -1,0 +1,17 @@
+#pragma once
+
+#include "host/mixer/MANode.h"
+
+namespace host {
+
+/// How much the channel's compressor takes away, from 0 to 1, growing from the right.
+struct MAGainReductionMeterNode : cocoa::ObjectState {
+  double reduction = 0;
+
+  id init();
+  void drawRect(CGRect rect, CGContextRef context);
+};
+
+void defineMAGainReductionMeterNode();
+
+}  // namespace host

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "host/mixer/MANode.h"
+#include "host/mixer/Painter.h"
+
+namespace host {
+
+/// A line of text with a background of its own.
+struct MATextNode : cocoa::ObjectState {
+  cocoa::Ref<NSColor> foregroundColor;
+  cocoa::Ref<NSColor> backgroundColor;
+  TextStyle style;
+
+  id init();
+  void setForegroundColor(NSColor colour);
+  void setBackgroundColor(NSColor colour);
+  void updatePresentationObject(NSObject presentation, NSObject view);
+  void drawRect(CGRect rect, CGContextRef context);
+};
+
+void defineMATextNode();
+
+}  // namespace host

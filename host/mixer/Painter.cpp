@@ -1,0 +1,119 @@
+#include "host/mixer/Painter.h"
+
+#include <algorithm>
+#include <numbers>
+
+#include "cocoa/Call.h"
+
+namespace host {
+
+using namespace cocoa;
+
+void Painter::fill(CGRect rect, NSColor colour) const {
+  CGContextSetFillColorWithColor(context_, colour.CGColor());
+  CGContextFillRect(context_, rect);
+}
+
+void Painter::addRounded(CGRect rect, double radius) const {
+  const double fitting = std::max(0.0, std::min({radius, rect.size.width / 2, rect.size.height / 2}));
+  const auto path = CFRef<CGPathRef>::adopt(CGPathCreateWithRoundedRect(rect, fitting, fitting, nullptr));
+  CGContextBeginPath(context_);
+  CGContextAddPath(context_, path);
+}
+
+void Painter::fillRounded(CGRect rect, double radius, NSColor colour) const {
+  addRounded(rect, radius);
+  CGContextSetFillColorWithColor(context_, colour.CGColor());
+  CGContextFillPath(context_);
+}
+
+void Painter::strokeRounded(CGRect rect, double radius, NSColor colour, double width) const {
+  addRounded(rect, radius);
+  CGContextSetStrokeColorWithColor(context_, colour.CGColor());
+  CGContextSetLineWidth(context_, width);
+  CGContextStrokePath(context_);
+}
+
+void Painter::verticalGradient(CGRect rect, double radius, NSColor top, NSColor bottom) const {
+  double components[8];
+  top.getComponents(components);
+  bottom.getComponents(components + 4);
+  const auto space = CFRef<CGColorSpaceRef>::adopt(CGColorSpaceCreateWithName(kCGColorSpaceSRGB));
+  const auto gradient =
+      CFRef<CGGradientRef>::adopt(CGGradientCreateWithColorComponents(space, components, nullptr, 2));
+  CGContextSaveGState(context_);
+  addRounded(rect, radius);
+  CGContextClip(context_);
+  CGContextDrawLinearGradient(context_, gradient, {rect.midX(), rect.maxY()}, {rect.midX(), rect.minY()},
+                              kCGGradientDrawsNeither);
+  CGContextRestoreGState(context_);
+}
+
+void Painter::body(CGRect rect, double radius, NSColor top, NSColor bottom, NSColor edge) const {
+  fillRounded(rect, radius, edge);
+  const CGRect inner = rect.insetBy(1, 1);
+  verticalGradient(inner, radius - 1, top, bottom);
+  CGContextSetRGBFillColor(context_, 1, 1, 1, 0.14);
+  CGContextFillRect(context_, CGRectMake(inner.minX() + radius - 1, inner.maxY() - 1,
+                                         std::max(0.0, inner.size.width - 2 * (radius - 1)), 1));
+}
+
+void Painter::fillEllipse(CGRect rect, NSColor colour) const {
+  CGContextSetFillColorWithColor(context_, colour.CGColor());
+  CGContextFillEllipseInRect(context_, rect);
+}
+
+void Painter::strokeEllipse(CGRect rect, NSColor colour, double width) const {
+  CGContextSetStrokeColorWithColor(context_, colour.CGColor());
+  CGContextSetLineWidth(context_, width);
+  CGContextStrokeEllipseInRect(context_, rect);
+}
+
+void Painter::line(CGPoint from, CGPoint to, NSColor colour, double width) const {
+  CGContextSetStrokeColorWithColor(context_, colour.CGColor());
+  CGContextSetLineWidth(context_, width);
+  CGContextSetLineCap(context_, kCGLineCapRound);
+  CGContextBeginPath(context_);
+  CGContextMoveToPoint(context_, from.x, from.y);
+  CGContextAddLineToPoint(context_, to.x, to.y);
+  CGContextStrokePath(context_);
+}
+
+void Painter::arc(CGPoint centre, double radius, double fromDegrees, double toDegrees, NSColor colour,
+                  double width) const {
+  constexpr double kRadians = std::numbers::pi / 180;
+  CGContextSetStrokeColorWithColor(context_, colour.CGColor());
+  CGContextSetLineWidth(context_, width);
+  CGContextSetLineCap(context_, kCGLineCapRound);
+  CGContextBeginPath(context_);
+  CGContextAddArc(context_, centre.x, centre.y, radius, fromDegrees * kRadians, toDegrees * kRadians, 1);
+  CGContextStrokePath(context_);
+}
+
+void Painter::text(std::string_view text, CGRect rect, NSColor colour, const TextStyle& style) const {
+  this->text(string(text), rect, colour, style);
+}
+
+void Painter::text(NSString text, CGRect rect, NSColor colour, const TextStyle& style) const {
+  if (text.length() == 0) return;
+  const NSFont font = NSFont::systemFontOfSize(style.size, style.weight);
+  const auto attributes = NSMutableDictionary::dictionary();
+  attributes.setObject(font, NSFontAttributeName);
+  attributes.setObject(colour, NSForegroundColorAttributeName);
+  const CGSize size = call<"sizeWithAttributes:", CGSize>(text, attributes);
+  double x = rect.minX();
+  if (style.alignment == TextAlignment::kCentre) x += std::max(0.0, (rect.size.width - size.width) / 2);
+  if (style.alignment == TextAlignment::kRight) x += std::max(0.0, rect.size.width - size.width);
+  const double y = rect.minY() + (rect.size.height - size.height) / 2;
+  CGContextSaveGState(context_);
+  CGContextClipToRect(context_, rect);
+  NSGraphicsContext::saveGraphicsState();
+  NSGraphicsContext::setCurrentContext(NSGraphicsContext::graphicsContextWithCGContext(context_, false));
+  call<"drawAtPoint:withAttributes:">(text, CGPoint{x, y}, attributes);
+  NSGraphicsContext::restoreGraphicsState();
+  CGContextRestoreGState(context_);
+}
+
+NSColor faded(NSColor colour, double alpha) { return colour.colorWithAlphaComponent(alpha); }
+
+}  // namespace host

@@ -1,0 +1,48 @@
+#pragma once
+// Drawing helpers of the host's controls, in the y-up points of a node.
+
+#include <string_view>
+
+#include "cocoa/AppKit.h"
+#include "host/Look.h"
+
+namespace host {
+
+enum class TextAlignment { kLeft, kCentre, kRight };
+
+struct TextStyle {
+  double size = 9;
+  double weight = 0;  // the platform's font weights: 0 regular, 0.23 medium, 0.3 semibold
+  TextAlignment alignment = TextAlignment::kCentre;
+};
+
+/// Draws into one context. The context outlives it.
+class Painter {
+ public:
+  explicit Painter(CGContextRef context) : context_(context) {}
+
+  void fill(CGRect rect, NSColor colour) const;
+  void fillRounded(CGRect rect, double radius, NSColor colour) const;
+  void strokeRounded(CGRect rect, double radius, NSColor colour, double width) const;
+  /// A rounded body lit from above, with an edge and a highlight along its top: how every button looks.
+  void body(CGRect rect, double radius, NSColor top, NSColor bottom, NSColor edge) const;
+  void verticalGradient(CGRect rect, double radius, NSColor top, NSColor bottom) const;
+  void fillEllipse(CGRect rect, NSColor colour) const;
+  void strokeEllipse(CGRect rect, NSColor colour, double width) const;
+  void line(CGPoint from, CGPoint to, NSColor colour, double width) const;
+  /// An arc with round ends; angles in degrees, counter-clockwise from the positive x axis, drawn clockwise.
+  void arc(CGPoint centre, double radius, double fromDegrees, double toDegrees, NSColor colour, double width) const;
+  /// One line of text, centred vertically in the rectangle; what does not fit is cut off.
+  void text(std::string_view text, CGRect rect, NSColor colour, const TextStyle& style) const;
+  void text(NSString text, CGRect rect, NSColor colour, const TextStyle& style) const;
+  [[nodiscard]] CGContextRef context() const { return context_; }
+
+ private:
+  void addRounded(CGRect rect, double radius) const;
+  CGContextRef context_;
+};
+
+/// The look's colour at another alpha.
+NSColor faded(NSColor colour, double alpha);
+
+}  // namespace host

@@ -1,0 +1,384 @@
+#include "host/mixer/StripBuilder.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+#include "host/mixer/MADisplayNode.h"
+#include "host/mixer/MAEQThumbnailNode.h"
+#include "host/mixer/MAFaderNode.h"
+#include "host/mixer/MAGainReductionMeterNode.h"
+#include "host/mixer/MAKnobNode.h"
+#include "host/mixer/MALevelNode.h"
+#include "host/mixer/MAScaleNode.h"
+#include "host/mixer/MAStripNode.h"
+#include "host/mixer/MATextNode.h"
+
+namespace host {
+namespace {
+
+using namespace cocoa;
+
+// The lower part of a strip, from the bottom edge upwards, in points.
+constexpr double kMargin = 5;
+constexpr double kInnerWidth = kStripWidth - 1 - 2 * kMargin;
+constexpr CGRect row(double y, double height) { return {{kMargin, y}, {kInnerWidth, height}}; }
+constexpr CGRect kName = row(4, 20);
+constexpr CGRect kNotes = row(25, 14);
+constexpr CGRect kNumber = {{kMargin, 40}, {20, 13}};
+constexpr CGRect kLabel = {{kMargin + 20, 40}, {kInnerWidth - 20, 13}};
+constexpr double kMuteY = 56;
+constexpr double kRecordY = 76;
+constexpr double kSymbolHeight = 18;
+constexpr CGRect kScale = {{3, 98}, {18, 146}};
+constexpr CGRect kFader = {{21, 98}, {26, 146}};
+constexpr CGRect kLevel = {{51, 98}, {13, 146}};
+constexpr CGRect kLevelScale = {{65, 98}, {16, 146}};
+constexpr double kReadoutY = 247;
+constexpr double kReadoutHeight = 14;
+constexpr CGRect kPan = {{22, 267}, {40, 40}};
+constexpr CGRect kIcon = {{kMargin + 14, 313}, {kInnerWidth - 28, 26}};
+constexpr CGRect kAutomation = row(344, 17);
+constexpr CGRect kGroup = row(364, 15);
+constexpr CGRect kOutput = row(383, 17);
+constexpr double kSendsY = 404;
+
+// The upper part, whose rows the song decides.
+constexpr double kRowPitch = 20;
+constexpr double kSlotHeight = 18;
+constexpr double kGap = 4;
+constexpr double kEqualizerHeight = 40;
+constexpr double kReductionHeight = 8;
+constexpr double kTopMargin = 8;
+constexpr double kSendKnob = 16;
+
+struct UpperRows {
+  double sends = kSendsY;
+  double audio = 0;
+  double input = 0;
+  double midi = 0;
+  double equalizer = 0;
+  double reduction = 0;
+  double setting = 0;
+  double top = 0;
+};
+
+UpperRows upperRows(const Song& song) {
+  UpperRows rows;
+  rows.audio = rows.sends + song.sendRows * kRowPitch + kGap;
+  rows.input = rows.audio + song.audioRows * kRowPitch + kGap;
+  rows.midi = rows.input + kRowPitch;
+  rows.equalizer = rows.midi + kRowPitch + kGap;
+  rows.reduction = rows.equalizer + kEqualizerHeight + kGap;
+  rows.setting = rows.reduction + kReductionHeight + kGap;
+  rows.top = rows.setting + kSlotHeight + kTopMargin;
+  return rows;
+}
+
+/// What a kind of track shows.
+struct Sections {
+  bool setting, reduction, equalizer, midi, input, audio, sends, output, group, pan, fader, record, solo, name;
+};
+
+constexpr Sections kAll{true, true, true, false, true, true, true, true, true, true, true, true, true, true};
+
+Sections sectionsOf(const Track& track) {
+  Sections s = kAll;
+  if (track.folder) {
+    s = {false, false, true, false, false, true, false, true, false, false, true, false, true, true};
+    return s;
+  }
+  switch (track.type) {
+    case StripType::kAudio: break;
+    case StripType::kInstrument: s.midi = true; break;
+    case StripType::kAux: s.record = false; break;
+    case StripType::kBus: s.record = s.input = false; break;
+    case StripType::kStereoOut: s.record = s.solo = s.input = s.output = s.sends = s.group = false; break;
+    case StripType::kMaster:
+      s = {false, false, false, false, false, false, false, false, false, false, true, false, false, true};
+      break;
+    case StripType::kOther:
+      s = {false, false, false, false, false, false, false, false, false, true, true, false, true, false};
+      break;
+  }
+  return s;
+}
+
+std::string decibels(double value) {
+  if (value <= -96) return "-\u221E";
+  char text[32];
+  std::snprintf(text, sizeof text, std::abs(value) < 10 ? "%.1f" : "%.0f", value);
+  return text;
+}
+
+const char* labelOf(const Track& track) {
+  if (track.folder) return "Stack";
+  switch (track.type) {
+    case StripType::kAudio: return "Audio";
+    case StripType::kInstrument: return "Inst";
+    case StripType::kAux: return "Aux";
+    case StripType::kBus: return "Bus";
+    case StripType::kStereoOut: return "Output";
+    case StripType::kMaster: return "Master";
+    case StripType::kOther: break;
+  }
+  return "Other";
+}
+
+NSColor colourOf(SongColour colour) {
+  return NSColor::colorWithSRGBRed(colour.red / 255.0, colour.green / 255.0, colour.blue / 255.0, 1);
+}
+
+bool isBright(SongColour colour) { return colour.red * 299 + colour.green * 587 + colour.blue * 114 > 105'000; }
+
+/// Puts one strip together, section by section.
+class StripBuilder {
+ public:
+  StripBuilder(const Song& song, const Track& track, std::size_t number)
+      : song_(song), track_(track), number_(number), rows_(upperRows(song)), sections_(sectionsOf(track)) {
+    strip_ = makeNode("MAStripNode", "strip", CGRectMake(0, 0, kStripWidth, rows_.top));
+    node().stripLook = stripLook();
+  }
+
+  Ref<NSObject> build() {
+    addHeader();
+    addInput();
+    addSlots();
+    addSends();
+    addRouting();
+    addPan();
+    addFader();
+    addButtons();
+    addTexts();
+    node().setEmptySlots(std::move(empty_));
+    if (track_.selected) call<"setHighlightState:">(strip_.get(), NSInteger(1));
+    return strip_;
+  }
+
+ private:
+  MAStripNode& node() { return stateOf<MAStripNode>(strip_.get()); }
+
+  [[nodiscard]] StripLook stripLook() const {
+    if (track_.folder) return {Look::kFolderBackground, Look::kFolderHighlight};
+    if (track_.type == StripType::kAux) return {Look::kAuxBackground, Look::kAuxHighlight};
+    return {};
+  }
+
+  NSObject add(const char* className, const char* name, CGRect frame, std::string_view title = {}) {
+    const Ref<NSObject> child = makeNode(className, name, frame);
+    stateOf<MANode>(child.get()).title = string(title);
+    call<"addChild:">(strip_.get(), child.get());
+    return child;
+  }
+  void addButton(const char* name, CGRect frame, std::string_view title, const char* path, bool on = true) {
+    MANode& button = stateOf<MANode>(add("MAButtonNode", name, frame, title));
+    button.assetSetPath = string(path);
+    button.state = on ? 1 : 0;
+  }
+  void addSymbol(const char* name, CGRect frame, const char* glyph, bool on) {
+    stateOf<MANode>(add("MASymbolButtonNode", name, frame, glyph)).state = on ? 1 : 0;
+  }
+  void leaveEmpty(CGRect rect, std::string_view title = {}) {
+    EmptySlot& slot = empty_.emplace_back();
+    slot.rect = rect;
+    if (!title.empty()) slot.title = string(title);
+  }
+
+  void addHeader() {
+    if (sections_.setting) {
+      const CGRect frame = row(rows_.setting, kSlotHeight);
+      addButton("setting", frame, track_.setting.empty() ? "Setting" : track_.setting, "Buttons.Default",
+                !track_.setting.empty());
+      if (track_.selected && track_.type == StripType::kInstrument) addLibraryIndicator(frame);
+    }
+    if (sections_.reduction) {
+      const NSObject meter = add("MAGainReductionMeterNode", "gainReductionMeter", row(rows_.reduction, kReductionHeight));
+      stateOf<MAGainReductionMeterNode>(meter).reduction = track_.gainReduction;
+    }
+    if (sections_.equalizer) {
+      const NSObject thumbnail = add("MAEQThumbnailNode", "equalizerThumbnail", row(rows_.equalizer, kEqualizerHeight), "EQ");
+      stateOf<MAEQThumbnailNode>(thumbnail).curve = track_.equalizer ? static_cast<unsigned>(number_) : 0;
+    }
+  }
+  void addLibraryIndicator(CGRect frame) {
+    const NSObject indicator =
+        add("MATextNode", "libraryIndicator", CGRectMake(frame.minX() + 2, frame.minY() + 2, 3, frame.size.height - 4));
+    call<"setBackgroundColor:">(indicator, look(Look::kLibraryIndicator));
+  }
+
+  void addInput() {
+    if (sections_.midi) {
+      const CGRect frame = row(rows_.midi, kSlotHeight);
+      if (track_.midiPlugIns.empty()) {
+        leaveEmpty(frame, "MIDI FX");
+      } else {
+        const PlugInSlot& slot = track_.midiPlugIns.front();
+        addButton("midiPlugIn", frame, slot.name, "Buttons.MIDIPlugIn", !slot.bypassed);
+      }
+    }
+    if (!sections_.input) return;
+    CGRect frame = row(rows_.input, kSlotHeight);
+    if (track_.type == StripType::kInstrument) {
+      if (track_.input.empty()) {
+        leaveEmpty(frame, "Instrument");
+      } else {
+        addButton("input", frame, track_.input, "Buttons.Instrument");
+      }
+      return;
+    }
+    addSymbol("channelMode", CGRectMake(frame.minX(), frame.minY(), 18, kSlotHeight), track_.stereo ? "oo" : "o", false);
+    frame = CGRectMake(frame.minX() + 20, frame.minY(), frame.size.width - 20, kSlotHeight);
+    if (track_.input.empty()) {
+      leaveEmpty(frame, "Input");
+    } else {
+      addButton("input", frame, track_.input, "Buttons.InputSegment");
+    }
+  }
+
+  void addSlots() {
+    if (!sections_.audio) return;
+    for (int i = 0; i < song_.audioRows; ++i) {
+      const CGRect frame = row(rows_.audio + (song_.audioRows - 1 - i) * kRowPitch, kSlotHeight);
+      const auto index = static_cast<std::size_t>(i);
+      if (index < track_.audioPlugIns.size()) {
+        const PlugInSlot& slot = track_.audioPlugIns[index];
+        addButton("audioPlugIn", frame, slot.name, "Buttons.AudioPlugIn", !slot.bypassed);
+      } else if (track_.type == StripType::kStereoOut && i + 1 == song_.audioRows) {
+        addButton("masteringAssistant", frame, "Mastering", "Buttons.Default");
+      } else if (index == track_.audioPlugIns.size()) {
+        leaveEmpty(frame, "Audio FX");
+      }
+    }
+  }
+
+  void addSends() {
+    if (!sections_.sends) return;
+    for (int i = 0; i < song_.sendRows; ++i) {
+      const CGRect frame = row(rows_.sends + (song_.sendRows - 1 - i) * kRowPitch, kSlotHeight);
+      const CGRect slot = CGRectMake(frame.minX(), frame.minY(), frame.size.width - kSendKnob - 3, kSlotHeight);
+      const CGRect knob = CGRectMake(frame.maxX() - kSendKnob, frame.minY() + 1, kSendKnob, kSendKnob);
+      const auto index = static_cast<std::size_t>(i);
+      if (index < track_.sends.size()) {
+        addButton("sendButton", slot, track_.sends[index].bus, "Buttons.Send");
+        stateOf<MAKnobNode>(add("MAKnobNode", "sendKnob", knob)).value = track_.sends[index].level;
+      } else if (index == track_.sends.size()) {
+        leaveEmpty(slot, "Send");
+        empty_.push_back({EmptyElement::kKnob, knob, {}});
+      }
+    }
+  }
+
+  void addRouting() {
+    if (sections_.output) addButton("output", kOutput, track_.output.empty() ? "No Output" : track_.output, "Buttons.Default");
+    if (sections_.group) {
+      const NSObject group = add("MADisplayNode", "group", kGroup, track_.group.empty() ? "Group" : track_.group);
+      stateOf<MANode>(group).assetSetPath = string(track_.group.empty() ? "Displays.Empty" : "Displays.Default");
+      call<"setTextColor:">(group, track_.group.empty() ? look(Look::kEmptySlotTitle) : look(Look::kGroupText));
+    }
+    if (track_.type != StripType::kMaster) {
+      const std::string mode = track_.automation.empty() ? "Read" : track_.automation;
+      addButton("automation", kAutomation, mode, ("Buttons.Automation" + mode).c_str(), !track_.automation.empty());
+      add("MAImageNode", "icon", kIcon, track_.icon);
+    }
+  }
+
+  void addPan() {
+    if (!sections_.pan) return;
+    const NSObject pan = add("MAKnobNode", "pan", kPan);
+    MAKnobNode& knob = stateOf<MAKnobNode>(pan);
+    knob.value = (track_.pan + 64) / 127;
+    knob.bipolar = true;
+    if (track_.pan == 0) return;
+    char text[16];
+    std::snprintf(text, sizeof text, "%+.0f", track_.pan);
+    const Ref<NSObject> readout = makeNode("MATextNode", "panner readout", CGRectMake(38, 0, 24, 10));
+    stateOf<MANode>(readout.get()).title = string(text);
+    stateOf<MATextNode>(readout.get()).style = {.size = 7.5};
+    call<"setForegroundColor:">(readout.get(), look(Look::kReadoutText));
+    call<"addChild:">(pan, readout.get());
+  }
+
+  void addFader() {
+    const double half = (kInnerWidth - 2) / 2;
+    const NSObject volume =
+        add("MADisplayNode", "volume", CGRectMake(kMargin, kReadoutY, half, kReadoutHeight), decibels(track_.volume));
+    call<"setTextColor:">(volume, look(Look::kDisplayText));
+    const NSObject peak = add("MADisplayNode", "peak", CGRectMake(kMargin + half + 2, kReadoutY, half, kReadoutHeight),
+                              decibels(track_.peak));
+    call<"setTextColor:">(peak, look(track_.peak >= 0 ? Look::kPeakMaximum
+                                     : track_.peak > -3 ? Look::kPeakWarning
+                                                        : Look::kPeakNormal));
+    stateOf<MAScaleNode>(add("MAScaleNode", "volumeScale", kScale)).type = 2;
+    call<"setValue:">(add("MAFaderNode", "volumeFader", kFader), faderPosition(track_.volume));
+    MALevelNode& level = stateOf<MALevelNode>(add("MALevelNode", "level", kLevel));
+    level.levels = track_.levels;
+    level.bars = track_.stereo ? 2 : 1;
+    stateOf<MAScaleNode>(add("MAScaleNode", "levelScale", kLevelScale)).type = 1;
+  }
+
+  void addButtons() {
+    const double half = (kInnerWidth - 2) / 2;
+    const CGRect left = CGRectMake(kMargin, kMuteY, half, kSymbolHeight);
+    const CGRect right = left.offsetBy(half + 2, 0);
+    addSymbol("mute", left, "M", track_.muted);
+    if (sections_.solo) {
+      addSymbol("solo", right, "S", track_.soloed);
+    } else {
+      const bool master = track_.type == StripType::kMaster;
+      addSymbol(master ? "dim" : "bounce", right, master ? "D" : "Bnce", false);
+    }
+    if (sections_.record) {
+      addSymbol("monitoring", CGRectMake(kMargin, kRecordY, half, kSymbolHeight), "I", track_.monitoring);
+      addSymbol("record", CGRectMake(kMargin + half + 2, kRecordY, half, kSymbolHeight), "R", track_.recordArmed);
+    }
+    if (track_.folder) addSymbol("disclosure", CGRectMake(kMargin, kRecordY, half, kSymbolHeight), "", false);
+  }
+
+  void addTexts() {
+    if (sections_.name) addName();
+    if (!track_.notes.empty()) addText("notes", kNotes, track_.notes, look(Look::kNotesText), {.size = 8.5});
+    if (sections_.name) {
+      addText("number", kNumber, std::to_string(number_), look(Look::kNumberText), {.size = 9, .weight = 0.23});
+    }
+    addText("label", kLabel, std::string(labelOf(track_)) + " " + std::to_string(number_), look(Look::kLabelText),
+            {.size = 8.5, .alignment = TextAlignment::kRight});
+  }
+  /// Audio, instrument, folder and output strips colour their name; the others leave it to the data source.
+  void addName() {
+    const bool coloured = track_.colour && song_.trackColours;
+    const bool leftToDataSource = track_.type == StripType::kAux || track_.type == StripType::kBus;
+    const NSColor text =
+        look(coloured && !leftToDataSource && isBright(*track_.colour) ? Look::kNameTextOnColour : Look::kNameText);
+    const NSObject name = addText("name", kName, track_.name, text, {.size = 10.5, .weight = 0.3});
+    if (leftToDataSource) {
+      call<"setBackgroundColor:">(name, NSColor());
+    } else if (coloured) {
+      call<"setBackgroundColor:">(name, colourOf(*track_.colour));
+    }
+  }
+  NSObject addText(const char* name, CGRect frame, std::string_view text, NSColor colour, TextStyle style) {
+    const NSObject made = add("MATextNode", name, frame, text);
+    stateOf<MATextNode>(made).style = style;
+    call<"setForegroundColor:">(made, colour);
+    call<"setBackgroundColor:">(made, look(stripLook().background));
+    return made;
+  }
+
+  const Song& song_;
+  const Track& track_;
+  std::size_t number_;
+  UpperRows rows_;
+  Sections sections_;
+  Ref<NSObject> strip_;
+  std::vector<EmptySlot> empty_;
+};
+
+}  // namespace
+
+double stripHeight(const Song& song) { return upperRows(song).top; }
+
+Ref<NSObject> buildStrip(const Song& song, const Track& track, std::size_t number) {
+  return StripBuilder(song, track, number).build();
+}
+
+}  // namespace host

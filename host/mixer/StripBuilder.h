@@ -1,0 +1,17 @@
+#pragma once
+// Builds the node tree of a channel strip: which sections a track has, and where they lie.
+
+#include "host/Song.h"
+#include "host/mixer/MANode.h"
+
+namespace host {
+
+inline constexpr double kStripWidth = 84;
+
+/// How high every strip of the song is, in points: the rows of slots and sends decide.
+double stripHeight(const Song& song);
+
+/// The strip of a track, with all of its sections. `number` counts from 1.
+cocoa::Ref<NSObject> buildStrip(const Song& song, const Track& track, std::size_t number);
+
+}  // namespace host

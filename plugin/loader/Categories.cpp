@@ -1,0 +1,92 @@
+#include "plugin/loader/Categories.h"
+
+#include <algorithm>
+#include <array>
+
+#include "cocoa/Selector.h"
+#include "plugin/loader/Attach.h"
+
+namespace velura {
+namespace {
+
+constexpr ThemedClass kThemedClasses[] = {
+    {"MAView", nullptr},
+    {"MATextNode", attachMATextNodeThemeSupport},
+    {"MAScaleNode", nullptr},
+    {"MAStripNode", attachMAStripNodeThemeSupport},
+    {"MAScaleTick", nullptr},
+    {"MAButtonNode", nullptr},
+    {"MAPlanarPannerNode", nullptr},
+    {"MADisplayNode", nullptr},
+    {"_MAStereoPannerSpreadNode", nullptr},
+    {"MAEQThumbnailNode", nullptr},
+    {"MAKnobNode", nullptr},
+    {"MAStereoPannerNode", nullptr},
+    {"_MAStereoPannerCapNode", nullptr},
+    {"_MACapNode", nullptr},
+    {"MATextField", nullptr},
+    {"MANodeView", nullptr},
+    {"MASymbolButtonNode", nullptr},
+    {"NSColor", attachNSColorThemeSupport},
+    {"MAKitTableView", nullptr},
+    {"MAKitTabView", nullptr},
+    {"MAKitOutlineView", nullptr},
+    {"NSButtonCell", nullptr},
+    {"NSButton", nullptr},
+    {"MASplitView", nullptr},
+    {"NSTableView", nullptr},
+    {"MAPopUpButton", nullptr},
+    {"MALoopBrowserSegmentedTextLabelCell", nullptr},
+    {"MAGainReductionMeterNode", nullptr},
+    {"MALevelNodeBackgroundTextureCache", nullptr},
+    {"MALevelNode", nullptr},
+    {"MALevelNodeTextureCache", nullptr},
+    {"LiveLoopsGridHeaderColors", nullptr},
+    {"LiveLoopsGeneralColors", nullptr},
+    {"LiveLoopsGridClockColors", nullptr},
+    {"LiveLoopsDividerHeaderAndFooterColors", nullptr},
+    {"LiveLoopsSceneTriggerColors", nullptr},
+    {"LiveLoopsRowTriggerColors", nullptr},
+    {"LiveLoopsRowTriggerColorUtility", nullptr},
+    {"MixerLegendView", nullptr},
+    {"NSView", nullptr},
+    {"MAShapeNode", nullptr},
+    {"MATextFieldCell", nullptr},
+    {"NSViewController", nullptr},
+    {"MAKitView", nullptr},
+    {"MAPopUpButtonCell", nullptr},
+    {"MAFaderNode", nullptr},
+    {"MixerLegendViewController", nullptr},
+};
+static_assert(std::size(kThemedClasses) == 47, "start-up themes 47 classes");
+
+constexpr ThemedClass kImageNode{"MAImageNode", nullptr};
+constexpr ThemedClass kString{"NSString", nullptr};
+
+/// What was attached when the bundle was loaded: a class that the host brings along later has no category.
+std::array<const ThemedClass*, std::size(kThemedClasses) + 2> attachedClasses{};
+
+void attach(const ThemedClass& themed, const ThemedClass*& slot) {
+  if (themed.attach == nullptr || cocoa::classNamed(themed.name) == nullptr) return;
+  themed.attach();
+  slot = &themed;
+}
+
+}  // namespace
+
+std::span<const ThemedClass> themedClasses() { return kThemedClasses; }
+const ThemedClass& themedImageNode() { return kImageNode; }
+const ThemedClass& themedString() { return kString; }
+
+void attachCategories() {
+  auto* slot = attachedClasses.begin();
+  for (const ThemedClass& themed : kThemedClasses) attach(themed, *slot++);
+  attach(kImageNode, *slot++);
+  attach(kString, *slot);
+}
+
+bool isAttached(const ThemedClass& themed) {
+  return std::find(attachedClasses.begin(), attachedClasses.end(), &themed) != attachedClasses.end();
+}
+
+}  // namespace velura
