@@ -44,21 +44,26 @@ inline R invoke(IMP imp, id receiver, SEL sel, A... arguments) {
 }
 
 #if defined(__APPLE__)
+/// Whether a result comes back through memory that the caller points to: the runtime then wants to be
+/// called by another name on x86_64.
+template <class R>
+constexpr bool returnedInMemory() {
+#if defined(__x86_64__)
+  if constexpr (std::is_class_v<R>) return sizeof(R) > 16;
+#endif
+  return false;
+}
 template <class R>
 inline IMP messenger() {
 #if defined(__x86_64__)
-  if constexpr (std::is_class_v<R> && sizeof(R) > 16) {
-    return reinterpret_cast<IMP>(objc_msgSend_stret);
-  }
+  if constexpr (returnedInMemory<R>()) return reinterpret_cast<IMP>(objc_msgSend_stret);
 #endif
   return reinterpret_cast<IMP>(objc_msgSend);
 }
 template <class R>
 inline IMP superMessenger() {
 #if defined(__x86_64__)
-  if constexpr (std::is_class_v<R> && sizeof(R) > 16) {
-    return reinterpret_cast<IMP>(objc_msgSendSuper_stret);
-  }
+  if constexpr (returnedInMemory<R>()) return reinterpret_cast<IMP>(objc_msgSendSuper_stret);
 #endif
   return reinterpret_cast<IMP>(objc_msgSendSuper);
 }

@@ -1,0 +1,79 @@
+#include "cli/Session.h"
+
+#include <filesystem>
+
+#include "cli/PrivateFolders.h"
+#include "cocoa/Call.h"
+#include "plugin/hostapi/Identifiers.h"
+
+namespace session {
+namespace {
+
+using namespace cocoa;
+namespace fs = std::filesystem;
+
+std::string applicationSupport() {
+  const NSArray paths(NSSearchPathForDirectoriesInDomains(NSApplicationSupportDirectory, NSUserDomainMask, BOOL(1)));
+  return toStdString(cast<NSString>(paths.objectAtIndex(0)));
+}
+
+void storeSelectedTheme(const char* name) {
+  const Ref<NSUserDefaults> suite = NSUserDefaults::suiteNamed(string(velura::kCompanionSuite));
+  suite->setObject(string(name), literal<"kLastSelectedTheme">());
+  call<"synchronize", BOOL>(suite.get().object);
+}
+
+bool linkThemeFile(const std::string& themeFolder, std::string& error) {
+  const fs::path folder = applicationSupport() + "/Velura";
+  std::error_code failure;
+  fs::create_directories(folder, failure);
+  if (!failure) {
+    fs::create_symlink(fs::absolute(themeFolder) / "PluginHelper.plist", folder / "PluginHelper.plist", failure);
+  }
+  if (failure) error = folder.string() + ": " + failure.message();
+  return !failure;
+}
+
+void openCompanionBundle(const std::string& themeFolder) {
+  const fs::path path = fs::absolute(themeFolder) / "Companion.bundle";
+  if (fs::is_directory(path)) NSBundle::bundleWithPath(string(path.string()));
+}
+
+}  // namespace
+
+std::string SessionOptions::defaultBundlePath() {
+  std::error_code failure;
+  return (fs::read_symlink("/proc/self/exe", failure).parent_path() / "Velura.bundle").string();
+}
+
+bool selectTheme(const SessionOptions& options, std::string& error) {
+  const AutoreleasePool pool;
+  if (options.theming != Theming::kTheme) {
+    storeSelectedTheme("Default");
+    return true;
+  }
+  storeSelectedTheme(fs::path(options.themeFolder).filename().empty() ? "Custom"
+                                                                      : fs::path(options.themeFolder).filename().c_str());
+  openCompanionBundle(options.themeFolder);
+  return linkThemeFile(options.themeFolder, error);
+}
+
+std::unique_ptr<host::Application> startSession(const SessionOptions& options, host::Song song, std::string& error) {
+  auto application = std::make_unique<host::Application>(options.host);
+  if (!selectTheme(options, error)) return nullptr;
+  if (options.theming != Theming::kWithoutBundle && !application->loadBundle(options.bundlePath, error)) return nullptr;
+  application->open(std::move(song));
+  application->runFrame();
+  return application;
+}
+
+std::string windowAsPng(host::Application& application, host::WindowKind window) {
+  const AutoreleasePool pool;
+  constexpr NSUInteger kPng = 4;
+  application.runFrame();
+  const Ref<NSBitmapImageRep> bitmap = application.draw(window);
+  const auto data = call<"representationUsingType:properties:", NSData>(bitmap.get(), kPng, NSDictionary::dictionary());
+  return data ? std::string(static_cast<const char*>(data.bytes()), data.length()) : std::string();
+}
+
+}  // namespace session

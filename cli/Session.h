@@ -1,0 +1,40 @@
+#pragma once
+// One run of the host with a theme: what the companion application would have set up on a user's machine.
+
+#include <memory>
+#include <string>
+
+#include "host/app/Application.h"
+
+namespace session {
+
+enum class Theming {
+  kWithoutBundle,  // the host alone
+  kDefaultTheme,   // the bundle is loaded, the selected theme is "Default"
+  kTheme           // the bundle is loaded with a theme
+};
+
+struct SessionOptions {
+  Theming theming = Theming::kWithoutBundle;
+  /// Holds "PluginHelper.plist" and "Companion.bundle". Used with `kTheme` only.
+  std::string themeFolder;
+  host::HostOptions host;
+  std::string bundlePath = defaultBundlePath();
+
+  /// "Velura.bundle" beside the running program.
+  static std::string defaultBundlePath();
+};
+
+/// Selects a theme as the companion application does: the name in its defaults, the settings file in
+/// Application Support, its bundle at hand. `enterPrivateFolders` must have been called.
+/// False, with `error` set, when a folder or link cannot be made.
+bool selectTheme(const SessionOptions& options, std::string& error);
+
+/// Starts the host, selects the theme, loads the bundle and opens the song.
+/// Null, with `error` set, when one of it cannot be done.
+std::unique_ptr<host::Application> startSession(const SessionOptions& options, host::Song song, std::string& error);
+
+/// Draws a window once nothing is due any more: PNG bytes, "" when it cannot be drawn at that size.
+std::string windowAsPng(host::Application& application, host::WindowKind window);
+
+}  // namespace session

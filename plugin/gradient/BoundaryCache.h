@@ -1,0 +1,60 @@
+#pragma once
+// The borders between the sections of the mixer's strips, remembered.
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+#include "plugin/hostapi/MANode.h"
+
+namespace velura {
+
+/// Which anchor of the table a name is; nothing when it is none.
+std::optional<std::size_t> anchorNamed(std::string_view name);
+
+/// Borders of one layout. A border is computed once for a parent of the strips, a strip height and a number
+/// of strips, and no border is used for longer than two seconds.
+///
+/// Strips of another height ask for the borders anew. That they are walked for again, all strips for every
+/// strip, is avoided: a border does not depend on the height, so one that was found less than two seconds
+/// ago is taken over if the two sections that decided it, and the asking strip's own, still say the same.
+class BoundaryCache {
+ public:
+  /// The border's y in the strip's coordinates.
+  double boundary(MAStripNode strip, std::size_t anchor);
+
+ private:
+  /// Where a section stands in the tree; looked up again before it is used, as it may be gone.
+  struct Section {
+    NSUInteger strip = 0;
+    NSUInteger child = 0;
+    NSObject node;
+    double edge = 0;
+  };
+  struct Border {
+    bool known = false;   // for the layout that is current
+    bool walked = false;  // found by a walk at `walkedAt`, for any height
+    double y = 0;
+    double walkedAt = 0;
+    std::optional<Section> lowestAbove;
+    std::optional<Section> highestBelow;
+  };
+  struct Layout {
+    NSObject parent;  // compared, never used: it may be gone
+    double height = 0;
+    NSUInteger strips = 0;
+    double startedAt = 0;
+  };
+
+  void enter(MANode parent, double height, NSUInteger strips, double now);
+  static void walk(NSArray strips, std::size_t anchor, double now, Border& border);
+  static bool stillHolds(NSArray strips, MAStripNode strip, std::size_t anchor, double now, const Border& border);
+
+  static constexpr std::size_t kAnchors = 11;
+  Layout layout_;
+  bool started_ = false;
+  std::array<Border, kAnchors> borders_;
+};
+
+}  // namespace velura

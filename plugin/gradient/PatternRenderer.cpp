@@ -1,0 +1,230 @@
+#include "plugin/gradient/PatternRenderer.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <string>
+
+#include "cocoa/ClassDefinition.h"
+#include "plugin/gradient/VLRStripBevel.h"
+#include "plugin/gradient/VLRStripGradient.h"
+#include "plugin/theme/ThemeUtility.h"
+
+namespace velura {
+namespace {
+
+using namespace cocoa;
+
+constexpr double kSmallestSide = 2;
+constexpr double kLargestSide = 4096;
+constexpr double kRepeatedSide = 8;  // points across a pattern that repeats in that direction
+constexpr double kVertical = 180;
+constexpr double kHorizontal = 90;
+constexpr double kBandsPerBevelWidth = 160;  // a bevel of width 1 takes this fraction of the image's width
+constexpr NSUInteger kMostCachedPatterns = 64;
+
+/// Text that names a look: equal for equal looks, different for different ones.
+class PatternKey {
+ public:
+  PatternKey() { text_.reserve(512); }
+  void separate() { text_ += '|'; }
+  void add(std::string_view text) { text_ += text; }
+  void add(long number) {
+    char digits[24];
+    const auto end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+    text_.append(digits, end);
+  }
+  void addFixed(double number, int decimals) {
+    char digits[48];
+    const auto end = std::to_chars(digits, digits + sizeof digits, number, std::chars_format::fixed, decimals);
+    if (end.ec == std::errc()) text_.append(digits, end.ptr);
+  }
+  /// A double as its bits: shorter than its decimals, and exact.
+  void addExact(double number) {
+    static constexpr char kDigits[] = "0123456789abcdef";
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, &number, sizeof bits);
+    char digits[16];
+    for (char& digit : digits) {
+      digit = kDigits[bits >> 60U];
+      bits <<= 4U;
+    }
+    text_.append(digits, sizeof digits);
+  }
+  void addColour(NSColor colour);
+  [[nodiscard]] const std::string& text() const { return text_; }
+
+ private:
+  std::string text_;
+};
+
+/// A component colour is described by its space and components; another by its own description.
+void PatternKey::addColour(NSColor colour) {
+  constexpr NSInteger kMostComponents = 5;
+  if (colour.type() != NSColorTypeComponentBased || colour.numberOfComponents() > kMostComponents) {
+    text_ += toStdString(colour.description());
+    return;
+  }
+  double components[kMostComponents]{};
+  colour.getComponents(components);
+  const NSInteger count = colour.numberOfComponents();
+  add(reinterpret_cast<long>(colour.colorSpace().object));
+  for (NSInteger i = 0; i < count; ++i) {
+    text_ += ' ';
+    addExact(components[i]);
+  }
+}
+
+/// What of a look is really drawn.
+struct Plan {
+  bool gradient = false;
+  bool bevel = false;
+  double angle = kVertical;
+  CGSize imageSize;
+};
+
+bool isRenderable(double side) { return side >= kSmallestSide && side <= kLargestSide; }
+
+Plan planFor(const PatternLook& look) {
+  Plan plan;
+  plan.gradient = look.stops != nullptr && look.stops->count >= 2;
+  plan.bevel = look.bevel != nullptr && look.bevelStyle != 0;
+  plan.angle = plan.gradient ? look.angleDegrees : kVertical;
+  plan.imageSize = {std::ceil(look.size.width), std::ceil(look.size.height)};
+  if (!plan.bevel && plan.angle == kVertical) plan.imageSize.width = kRepeatedSide;
+  if (!plan.bevel && plan.angle == kHorizontal) plan.imageSize.height = kRepeatedSide;
+  return plan;
+}
+
+void addStops(PatternKey& key, const GradientStops& stops) {
+  for (std::size_t i = 0; i < stops.count; ++i) {
+    if (i != 0) key.add(";");
+    key.addColour(stops.colours[i]);
+  }
+  key.separate();
+  for (std::size_t i = 0; i < stops.count; ++i) {
+    if (i != 0) key.add(";");
+    key.addExact(stops.locations[i]);
+  }
+}
+
+PatternKey keyFor(const PatternLook& look, const Plan& plan) {
+  PatternKey key;
+  if (plan.gradient) {
+    addStops(key, *look.stops);
+  } else {
+    key.add("solid|");
+    if (look.base) key.addColour(look.base);
+  }
+  key.separate();
+  key.add(static_cast<long>(std::ceil(look.size.width)));
+  key.separate();
+  key.add(static_cast<long>(std::ceil(look.size.height)));
+  key.separate();
+  key.addFixed(plan.angle, 1);
+  key.separate();
+  key.add(look.bevel != nullptr ? look.bevelStyle : 0L);
+  key.separate();
+  key.addFixed(plan.bevel ? look.bevel->width : 0, 0);
+  key.separate();
+  key.addFixed(plan.bevel ? look.bevel->strength : 0, 0);
+  key.separate();
+  if (look.overlay) {
+    key.addColour(look.overlay);
+  } else {
+    key.add("noov");
+  }
+  return key;
+}
+
+void fill(CGRect rect, NSColor colour) {
+  colour.set();
+  NSRectFillUsingOperation(rect, NSCompositingOperationSourceOver);
+}
+
+void drawBase(const PatternLook& look, const Plan& plan, CGRect whole) {
+  if (plan.gradient) {
+    const GradientStops& stops = *look.stops;
+    id colours[kMostGradientStops];
+    for (std::size_t i = 0; i < stops.count; ++i) colours[i] = stops.colours[i].object;
+    const Ref<NSGradient> gradient = NSGradient::withColors(NSArray::arrayWithObjects(colours, stops.count),
+                                                            stops.locations.data(), NSColorSpace::sRGBColorSpace());
+    if (gradient) gradient->drawInRect(whole, std::fmod(std::fmod(90 - plan.angle, 360) + 360, 360));
+  } else if (look.base) {
+    fill(whole, look.base);
+  }
+}
+
+/// Only the left and right edges are bevelled.
+void drawBevel(const PatternLook& look, CGSize size) {
+  constexpr NSInteger kRaised = 1;
+  const double band = size.width * look.bevel->width / kBandsPerBevelWidth;
+  const double alpha = look.bevel->strength / 100;
+  const NSColor light = NSColor::whiteColor().colorWithAlphaComponent(alpha);
+  const NSColor dark = NSColor::blackColor().colorWithAlphaComponent(alpha);
+  const bool raised = look.bevelStyle == kRaised;
+  fill(CGRectMake(0, 0, band, size.height), raised ? light : dark);
+  fill(CGRectMake(size.width - band, 0, band, size.height), raised ? dark : light);
+}
+
+NSColor rendered(const PatternLook& look, const Plan& plan) {
+  const CGRect whole{{0, 0}, plan.imageSize};
+  const Ref<NSImage> image = NSImage::withSize(plan.imageSize);
+  image->lockFocus();
+  drawBase(look, plan, whole);
+  if (look.overlay) fill(whole, look.overlay);
+  if (plan.bevel) drawBevel(look, plan.imageSize);
+  image->unlockFocus();
+  return NSColor::colorWithPatternImage(image);
+}
+
+/// The stops of two parallel arrays; nothing when they do not match, or are too few or too many.
+bool readStops(NSArray colours, NSArray locations, GradientStops& out) {
+  const NSUInteger count = colours.count();
+  if (count < 2 || count > kMostGradientStops || count != locations.count()) return false;
+  for (NSUInteger i = 0; i < count; ++i) {
+    out.append(cast<NSColor>(colours.objectAtIndex(i)), cast<NSNumber>(locations.objectAtIndex(i)).doubleValue());
+  }
+  return true;
+}
+
+}  // namespace
+
+NSColor patternColour(const PatternLook& look) {
+  if (!isRenderable(look.size.width) || !isRenderable(look.size.height)) return look.base;
+  const Plan plan = planFor(look);
+  if (!look.overlay && !plan.gradient) {
+    if (!plan.bevel) return look.base;
+    if (!look.base) return {};
+  }
+  const NSMutableDictionary cache = ThemeUtility::shared().gradientPatternCache;
+  const Ref<NSString> key = makeString(keyFor(look, plan).text());
+  if (const auto cached = cast<NSColor>(cache.objectForKey(key.get()))) return cached;
+  const NSColor pattern = rendered(look, plan);
+  if (!pattern || !key) return pattern;
+  if (cache.count() > kMostCachedPatterns) cache.removeAllObjects();
+  cache.setObject(pattern, key.get());
+  return pattern;
+}
+
+NSColor ThemeUtility::patternColorForGradient(NSObject gradient, NSColor base, CGSize size, NSArray stopColors,
+                                              NSArray stopLocations, NSObject bevel, NSInteger bevelStyle,
+                                              NSColor overlay) {
+  PatternLook look{.base = base, .size = size, .bevelStyle = bevelStyle, .overlay = overlay};
+  GradientStops stops;
+  if (const auto* parsed = stateIfKind<VLRStripGradient>(gradient); parsed != nullptr) {
+    look.angleDegrees = parsed->angleDegrees;
+    if (readStops(stopColors, stopLocations, stops)) look.stops = &stops;
+  }
+  look.bevel = stateIfKind<VLRStripBevel>(bevel);
+  return patternColour(look);
+}
+
+NSColor ThemeUtility::patternColorForGradientWithoutOverlay(NSObject gradient, NSColor base, CGSize size,
+                                                            NSArray stopColors, NSArray stopLocations, NSObject bevel,
+                                                            NSInteger bevelStyle) {
+  return patternColorForGradient(gradient, base, size, stopColors, stopLocations, bevel, bevelStyle, NSColor());
+}
+
+}  // namespace velura

@@ -1,0 +1,340 @@
+// Strips of the mixer: their backgrounds, border, empty slots and the area behind them.
+
+#include "plugin/mixer/MAStripNode+ThemeSupport.h"
+
+#include <cmath>
+
+#include "cocoa/Exception.h"
+#include "cocoa/Override.h"
+#include "plugin/gradient/StripAnchoring.h"
+#include "plugin/loader/Attach.h"
+#include "plugin/mixer/StripNodeDump.h"
+#include "plugin/theme/SelectedTheme.h"
+#include "plugin/theme/ThemeUtility.h"
+#include "plugin/theme/Utility.h"
+
+namespace velura {
+namespace {
+
+using namespace cocoa;
+
+using WillUpdatePresentationObject =
+    Override<"MAStripNode", void(), "willUpdatePresentationObject", "customWillUpdatePresentationObject">;
+using BackgroundColor = Override<"MAStripNode", NSColor(), "backgroundColor", "customBackgroundColor">;
+using HighlightedBackgroundColor =
+    Override<"MAStripNode", NSColor(), "highlightedBackgroundColor", "customHighlightedBackgroundColor">;
+using BorderColor = Override<"MAStripNode", NSColor(), "borderColor", "customBorderColor">;
+using ElementTitleImage = Override<"MAStripNode", CGImageRef(NSString, CGSize, double),
+                                   "cachedElementTitleImageForLocalizedTitle:imageSize:scale:",
+                                   "customCachedElementTitleImageForLocalizedTitle:imageSize:scale:">;
+using DrawSlotFrame =
+    Override<"MAStripNode", void(CGRect, CGContextRef), "drawSlotFrame:inContext:", "customDrawSlotFrame:inContext:">;
+using DrawKnobFrame =
+    Override<"MAStripNode", void(CGRect, CGContextRef), "drawKnobFrame:inContext:", "customDrawKnobFrame:inContext:">;
+
+// ---- Backgrounds ------------------------------------------------------------------------------
+
+/// What tells the kinds of strips apart, in one state.
+struct KindRow {
+  ThemeKey colour;
+  std::uint64_t ThemeUtility::*opacity;
+};
+enum Kind : std::size_t { kNormal, kFolder, kAux };
+enum State : std::size_t { kPlain, kHighlighted };
+
+constexpr KindRow kKinds[2][3] = {
+    {{ThemeKey::kStripBackgroundColor, &ThemeUtility::mixerOpacity},
+     {ThemeKey::kFolderStripBackgroundColor, &ThemeUtility::mixerFolderOpacity},
+     {ThemeKey::kAuxStripBackgroundColor, &ThemeUtility::mixerAuxOpacity}},
+    {{ThemeKey::kStripHighlightBackgroundColor, &ThemeUtility::mixerHighlightedOpacity},
+     {ThemeKey::kFolderStripHighlightBackgroundColor, &ThemeUtility::mixerFolderHighlightedOpacity},
+     {ThemeKey::kAuxStripHighlightBackgroundColor, &ThemeUtility::mixerAuxHighlightedOpacity}},
+};
+
+Kind kindOf(MAStripNode strip) {
+  switch (trackTypeOf(strip)) {
+    case TrackType::kFolder: return kFolder;
+    case TrackType::kAux: return kAux;
+    default: return kNormal;
+  }
+}
+
+struct StripBackground {
+  NSColor base;
+  NSColor overlay;
+};
+
+/// The track colour at the theme's opacity lies over the theme's gradient, or stands for the colour of the
+/// strip's kind where the theme has no gradient.
+StripBackground backgroundFor(MAStripNode strip, State state, NSColor hostColour, bool hasGradient) {
+  const ThemeUtility& theme = ThemeUtility::shared();
+  const KindRow& row = kKinds[state][kindOf(strip)];
+  const NSColor themed = theme.colorForKey(row.colour);
+  StripBackground background{themed ? themed : hostColour, NSColor()};
+  if (!theme.useTrackColorAsStripBackground) return background;
+  const std::uint64_t opacity = theme.*row.opacity;
+  const NSColor colour = opacity == 0 ? NSColor() : stripColor(strip);
+  if (!colour) return background;
+  const NSColor tinted = colour.colorWithAlphaComponent(static_cast<double>(opacity) / 100);
+  (hasGradient ? background.overlay : background.base) = tinted;
+  return background;
+}
+
+NSColor customBackgroundColor(MAStripNode strip) {
+  const NSColor host = BackgroundColor::callHost(strip);
+  const bool hasGradient = static_cast<bool>(ThemeUtility::shared().mixerStripGradient);
+  const StripBackground background = backgroundFor(strip, kPlain, host, hasGradient);
+  if (!background.base && !background.overlay) return host;
+  return applyStripGradient(strip, background.base, false, background.overlay);
+}
+
+NSColor customHighlightedBackgroundColor(MAStripNode strip) {
+  const ThemeUtility& theme = ThemeUtility::shared();
+  const bool hasGradient = theme.mixerStripHighlightGradient || theme.mixerStripGradient;
+  const StripBackground background =
+      backgroundFor(strip, kHighlighted, HighlightedBackgroundColor::callHost(strip), hasGradient);
+  return applyStripGradient(strip, background.base, true, background.overlay);
+}
+
+NSColor customBorderColor(MAStripNode strip) {
+  const NSColor themed = ThemeUtility::shared().colorForKey(ThemeKey::kStripBorderColor);
+  return themed ? themed : BorderColor::callHost(strip);
+}
+
+/// The mixer area behind the strips.
+void customWillUpdatePresentationObject(MAStripNode strip) {
+  const NSView view = strip.parent().view();
+  if (view.respondsToSelector(selector<"setBackgroundColor:">())) {
+    if (const NSColor background = ThemeUtility::shared().mixerBackgroundColor()) {
+      call<"setBackgroundColor:">(view, background);
+    }
+  }
+  WillUpdatePresentationObject::callHost(strip);
+}
+
+// ---- Track colour ------------------------------------------------------------------------------
+
+/// Whether the window's strips are set up to show track colours. They are when the host cannot say.
+bool showsTrackColours(MAStripNode strip) {
+  constexpr NSUInteger kTrackColourSwitch = 44;
+  bool allowed = true;
+  // Whatever the host raises while it is asked is let go: the colours are then allowed.
+  static_cast<void>(guarded([&] {
+    const auto delegate = call<"delegate", NSObject>(strip.parent().view());
+    if (!delegate.respondsToSelector(selector<"mixerFENSTER">())) return;
+    const auto window = call<"mixerFENSTER", NSObject>(delegate);
+    const id controller = asObject(classNamed<"ChannelStripConfigController">());
+    if (!window || !respondsTo(controller, selector<"createSaveConfigDict:">())) return;
+    const auto config = call<"createSaveConfigDict:", NSDictionary>(controller, window);
+    if (!config) return;
+    const auto switches = cast<NSArray>(config.objectForKey(literal<"isMixThing">()));
+    allowed = cast<NSNumber>(switches.objectAtIndex(kTrackColourSwitch)).boolValue();
+  }));
+  return allowed;
+}
+
+NSColor stripColorFromDataSource(MAStripNode strip) {
+  const NSObject dataSource = call<"dataSource", NSObject>(strip.parent().controller());
+  if (!dataSource.respondsToSelector(selector<"colorOfStrip:highlighted:">())) return {};
+  if (!showsTrackColours(strip)) return {};
+  return call<"colorOfStrip:highlighted:", NSColor>(dataSource, strip.representedObject(), BOOL(0));
+}
+
+// ---- Empty slots -------------------------------------------------------------------------------
+
+NSColor emptySlotColor(MAStripNode strip) {
+  return ThemeUtility::shared().colorForKey(strip.isHighlighted() ? ThemeKey::kEmptySlotSelectedBGColor
+                                                                  : ThemeKey::kEmptySlotBGColor);
+}
+
+NSColor emptySlotEdgeColor() { return NSColor::blackColor().colorWithAlphaComponent(0.05); }
+
+/// Fills and strokes a path. Without a fill colour only the edge is drawn.
+void drawPath(CGPathRef path, CGContextRef context, NSColor fill, NSColor border) {
+  if (fill) {
+    CGContextAddPath(context, path);
+    CGContextSetFillColorWithColor(context, fill.CGColor());
+    CGContextFillPath(context);
+  }
+  CGContextAddPath(context, path);
+  CGContextSetStrokeColorWithColor(context, border.CGColor());
+  CGContextSetLineWidth(context, 1);
+  CGContextStrokePath(context);
+}
+
+/// A corner may not be rounder than the rectangle allows: Core Graphics refuses it.
+CFRef<CGPathRef> roundedRect(CGRect rect, double radius) {
+  const double x = std::fmax(0, std::fmin(radius, rect.size.width / 2));
+  const double y = std::fmax(0, std::fmin(radius, rect.size.height / 2));
+  return CFRef<CGPathRef>::adopt(CGPathCreateWithRoundedRect(rect, x, y, nullptr));
+}
+
+void customDrawSlotFrame(MAStripNode strip, CGRect rect, CGContextRef context) {
+  constexpr std::uint64_t kHostRadius = 4;
+  const NSColor colour = emptySlotColor(strip);
+  const std::uint64_t radius = ThemeUtility::shared().emptySlotCornerRadius;
+  if (!colour && radius == kHostRadius) {
+    DrawSlotFrame::callHost(strip, rect, context);
+    return;
+  }
+  drawPath(roundedRect(rect, static_cast<double>(radius)), context, colour, emptySlotEdgeColor());
+}
+
+void customDrawKnobFrame(MAStripNode strip, CGRect rect, CGContextRef context) {
+  const NSColor colour = emptySlotColor(strip);
+  if (!colour) {
+    DrawKnobFrame::callHost(strip, rect, context);
+    return;
+  }
+  drawPath(CFRef<CGPathRef>::adopt(CGPathCreateWithEllipseInRect(rect, nullptr)), context, colour,
+           emptySlotEdgeColor());
+}
+
+/// Draws a title centred in `size`, in a context that is scaled already.
+void drawTitle(NSString title, CGSize size, NSColor colour) {
+  if (title.length() == 0) return;
+  const NSFont font = NSFont::systemFontOfSize(NSFont::smallSystemFontSize());
+  const double height = font.boundingRectForFont().size.height;
+  const Ref<NSMutableParagraphStyle> style = make<NSMutableParagraphStyle>();
+  style->setAlignment(NSTextAlignmentCenter);
+  const auto attributes = NSMutableDictionary::dictionary();
+  attributes.setObject(font, NSFontAttributeName);
+  attributes.setObject(colour, NSForegroundColorAttributeName);
+  attributes.setObject(style.get(), NSParagraphStyleAttributeName);
+  drawInRect(title, CGRectMake(0, (size.height - (height - 1)) / 2, size.width, height - 1), attributes);
+}
+
+Ref<NSBitmapImageRep> titleBitmap(NSString title, CGSize size, double scale, NSColor colour) {
+  const auto pixels = [&](double points) { return static_cast<NSInteger>(std::trunc(points * scale)); };
+  const Ref<NSBitmapImageRep> bitmap = NSBitmapImageRep::withBitmapDataPlanes(
+      nullptr, pixels(size.width), pixels(size.height), 8, 4, true, false, NSDeviceRGBColorSpace, 0, 32);
+  if (!bitmap) return bitmap;
+  const NSGraphicsContext context = NSGraphicsContext::graphicsContextWithBitmapImageRep(bitmap);
+  NSGraphicsContext::saveGraphicsState();
+  NSGraphicsContext::setCurrentContext(context);
+  CGContextScaleCTM(context.CGContext(), scale, scale);
+  CGContextSetShouldSmoothFonts(context.CGContext(), false);
+  drawTitle(title, size, colour);
+  NSGraphicsContext::restoreGraphicsState();
+  return bitmap;
+}
+
+CGImageRef customElementTitleImage(MAStripNode strip, NSString title, CGSize size, double scale) {
+  const NSColor colour = ThemeUtility::shared().colorForKey(ThemeKey::kEmptySlotButtonLabelColor);
+  if (!colour) return ElementTitleImage::callHost(strip, title, size, scale);
+  // Fed from the few titles of empty slots; the scale is the screen's and no part of the key.
+  static const Ref<NSMutableDictionary> bitmaps = make<NSMutableDictionary>();
+  const NSString key = string(toStdString(title) + "_" + toStdString(NSString(NSStringFromSize(size))));
+  if (const auto cached = cast<NSBitmapImageRep>(bitmaps->objectForKey(key))) return cached.CGImage();
+  const Ref<NSBitmapImageRep> bitmap = titleBitmap(title, size, scale, colour);
+  if (!bitmap) return nullptr;
+  bitmaps->setObject(bitmap.get(), key);
+  return bitmap->CGImage();
+}
+
+// ---- Messages ----------------------------------------------------------------------------------
+
+NSColor getStripColor(MAStripNode strip) { return stripColor(strip); }
+NSColor getStripColorFromDataSource(MAStripNode strip) { return stripColorFromDataSource(strip); }
+
+NSObject getNodeWithName(MAStripNode /*strip*/, NSArray nodes, NSString name) {
+  for (const MANode node : items<MANode>(nodes)) {
+    if (node.name().isEqualToString(name)) return node;
+  }
+  return {};
+}
+
+void drawPathInContext(MAStripNode /*strip*/, CGPathRef path, CGContextRef context, NSColor fill, NSColor border) {
+  drawPath(path, context, fill, border);
+}
+
+void vlrDumpNodeTree(MAStripNode /*strip*/, NSObject node, NSInteger depth, NSObject into) {
+  std::string text;
+  appendNodeTree(cast<MANode>(node), depth, text);
+  call<"appendString:">(into, string(text));
+}
+
+double vlrBoundaryYForAnchor(MAStripNode strip, NSString anchor) {
+  return boundaryYForAnchor(strip, toStdString(anchor));
+}
+
+BOOL vlrResolveGradient(MAStripNode strip, NSObject gradient, NSColor base, id* outColours, id* outLocations) {
+  const auto* parsed = stateIfKind<VLRStripGradient>(gradient);
+  GradientStops stops;
+  if (parsed == nullptr || !resolveGradient(strip, *parsed, base, stops)) return BOOL(0);
+  const auto colours = NSMutableArray::array();
+  const auto locations = NSMutableArray::array();
+  for (std::size_t i = 0; i < stops.count; ++i) {
+    colours.addObject(stops.colours[i]);
+    locations.addObject(NSNumber::numberWithDouble(stops.locations[i]));
+  }
+  if (outColours != nullptr) *outColours = colours.object;
+  if (outLocations != nullptr) *outLocations = locations.object;
+  return BOOL(1);
+}
+
+NSColor vlrApplyStripGradient(MAStripNode strip, NSColor base, BOOL highlighted) {
+  return applyStripGradient(strip, base, highlighted != 0, NSColor());
+}
+
+NSColor vlrApplyStripGradientWithOverlay(MAStripNode strip, NSColor base, BOOL highlighted, NSColor overlay) {
+  return applyStripGradient(strip, base, highlighted != 0, overlay);
+}
+
+void addSwizzleMethod(Class /*self*/) {
+  if (!VLRIsCustomThemeSelected()) return;
+  static const bool installed = [] {
+    WillUpdatePresentationObject::install();
+    BackgroundColor::install();
+    HighlightedBackgroundColor::install();
+    BorderColor::install();
+    ElementTitleImage::install();
+    DrawSlotFrame::install();
+    DrawKnobFrame::install();
+    return true;
+  }();
+  static_cast<void>(installed);
+}
+
+}  // namespace
+
+NSColor hostBackgroundColor(MAStripNode strip) { return BackgroundColor::callHost(strip); }
+NSColor hostHighlightedBackgroundColor(MAStripNode strip) { return HighlightedBackgroundColor::callHost(strip); }
+
+NSColor stripColor(MAStripNode strip) {
+  for (const MANode child : items<MANode>(strip.childrenArray())) {
+    if (!child.isNamed<"name">() && !child.isNamed<"number">()) continue;
+    if (!child.respondsToSelector(selector<"customBackgroundColor">())) continue;
+    auto colour = call<"customBackgroundColor", NSColor>(child);
+    if (!colour) colour = stripColorFromDataSource(strip);
+    if (!colour || colour.isEqual(hostBackgroundColor(strip)) ||
+        colour.isEqual(hostHighlightedBackgroundColor(strip)) || colour.alphaComponent() == 0) {
+      return {};
+    }
+    return colour;
+  }
+  return stripColorFromDataSource(strip);
+}
+
+void attachMAStripNodeThemeSupport() {
+  CategoryDefinition("MAStripNode")
+      .replacement<WillUpdatePresentationObject, customWillUpdatePresentationObject>()
+      .replacement<BackgroundColor, customBackgroundColor>()
+      .replacement<HighlightedBackgroundColor, customHighlightedBackgroundColor>()
+      .replacement<BorderColor, customBorderColor>()
+      .replacement<ElementTitleImage, customElementTitleImage>()
+      .replacement<DrawSlotFrame, customDrawSlotFrame>()
+      .replacement<DrawKnobFrame, customDrawKnobFrame>()
+      .method<"getStripColor", getStripColor>()
+      .method<"getStripColorFromDataSource", getStripColorFromDataSource>()
+      .method<"getNodeWithName:name:", getNodeWithName>()
+      .method<"drawPath:inContext:fillColor:borderColor:", drawPathInContext>()
+      .method<"vlrDumpNodeTree:depth:into:", vlrDumpNodeTree>()
+      .method<"vlrBoundaryYForAnchor:", vlrBoundaryYForAnchor>()
+      .method<"vlrResolveGradient:baseColor:outColors:outLocations:", vlrResolveGradient>()
+      .method<"vlrApplyStripGradient:highlighted:", vlrApplyStripGradient>()
+      .method<"vlrApplyStripGradient:highlighted:overlayColor:", vlrApplyStripGradientWithOverlay>()
+      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+}
+
+}  // namespace velura

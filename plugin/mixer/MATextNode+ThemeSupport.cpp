@@ -1,0 +1,116 @@
+// Texts of a mixer strip: their colour, and what lies behind name, number and notes.
+
+#include "cocoa/Override.h"
+#include "plugin/gradient/GradientSwitch.h"
+#include "plugin/gradient/VLRStripBevel.h"
+#include "plugin/hostapi/MANode.h"
+#include "plugin/loader/Attach.h"
+#include "plugin/mixer/MAStripNode+ThemeSupport.h"
+#include "plugin/theme/ThemeUtility.h"
+
+namespace velura {
+namespace {
+
+using namespace cocoa;
+
+using ForegroundColor = Override<"MATextNode", NSColor(), "foregroundColor", "customForegroundColor">;
+using BackgroundColor = Override<"MATextNode", NSColor(), "backgroundColor", "customBackgroundColor">;
+using SetBackgroundColor = Override<"MATextNode", void(NSColor), "setBackgroundColor:", "customSetBackgroundColor:">;
+
+enum class HighlightOf { kItself, kParent };
+
+/// Which texts take which colours, and whose selection decides.
+struct TextRow {
+  NSString (*name)();
+  HighlightOf highlight;
+  ThemeKey plain;
+  ThemeKey highlighted;
+};
+
+constexpr TextRow kTexts[] = {
+    {literal<"label">, HighlightOf::kItself, ThemeKey::kTypeAndNumberTitleColor,
+     ThemeKey::kTypeAndNumberTitleHighlightColor},
+    {literal<"knob readout">, HighlightOf::kParent, ThemeKey::kPannerTitleColor, ThemeKey::kPannerTitleHighlightColor},
+    {literal<"panner readout">, HighlightOf::kParent, ThemeKey::kPannerTitleColor,
+     ThemeKey::kPannerTitleHighlightColor},
+    {literal<"name">, HighlightOf::kItself, ThemeKey::kNameAndNumberTitleColor,
+     ThemeKey::kNameAndNumberTitleHighlightColor},
+    {literal<"number">, HighlightOf::kItself, ThemeKey::kNameAndNumberTitleColor,
+     ThemeKey::kNameAndNumberTitleHighlightColor},
+    {literal<"notes">, HighlightOf::kItself, ThemeKey::kNameAndNumberTitleColor,
+     ThemeKey::kNameAndNumberTitleHighlightColor},
+};
+
+NSColor customForegroundColor(MATextNode text) {
+  const NSString name = text.name();
+  for (const TextRow& row : kTexts) {
+    if (!name.isEqualToString(row.name())) continue;
+    const bool highlighted =
+        row.highlight == HighlightOf::kParent ? text.parent().isHighlighted() : text.isHighlighted();
+    const NSColor themed = ThemeUtility::shared().colorForKey(highlighted ? row.highlighted : row.plain);
+    if (themed) return themed;
+    break;
+  }
+  return ForegroundColor::callHost(text);
+}
+
+bool showsStripBehind(MATextNode text) {
+  return text.isNamed<"name">() || text.isNamed<"notes">() || text.isNamed<"number">();
+}
+
+/// Whether a gradient or a bevel of the theme shows behind the text.
+bool isStripStyled(const ThemeUtility& theme, bool highlighted) {
+  bool hasGradient = static_cast<bool>(theme.mixerStripGradient);
+  if (theme.useTrackColorAsStripBackground) {
+    hasGradient = hasGradient || theme.mixerAutoGradient;
+  } else if (highlighted) {
+    hasGradient = hasGradient || theme.mixerStripHighlightGradient;
+  }
+  const VLRStripBevel* bevel = theme.bevel(theme.mixerStripBevel);
+  return hasGradient || (bevel != nullptr && bevel->styleForHighlighted(highlighted) != 0);
+}
+
+NSColor customBackgroundColor(MATextNode text) {
+  const NSColor host = BackgroundColor::callHost(text);
+  if (!showsStripBehind(text)) return host;
+  const auto strip = cast<MAStripNode>(text.parent());
+  const bool plain = host && (host.isEqual(call<"customHighlightedBackgroundColor", NSColor>(strip)) ||
+                              host.isEqual(call<"customBackgroundColor", NSColor>(strip)));
+  if (!plain) return host;
+  const ThemeUtility& theme = ThemeUtility::shared();
+  const bool highlighted = strip.isHighlighted();
+  if (isStripStyled(theme, highlighted) && !VLRGradientsDisabled()) return NSColor::clearColor();
+  const NSColor themed = theme.colorForKey(highlighted ? ThemeKey::kStripHighlightBackgroundColor
+                                                       : ThemeKey::kStripBackgroundColor);
+  return themed ? themed : host;
+}
+
+void customSetBackgroundColor(MATextNode text, NSColor colour) {
+  if (ThemeUtility::shared().useTrackColorAsStripBackground && text.isNamed<"name">() &&
+      !colour.isEqual(BackgroundColor::callHost(text))) {
+    text.parent().setNeedsDisplay(true);
+  }
+  SetBackgroundColor::callHost(text, colour);
+}
+
+void addSwizzleMethod(Class /*self*/) {
+  static const bool installed = [] {
+    ForegroundColor::install();
+    SetBackgroundColor::install();
+    BackgroundColor::install();
+    return true;
+  }();
+  static_cast<void>(installed);
+}
+
+}  // namespace
+
+void attachMATextNodeThemeSupport() {
+  CategoryDefinition("MATextNode")
+      .replacement<ForegroundColor, customForegroundColor>()
+      .replacement<SetBackgroundColor, customSetBackgroundColor>()
+      .replacement<BackgroundColor, customBackgroundColor>()
+      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+}
+
+}  // namespace velura
