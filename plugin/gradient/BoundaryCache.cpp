@@ -14,7 +14,7 @@ constexpr double kLongestUse = 2.0;  // seconds
 enum class Side { kNone, kAbove, kBelow };
 
 struct AnchorRow {
-  std::string_view name;
+  StripAnchor anchor;
   std::span<const std::string_view> above;
   std::span<const std::string_view> below;
   double fallbackY;
@@ -45,19 +45,29 @@ constexpr Names<6> kBelowFader{"peak", "volume", "volumeFader", "volumeScale", "
 constexpr Names<4> kAboveName{"mute", "bounce", "solo", "dim"};
 constexpr Names<2> kBelowName{"name", "notes"};
 
-constexpr std::array<AnchorRow, 11> kAnchorTable{{
-    {"gainreduction", kAboveReduction, kBelowReduction, 535},
-    {"eq", kAboveEqualizer, kBelowEqualizer, 524},
-    {"midifx", kHeader, kBelowMidi, 480},
-    {"input", kAboveInput, kBelowInput, 465},
-    {"audiofx", kAboveAudio, kBelowAudio, 440},
-    {"inserts", kHeader, kInserts, 490},
-    {"sends", kAboveSends, kBelowSends, 395},
-    {"automation", kInserts, kBelowInserts, 344},
-    {"pan", kAbovePan, kBelowPan, 297},
-    {"fader", kAboveFader, kBelowFader, 254},
-    {"name", kAboveName, kBelowName, 48},
+constexpr std::array<AnchorRow, kStripAnchorNames.size()> kAnchorTable{{
+    {StripAnchor::kGainReduction, kAboveReduction, kBelowReduction, 535},
+    {StripAnchor::kEQ, kAboveEqualizer, kBelowEqualizer, 524},
+    {StripAnchor::kMIDIFX, kHeader, kBelowMidi, 480},
+    {StripAnchor::kInput, kAboveInput, kBelowInput, 465},
+    {StripAnchor::kAudioFX, kAboveAudio, kBelowAudio, 440},
+    {StripAnchor::kInserts, kHeader, kInserts, 490},
+    {StripAnchor::kSends, kAboveSends, kBelowSends, 395},
+    {StripAnchor::kAutomation, kInserts, kBelowInserts, 344},
+    {StripAnchor::kPan, kAbovePan, kBelowPan, 297},
+    {StripAnchor::kFader, kAboveFader, kBelowFader, 254},
+    {StripAnchor::kName, kAboveName, kBelowName, 48},
 }};
+
+const AnchorRow& rowOf(StripAnchor anchor) { return kAnchorTable[static_cast<std::size_t>(anchor)]; }
+
+constexpr bool rowsFollowTheAnchors() {
+  for (std::size_t i = 0; i < kAnchorTable.size(); ++i) {
+    if (kAnchorTable[i].anchor != static_cast<StripAnchor>(i)) return false;
+  }
+  return true;
+}
+static_assert(rowsFollowTheAnchors());
 
 bool contains(std::span<const std::string_view> names, std::string_view name) {
   for (const std::string_view candidate : names) {
@@ -96,13 +106,6 @@ void visitSections(const AnchorRow& row, MANode strip, Visit&& visit) {
 
 }  // namespace
 
-std::optional<std::size_t> anchorNamed(std::string_view name) {
-  for (std::size_t i = 0; i < kAnchorTable.size(); ++i) {
-    if (kAnchorTable[i].name == name) return i;
-  }
-  return std::nullopt;
-}
-
 void BoundaryCache::enter(MANode parent, double height, NSUInteger strips, double now) {
   const bool sameMixer = started_ && layout_.parent == parent && layout_.strips == strips;
   const bool current = sameMixer && layout_.height == height && !(now - layout_.startedAt > kLongestUse);
@@ -116,8 +119,8 @@ void BoundaryCache::enter(MANode parent, double height, NSUInteger strips, doubl
   started_ = true;
 }
 
-void BoundaryCache::walk(NSArray strips, std::size_t anchor, double now, Border& border) {
-  const AnchorRow& row = kAnchorTable[anchor];
+void BoundaryCache::walk(NSArray strips, StripAnchor anchor, double now, Border& border) {
+  const AnchorRow& row = rowOf(anchor);
   border.lowestAbove.reset();
   border.highestBelow.reset();
   const NSUInteger count = strips.count();
@@ -136,10 +139,10 @@ void BoundaryCache::walk(NSArray strips, std::size_t anchor, double now, Border&
   border.walkedAt = now;
 }
 
-bool BoundaryCache::stillHolds(NSArray strips, MAStripNode strip, std::size_t anchor, double now,
+bool BoundaryCache::stillHolds(NSArray strips, MAStripNode strip, StripAnchor anchor, double now,
                                const Border& border) {
   if (!border.walked || now - border.walkedAt > kLongestUse || now < border.walkedAt) return false;
-  const AnchorRow& row = kAnchorTable[anchor];
+  const AnchorRow& row = rowOf(anchor);
   const auto unmoved = [&](const std::optional<Section>& section, Side side) {
     if (!section) return true;
     if (section->strip >= strips.count()) return false;
@@ -159,12 +162,12 @@ bool BoundaryCache::stillHolds(NSArray strips, MAStripNode strip, std::size_t an
   return within;
 }
 
-double BoundaryCache::boundary(MAStripNode strip, std::size_t anchor) {
+double BoundaryCache::boundary(MAStripNode strip, StripAnchor anchor) {
   const MANode parent = strip.parent();
   const NSArray strips = parent.childrenArray();
   const double now = CFAbsoluteTimeGetCurrent();
   enter(parent, strip.frame().size.height, strips.count(), now);
-  Border& border = borders_[anchor];
+  Border& border = borders_[static_cast<std::size_t>(anchor)];
   if (!border.known) {
     if (!stillHolds(strips, strip, anchor, now, border)) walk(strips, anchor, now, border);
     border.known = true;

@@ -4,14 +4,11 @@
 #include <array>
 #include <cstddef>
 #include <optional>
-#include <string_view>
 
+#include "plugin/gradient/VLRStripGradient.h"
 #include "plugin/hostapi/MANode.h"
 
 namespace velura {
-
-/// Which anchor of the table a name is; nothing when it is none.
-std::optional<std::size_t> anchorNamed(std::string_view name);
 
 /// Borders of one layout. A border is computed once for a parent of the strips, a strip height and a number
 /// of strips, and no border is used for longer than two seconds.
@@ -22,7 +19,7 @@ std::optional<std::size_t> anchorNamed(std::string_view name);
 class BoundaryCache {
  public:
   /// The border's y in the strip's coordinates.
-  double boundary(MAStripNode strip, std::size_t anchor);
+  double boundary(MAStripNode strip, StripAnchor anchor);
 
  private:
   /// Where a section stands in the tree; looked up again before it is used, as it may be gone.
@@ -48,13 +45,12 @@ class BoundaryCache {
   };
 
   void enter(MANode parent, double height, NSUInteger strips, double now);
-  static void walk(NSArray strips, std::size_t anchor, double now, Border& border);
-  static bool stillHolds(NSArray strips, MAStripNode strip, std::size_t anchor, double now, const Border& border);
+  static void walk(NSArray strips, StripAnchor anchor, double now, Border& border);
+  static bool stillHolds(NSArray strips, MAStripNode strip, StripAnchor anchor, double now, const Border& border);
 
-  static constexpr std::size_t kAnchors = 11;
   Layout layout_;
   bool started_ = false;
-  std::array<Border, kAnchors> borders_;
+  std::array<Border, kStripAnchorNames.size()> borders_;
 };
 
 }  // namespace velura

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <span>
 
 #include "plugin/gradient/BoundaryCache.h"
 #include "plugin/gradient/GradientSwitch.h"
@@ -16,17 +18,7 @@ namespace {
 using namespace cocoa;
 
 constexpr double kLowestStrip = 2;         // points; below it nothing can be placed
-constexpr double kSameLocation = 0.0005;   // of a strip's height: stops this near meet at a hard edge
-
-/// Stable and ascending: stops at one location keep the order in which they were written.
-void sortStops(GradientStops& stops) {
-  for (std::size_t i = 1; i < stops.count; ++i) {
-    std::size_t to = i;
-    while (to > 0 && stops.locations[to - 1] > stops.locations[i]) --to;
-    std::rotate(stops.colours.begin() + to, stops.colours.begin() + i, stops.colours.begin() + i + 1);
-    std::rotate(stops.locations.begin() + to, stops.locations.begin() + i, stops.locations.begin() + i + 1);
-  }
-}
+constexpr double kSameLocation = 0.0005;  // of a strip's height: stops this near meet at a hard edge
 
 /// Pulls stops that meet at a hard edge apart, never past their neighbours.
 void smoothStops(GradientStops& stops, double points, double height) {
@@ -43,30 +35,57 @@ void smoothStops(GradientStops& stops, double points, double height) {
 }
 
 /// The gradient that applies to a strip. The track colour by itself drives the auto gradient alone.
-const VLRStripGradient* gradientFor(const ThemeUtility& theme, bool highlighted, bool hasOverlay) {
+VLRStripGradient* gradientFor(const ThemeUtility& theme, bool highlighted, bool hasOverlay) {
   if (!hasOverlay && theme.useTrackColorAsStripBackground) return theme.gradient(theme.mixerAutoGradient);
   if (highlighted && theme.mixerStripHighlightGradient) return theme.gradient(theme.mixerStripHighlightGradient);
   return theme.gradient(theme.mixerStripGradient);
 }
 
-}  // namespace
-
-double boundaryYForAnchor(MAStripNode strip, std::string_view anchor) {
-  static BoundaryCache cache;
-  const auto index = anchorNamed(anchor);
-  return index ? cache.boundary(strip, *index) : -1;
+/// From 0 at the top edge of the strip to 1 at its bottom edge; nothing where the border lies below it.
+std::optional<double> locationOf(MAStripNode strip, double height, const VLRStripGradient& gradient,
+                                 std::size_t stop) {
+  double location = gradient.locations[stop];
+  if (const auto& anchor = gradient.anchors[stop]; anchor) {
+    const double y = boundaryYForAnchor(strip, *anchor);
+    if (y < 0) return std::nullopt;
+    location = 1 - y / height;
+  }
+  return std::clamp(location, 0.0, 1.0);
 }
 
-bool resolveGradient(MAStripNode strip, const VLRStripGradient& gradient, NSColor base, GradientStops& stops) {
+}  // namespace
+
+double boundaryYForAnchor(MAStripNode strip, StripAnchor anchor) {
+  static BoundaryCache cache;
+  return cache.boundary(strip, anchor);
+}
+
+bool resolveGradient(MAStripNode strip, VLRStripGradient& gradient, NSColor base, GradientStops& stops) {
   stops.count = 0;
-  return false;
+  const NSArray colours = gradient.stopColorsForBase(base);
+  const NSUInteger count = colours.count();
+  if (count < kFewestStops) return false;
+  const double height = strip.frame().size.height;
+  const bool placed = !gradient.hasAnchors && !(gradient.smoothingPoints > 0);
+  if (!placed && !(height >= kLowestStrip)) return false;
+  for (std::size_t i = 0; i < count; ++i) {
+    const auto location = placed ? std::optional(gradient.locations[i]) : locationOf(strip, height, gradient, i);
+    if (!location) return false;
+    stops.append(cast<NSColor>(colours.objectAtIndex(i)), *location);
+  }
+  if (placed) return true;
+  std::span<NSColor> sortedColours(stops.colours.data(), stops.count);
+  std::span<double> sortedLocations(stops.locations.data(), stops.count);
+  VLRSortStops(sortedColours, sortedLocations);
+  if (gradient.smoothingPoints > 0) smoothStops(stops, gradient.smoothingPoints, height);
+  return true;
 }
 
 NSColor applyStripGradient(MAStripNode strip, NSColor base, bool highlighted, NSColor overlay) {
   dumpStripNodesIfArmed(strip);
   if (VLRGradientsDisabled()) return base;
   const ThemeUtility& theme = ThemeUtility::shared();
-  const VLRStripGradient* gradient = gradientFor(theme, highlighted, static_cast<bool>(overlay));
+  VLRStripGradient* gradient = gradientFor(theme, highlighted, static_cast<bool>(overlay));
   const VLRStripBevel* bevel = theme.bevel(theme.mixerStripBevel);
   const NSInteger style = bevel == nullptr ? 0 : bevel->styleForHighlighted(highlighted);
   if (!overlay && !(base && (gradient != nullptr || style != 0))) return base;

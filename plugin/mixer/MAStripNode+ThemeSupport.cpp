@@ -254,12 +254,14 @@ void vlrDumpNodeTree(MAStripNode /*strip*/, NSObject node, NSInteger depth, NSOb
   call<"appendString:">(into, string(text));
 }
 
-double vlrBoundaryYForAnchor(MAStripNode strip, NSString anchor) {
-  return boundaryYForAnchor(strip, toStdString(anchor));
+/// -1 for a name that is no anchor.
+double vlrBoundaryYForAnchor(MAStripNode strip, NSString name) {
+  const auto anchor = stripAnchorNamed(toStdString(name));
+  return anchor ? boundaryYForAnchor(strip, *anchor) : -1;
 }
 
 BOOL vlrResolveGradient(MAStripNode strip, NSObject gradient, NSColor base, id* outColours, id* outLocations) {
-  const auto* parsed = stateIfKind<VLRStripGradient>(gradient);
+  auto* parsed = stateIfKind<VLRStripGradient>(gradient);
   GradientStops stops;
   if (parsed == nullptr || !resolveGradient(strip, *parsed, base, stops)) return BOOL(0);
   const auto colours = NSMutableArray::array();

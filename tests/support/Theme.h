@@ -1,0 +1,48 @@
+#pragma once
+// A theme of a test's own, and a host that shows it.
+
+#include <initializer_list>
+#include <string>
+#include <utility>
+
+#include "cli/Session.h"
+#include "host/mixer/MixerWindow.h"
+
+namespace support {
+
+/// Builds the text of a theme settings file, key by key.
+class ThemeFile {
+ public:
+  ThemeFile& text(const std::string& key, const std::string& value);
+  ThemeFile& flag(const std::string& key, bool value);
+  ThemeFile& integer(const std::string& key, long value);
+  /// Any property list element, as XML.
+  ThemeFile& xml(const std::string& key, const std::string& element);
+  [[nodiscard]] std::string list() const;
+
+ private:
+  std::string entries_;
+};
+
+/// A theme colour as its string.
+std::string colour(int red, int green, int blue, int alpha = 100);
+
+/// Writes a theme folder below the test's private folder: the settings file and a companion bundle, with a
+/// reference file where one is given. Returns the folder.
+std::string writeTheme(const std::string& settings, const std::string& reference = {});
+
+/// Starts the host with a theme folder ("" for the host alone, "default" for the theme "Default").
+std::unique_ptr<host::Application> start(const std::string& theme, host::Song song,
+                                         host::HostOptions options = {});
+
+/// A song with one audio strip for each name; the first field of every track can be changed by the caller.
+host::Song songOf(std::initializer_list<host::Track> tracks);
+
+/// The sample song of the repository.
+host::Song sampleSong();
+
+/// Reads a whole file; "" when there is none.
+std::string fileContents(const std::string& path);
+void writeFile(const std::string& path, const std::string& contents);
+
+}  // namespace support
