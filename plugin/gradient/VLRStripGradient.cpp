@@ -279,13 +279,13 @@ bool VLRStripGradient::fill(GradientData data) {
   return true;
 }
 
-NSArray VLRStripGradient::stopColorsForBase(NSColor base) {
+NSArray VLRStripGradient::stopColorsForBase(NSColor base) const {
   if (mode == GradientMode::kLinear) return stopColors;
   if (!base) return {};
   return autoreleased(arrayOf(deltas, [&](std::int64_t delta) { return colorForBase(base, delta); }));
 }
 
-NSColor VLRStripGradient::colorForBase(NSColor base, NSInteger delta) {
+NSColor VLRStripGradient::colorForBase(NSColor base, NSInteger delta) const {
   constexpr double kPercent = 100;
   const NSColor components = base.colorUsingColorSpace(NSColorSpace::sRGBColorSpace());
   if (!components) return base;

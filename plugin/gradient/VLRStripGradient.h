@@ -113,9 +113,9 @@ struct VLRStripGradient : cocoa::ObjectState, GradientData {
   static NSObject gradientFromString(NSObject value);
 
   /// The colours of the stops. nil for an auto gradient without a base.
-  [[nodiscard]] NSArray stopColorsForBase(NSColor base);
+  [[nodiscard]] NSArray stopColorsForBase(NSColor base) const;
   /// The base with its brightness shifted by `delta` percent points; a colour without components as it is.
-  [[nodiscard]] NSColor colorForBase(NSColor base, NSInteger delta);
+  [[nodiscard]] NSColor colorForBase(NSColor base, NSInteger delta) const;
 
  private:
   bool fill(GradientData data);

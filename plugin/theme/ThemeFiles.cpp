@@ -1,0 +1,66 @@
+#include "plugin/theme/ThemeFiles.h"
+
+#include "plugin/hostapi/Identifiers.h"
+#include "plugin/theme/PropertyListReader.h"
+#include "plugin/theme/StringBytes.h"
+#include "plugin/theme/ThemeKeys.h"
+
+namespace velura {
+
+using namespace cocoa;
+
+namespace {
+
+/// "" when the user has no Application Support folder.
+std::string settingsPath() {
+  constexpr BOOL kExpandTilde = 1;
+  const NSArray folders(
+      NSSearchPathForDirectoriesInDomains(NSApplicationSupportDirectory, NSUserDomainMask, kExpandTilde));
+  if (folders.count() == 0) return {};
+  return utf8Bytes(cast<NSString>(folders.objectAtIndex(0))) + "/Velura/PluginHelper.plist";
+}
+
+std::string referencePath() {
+  const NSBundle companion = NSBundle::bundleWithIdentifier(literal<kCompanionIdentifier>());
+  return utf8Bytes(companion.pathForResource(literal<"PluginHelper">(), literal<"plist">()));
+}
+
+Ref<NSDictionary> readDictionary(const std::string& path) {
+  const Ref<NSObject> list = readPropertyList(path.c_str());
+  return as<NSDictionary>(list);
+}
+
+bool isKept(NSString key) {
+  const auto known = keyNamed(utf8Bytes(key));
+  return known && rowOf(*known).kept == Kept::kYes;
+}
+
+/// Equal character by character: `isEqualToString:` may take two spellings of an accented letter for one.
+bool areSameString(NSObject a, NSObject b) {
+  constexpr NSUInteger kLiteralSearch = 2;
+  const NSString first = as<NSString>(a);
+  const NSString second = as<NSString>(b);
+  return first && second && first.length() == second.length() &&
+         send<NSInteger>(first.object, selector<"compare:options:">(), second, kLiteralSearch) == 0;
+}
+
+}  // namespace
+
+NSMutableDictionary loadThemeSettings() {
+  const Ref<NSDictionary> settings = readDictionary(settingsPath());
+  if (!settings) return {};
+  const NSMutableDictionary theme = NSMutableDictionary::dictionaryWithDictionary(settings);
+  removeUnchangedColours(theme);
+  return theme;
+}
+
+void removeUnchangedColours(NSMutableDictionary theme) {
+  const Ref<NSDictionary> reference = readDictionary(referencePath());
+  for (const NSString key : items<NSString>(reference->allKeys())) {
+    if (areSameString(reference->objectForKey(key), theme.objectForKey(key)) && !isKept(key)) {
+      theme.removeObjectForKey(key);
+    }
+  }
+}
+
+}  // namespace velura

@@ -1,0 +1,290 @@
+#include "plugin/theme/ThemeUtility.h"
+
+#include <mutex>
+
+#include "plugin/gradient/GradientSwitch.h"
+#include "plugin/theme/ColourString.h"
+#include "plugin/theme/SelectedTheme.h"
+#include "plugin/theme/StringBytes.h"
+#include "plugin/theme/ThemeFiles.h"
+#include "plugin/theme/ThemeValues.h"
+#include "plugin/theme/TrackTypes.h"
+
+namespace velura {
+
+using namespace cocoa;
+
+namespace {
+
+struct FlagSetting {
+  ThemeKey key;
+  bool ThemeUtility::*field;
+};
+constexpr FlagSetting kFlags[] = {
+    {ThemeKey::kUseTrackColorAsStripBackground, &ThemeUtility::useTrackColorAsStripBackground},
+    {ThemeKey::kUseCalibratedColor, &ThemeUtility::useCalibratedColor},
+    {ThemeKey::kUseTrackColorAsArrangeStripBackground, &ThemeUtility::useTrackColorAsArrangeStripBackground},
+    {ThemeKey::kMixerBGMatchGradient, &ThemeUtility::mixerBGMatchGradient},
+};
+
+struct NumberSetting {
+  ThemeKey key;
+  std::uint64_t ThemeUtility::*field;
+};
+constexpr NumberSetting kNumbers[] = {
+    {ThemeKey::kUseTrackColorArrangeOpacity, &ThemeUtility::arrangeOpacity},
+    {ThemeKey::kUseTrackColorArrangeHighlightedOpacity, &ThemeUtility::arrangeHighlightedOpacity},
+    {ThemeKey::kUseTrackColorArrangeFolderOpacity, &ThemeUtility::arrangeFolderOpacity},
+    {ThemeKey::kUseTrackColorArrangeFolderHighlightedOpacity, &ThemeUtility::arrangeFolderHighlightedOpacity},
+    {ThemeKey::kUseTrackColorMixerOpacity, &ThemeUtility::mixerOpacity},
+    {ThemeKey::kUseTrackColorMixerHighlightedOpacity, &ThemeUtility::mixerHighlightedOpacity},
+    {ThemeKey::kUseTrackColorMixerFolderOpacity, &ThemeUtility::mixerFolderOpacity},
+    {ThemeKey::kUseTrackColorMixerFolderHighlightedOpacity, &ThemeUtility::mixerFolderHighlightedOpacity},
+    {ThemeKey::kUseTrackColorMixerAuxOpacity, &ThemeUtility::mixerAuxOpacity},
+    {ThemeKey::kUseTrackColorMixerAuxHighlightedOpacity, &ThemeUtility::mixerAuxHighlightedOpacity},
+    {ThemeKey::kEmptySlotBGCornerRadius, &ThemeUtility::emptySlotCornerRadius},
+};
+
+struct ObjectSetting {
+  ThemeKey key;
+  Ref<NSObject> ThemeUtility::*field;
+};
+constexpr ObjectSetting kGradients[] = {
+    {ThemeKey::kMixerStripBGGradient, &ThemeUtility::mixerStripGradient},
+    {ThemeKey::kMixerStripHighlightBGGradient, &ThemeUtility::mixerStripHighlightGradient},
+    {ThemeKey::kArrangeStripBGGradient, &ThemeUtility::arrangeStripGradient},
+    {ThemeKey::kArrangeStripHighlightBGGradient, &ThemeUtility::arrangeStripHighlightGradient},
+    {ThemeKey::kUseTrackColorGradientMixer, &ThemeUtility::mixerAutoGradient},
+    {ThemeKey::kUseTrackColorGradientArrange, &ThemeUtility::arrangeAutoGradient},
+};
+constexpr ObjectSetting kBevels[] = {
+    {ThemeKey::kMixerStripBevel, &ThemeUtility::mixerStripBevel},
+    {ThemeKey::kArrangeStripBevel, &ThemeUtility::arrangeStripBevel},
+};
+
+void setBit(std::uint32_t& record, unsigned bit, std::optional<bool> on) {
+  const std::uint32_t mask = std::uint32_t{1} << bit;
+  if (on) record = *on ? record | mask : record & ~mask;
+}
+
+void applySharedImages(const ThemeValues& values, ThemeUtility& theme) {
+  for (const TrackTypeRow& row : kTrackTypes) {
+    setBit(theme.useDifferentPannerTypes, row.sharedBit, values.flag(row.sharedPanner));
+    setBit(theme.useDifferentFaderTypes, row.sharedBit, values.flag(row.sharedFader));
+  }
+}
+
+/// A type without a name of its own uses the shared images.
+BOOL isShared(std::uint32_t record, NSInteger type) {
+  const TrackTypeRow* row = rowOf(TrackType(type));
+  return row == nullptr || (record >> row->sharedBit & 1U) != 0;
+}
+
+/// A group of plug-ins with the colours of its colour strings added.
+NSObject withColours(NSObject group, const ThemeUtility& theme) {
+  const NSDictionary stored = as<NSDictionary>(group);
+  if (!stored) return group;
+  const NSMutableDictionary completed = NSMutableDictionary::dictionaryWithDictionary(stored);
+  for (const PluginGroupColour& colour : kPluginGroupColours) {
+    const NSColor made = theme.fromString(as<NSString>(stored.objectForKey(string(colour.stored))));
+    if (made) completed.setObject(made, string(colour.added));
+  }
+  return completed;
+}
+
+/// The first of the views that `accepts`; nil when none does.
+template <class Accepts>
+NSView firstOf(NSArray views, Accepts accepts) {
+  for (const NSView view : items<NSView>(views)) {
+    if (accepts(view)) return view;
+  }
+  return {};
+}
+
+/// The text field that shows the title of a window of the host.
+NSTextField titleField(NSWindow window) {
+  const NSView frame = window.contentView().superview();
+  if (!frame.respondsToSelector(selector<"subviews">())) return {};
+  const NSView container = firstOf(
+      frame.subviews(), [](NSView view) { return view.respondsToSelector(selector<"associatedThemeFrame">()); });
+  const NSView titleBar = firstOf(
+      container.subviews(), [](NSView view) { return view.className().isEqualToString(literal<"NSTitlebarView">()); });
+  return cast<NSTextField>(
+      firstOf(titleBar.subviews(), [](NSView view) { return view.isKindOfClass(classOf<NSTextField>()); }));
+}
+
+bool isHostWindow(NSObject object) {
+  return object.isKindOfClass(classNamed<"MAKitWindow">()) || object.isKindOfClass(classNamed<"MAKitPanel">());
+}
+
+NSObject sharedInstance(Class /*self*/) { return NSObject(ThemeUtility::shared().self); }
+
+}  // namespace
+
+ThemeUtility& ThemeUtility::makeShared() {
+  static std::once_flag once;
+  std::call_once(once, [] {
+    const id made = send<id>(send<id>(DefinedClass<ThemeUtility>::cls, selector<"alloc">()), selector<"init">());
+    shared_.store(&stateOf<ThemeUtility>(made), std::memory_order_release);
+  });
+  return *shared_.load(std::memory_order_acquire);
+}
+
+id ThemeUtility::init() {
+  const AutoreleasePool pool;
+  superSend<ThemeUtility, id>(self, selector<"init">());
+  imageCache = make<NSMutableDictionary>();
+  gradientPatternCache = make<NSMutableDictionary>();
+  setColorCollection(NSDictionary::dictionary());
+  apply(loadThemeSettings());
+  NSNotificationCenter::defaultCenter().addObserver(NSObject(self), selector<"windowDidUpdate:">(),
+                                                    NSWindowDidUpdateNotification, NSObject());
+  return self;
+}
+
+void ThemeUtility::apply(NSDictionary theme) {
+  if (!theme) return;
+  const ThemeValues values(theme);
+  if (VLRIsCustomThemeSelected()) {
+    useImagesToDraw = values.flag(ThemeKey::kUseImagesToDrawKnob).value_or(useImagesToDraw);
+  }
+  for (const auto& [key, field] : kFlags) this->*field = values.flag(key).value_or(this->*field);
+  for (const auto& [key, field] : kNumbers) {
+    if (const auto number = values.number(key)) this->*field = static_cast<std::uint64_t>(*number);
+  }
+  applySharedImages(values, *this);
+  applyGradientsAndBevels(theme);
+  applyPluginGroups(theme);
+  applyColours(theme);
+}
+
+void ThemeUtility::applyGradientsAndBevels(NSDictionary theme) {
+  const ThemeValues values(theme);
+  for (const auto& [key, field] : kGradients) this->*field = VLRStripGradient::gradientFromString(values.object(key));
+  for (const auto& [key, field] : kBevels) this->*field = VLRStripBevel::bevelFromString(values.object(key));
+}
+
+void ThemeUtility::applyPluginGroups(NSDictionary theme) {
+  const NSDictionary stored = as<NSDictionary>(ThemeValues(theme).object(ThemeKey::kPluginGroupMapV2));
+  if (!stored) return;
+  const auto groups = make<NSMutableDictionary>();
+  for (const NSObject key : items(stored.allKeys()))
+    groups->setObject(withColours(stored.objectForKey(key), *this), key);
+  pluginGroupsMap = groups.get();
+}
+
+void ThemeUtility::applyColours(NSDictionary theme) {
+  const auto colours = make<NSMutableDictionary>();
+  for (const NSObject key : items(theme.allKeys())) {
+    const NSColor colour = fromString(as<NSString>(theme.objectForKey(key)));
+    if (colour) colours->setObject(colour, key);
+  }
+  setColorCollection(colours.get());
+}
+
+void ThemeUtility::setColorCollection(NSDictionary collection) {
+  colorCollection_ = collection;
+  for (const ThemeKeyRow& row : kThemeKeys) {
+    if (row.kind == ThemeKeyKind::kColour) colours_[indexOf(row.key)] = colorForKey(string(row.name));
+  }
+}
+
+NSColor ThemeUtility::colorForKey(NSString key) const {
+  return key ? cast<NSColor>(colorCollection_->objectForKey(key)) : NSColor();
+}
+
+NSColor ThemeUtility::fromString(NSString text) const {
+  const auto colour = parseColourString(utf8Bytes(text));
+  return colour ? colorWithRed(colour->red, colour->green, colour->blue, colour->alpha) : NSColor();
+}
+
+NSColor ThemeUtility::colorWithRed(std::int64_t red, std::int64_t green, std::int64_t blue, std::int64_t alpha) const {
+  constexpr double kComponentScale = 255;
+  constexpr double kAlphaScale = 100;
+  const double r = static_cast<double>(red) / kComponentScale;
+  const double g = static_cast<double>(green) / kComponentScale;
+  const double b = static_cast<double>(blue) / kComponentScale;
+  const double a = static_cast<double>(alpha) / kAlphaScale;
+  return useCalibratedColor ? NSColor::colorWithCalibratedRed(r, g, b, a) : NSColor::colorWithSRGBRed(r, g, b, a);
+}
+
+BOOL ThemeUtility::useSharedPannerType(NSInteger type) const { return isShared(useDifferentPannerTypes, type); }
+BOOL ThemeUtility::useSharedFaderType(NSInteger type) const { return isShared(useDifferentFaderTypes, type); }
+
+NSColor ThemeUtility::mixerBackgroundColor() const {
+  const NSColor base = colorForKey(ThemeKey::kMixerBackgroundColor);
+  if (!mixerBGMatchGradient || VLRGradientsDisabled()) return base;
+  const VLRStripGradient* strip = gradient(mixerStripGradient);
+  if (strip == nullptr) return base;
+  const NSArray colours = strip->stopColorsForBase(colorForKey(ThemeKey::kStripBackgroundColor));
+  return colours.count() == 0 ? base : cast<NSColor>(colours.objectAtIndex(0)).colorWithAlphaComponent(1);
+}
+
+void ThemeUtility::windowDidUpdate(NSNotification notification) {
+  const NSColor title = colorForKey(ThemeKey::kWindowTitleColor);
+  if (!title || !isHostWindow(notification.sender())) return;
+  titleField(cast<NSWindow>(notification.sender())).setTextColor(title);
+}
+
+void defineThemeUtility() {
+  if (DefinedClass<ThemeUtility>::cls != nullptr) return;
+  using ColourByName = NSColor (ThemeUtility::*)(NSString) const;
+  ClassDefinition<ThemeUtility>("ThemeUtility", "NSObject")
+      .classMethod<"sharedInstance", sharedInstance>()
+      .method<"init", &ThemeUtility::init>()
+      .method<"colorForKey:", static_cast<ColourByName>(&ThemeUtility::colorForKey)>()
+      .method<"liveLoopsColorForKey:", static_cast<ColourByName>(&ThemeUtility::colorForKey)>()
+      .method<"fromString:", &ThemeUtility::fromString>()
+      .method<"colorWithRed:green:blue:alpha:", &ThemeUtility::colorWithRed>()
+      .method<"useSharedPannerType:", &ThemeUtility::useSharedPannerType>()
+      .method<"useSharedFaderType:", &ThemeUtility::useSharedFaderType>()
+      .method<"vlrMixerBackgroundColor", &ThemeUtility::mixerBackgroundColor>()
+      .method<"windowDidUpdate:", &ThemeUtility::windowDidUpdate>()
+      .method<"patternColorForGradient:baseColor:size:stopColors:stopLocations:bevel:bevelStyle:overlayColor:",
+              &ThemeUtility::patternColorForGradient>()
+      .method<"patternColorForGradient:baseColor:size:stopColors:stopLocations:bevel:bevelStyle:",
+              &ThemeUtility::patternColorForGradientWithoutOverlay>()
+      .method<"colorCollection", &ThemeUtility::colorCollection>()
+      .method<"setColorCollection:", &ThemeUtility::setColorCollection>()
+      .property<"useDifferentPannerTypes", "setUseDifferentPannerTypes:", &ThemeUtility::useDifferentPannerTypes>()
+      .property<"useDifferentFaderTypes", "setUseDifferentFaderTypes:", &ThemeUtility::useDifferentFaderTypes>()
+      .property<"useImagesToDraw", "setUseImagesToDraw:", &ThemeUtility::useImagesToDraw>()
+      .property<"useTrackColorAsStripBackground",
+                "setUseTrackColorAsStripBackground:", &ThemeUtility::useTrackColorAsStripBackground>()
+      .property<"useCalibratedColor", "setUseCalibratedColor:", &ThemeUtility::useCalibratedColor>()
+      .property<"useTrackColorAsArrangeStripBackground",
+                "setUseTrackColorAsArrangeStripBackground:", &ThemeUtility::useTrackColorAsArrangeStripBackground>()
+      .property<"isInDrawingMode", "setIsInDrawingMode:", &ThemeUtility::isInDrawingMode>()
+      .property<"mixerBGMatchGradient", "setMixerBGMatchGradient:", &ThemeUtility::mixerBGMatchGradient>()
+      .property<"arrangeOpacity", "setArrangeOpacity:", &ThemeUtility::arrangeOpacity>()
+      .property<"arrangeHighlightedOpacity",
+                "setArrangeHighlightedOpacity:", &ThemeUtility::arrangeHighlightedOpacity>()
+      .property<"arrangeFolderOpacity", "setArrangeFolderOpacity:", &ThemeUtility::arrangeFolderOpacity>()
+      .property<"arrangeFolderHighlightedOpacity",
+                "setArrangeFolderHighlightedOpacity:", &ThemeUtility::arrangeFolderHighlightedOpacity>()
+      .property<"mixerOpacity", "setMixerOpacity:", &ThemeUtility::mixerOpacity>()
+      .property<"mixerHighlightedOpacity", "setMixerHighlightedOpacity:", &ThemeUtility::mixerHighlightedOpacity>()
+      .property<"mixerFolderOpacity", "setMixerFolderOpacity:", &ThemeUtility::mixerFolderOpacity>()
+      .property<"mixerFolderHighlightedOpacity",
+                "setMixerFolderHighlightedOpacity:", &ThemeUtility::mixerFolderHighlightedOpacity>()
+      .property<"mixerAuxOpacity", "setMixerAuxOpacity:", &ThemeUtility::mixerAuxOpacity>()
+      .property<"mixerAuxHighlightedOpacity",
+                "setMixerAuxHighlightedOpacity:", &ThemeUtility::mixerAuxHighlightedOpacity>()
+      .property<"imageCache", "setImageCache:", &ThemeUtility::imageCache>()
+      .property<"emptySlotCornerRadius", "setEmptySlotCornerRadius:", &ThemeUtility::emptySlotCornerRadius>()
+      .property<"pluginGroupsMap", "setPluginGroupsMap:", &ThemeUtility::pluginGroupsMap>()
+      .property<"mixerStripGradient", "setMixerStripGradient:", &ThemeUtility::mixerStripGradient>()
+      .property<"mixerStripHighlightGradient",
+                "setMixerStripHighlightGradient:", &ThemeUtility::mixerStripHighlightGradient>()
+      .property<"arrangeStripGradient", "setArrangeStripGradient:", &ThemeUtility::arrangeStripGradient>()
+      .property<"arrangeStripHighlightGradient",
+                "setArrangeStripHighlightGradient:", &ThemeUtility::arrangeStripHighlightGradient>()
+      .property<"mixerAutoGradient", "setMixerAutoGradient:", &ThemeUtility::mixerAutoGradient>()
+      .property<"arrangeAutoGradient", "setArrangeAutoGradient:", &ThemeUtility::arrangeAutoGradient>()
+      .property<"gradientPatternCache", "setGradientPatternCache:", &ThemeUtility::gradientPatternCache>()
+      .property<"mixerStripBevel", "setMixerStripBevel:", &ThemeUtility::mixerStripBevel>()
+      .property<"arrangeStripBevel", "setArrangeStripBevel:", &ThemeUtility::arrangeStripBevel>()
+      .registered();
+}
+
+}  // namespace velura
