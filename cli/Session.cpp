@@ -18,7 +18,7 @@ std::string applicationSupport() {
 }
 
 void storeSelectedTheme(const char* name) {
-  const Ref<NSUserDefaults> suite = NSUserDefaults::suiteNamed(string(velura::kCompanionSuite));
+  const Ref<NSUserDefaults> suite = NSUserDefaults::suiteNamed(literal<velura::kCompanionSuite>());
   suite->setObject(string(name), literal<"kLastSelectedTheme">());
   call<"synchronize", BOOL>(suite.get().object);
 }
@@ -27,6 +27,7 @@ bool linkThemeFile(const std::string& themeFolder, std::string& error) {
   const fs::path folder = applicationSupport() + "/Velura";
   std::error_code failure;
   fs::create_directories(folder, failure);
+  if (!failure) fs::remove(folder / "PluginHelper.plist", failure);
   if (!failure) {
     fs::create_symlink(fs::absolute(themeFolder) / "PluginHelper.plist", folder / "PluginHelper.plist", failure);
   }

@@ -4,10 +4,14 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
 #include "cocoa/Foundation.h"
+#include "plugin/gradient/VLRStripBevel.h"
+#include "plugin/gradient/VLRStripGradient.h"
+#include "plugin/theme/ColourString.h"
 #include "plugin/theme/PropertyListReader.h"
 #include "plugin/theme/ThemeKeys.h"
 
@@ -24,6 +28,44 @@ std::string fileProblem(const std::string& path) {
   if (::access(path.c_str(), R_OK) != 0) return std::strerror(errno);
   if (status.st_size == 0) return "empty";
   return {};
+}
+
+bool isColour(NSObject value) {
+  return as<NSString>(value) && velura::parseColourString(toStdString(as<NSString>(value)));
+}
+bool isGradient(NSObject value) {
+  return as<NSString>(value) && velura::parseGradient(toStdString(as<NSString>(value)));
+}
+bool isBevel(NSObject value) { return as<NSString>(value) && velura::parseBevel(toStdString(as<NSString>(value))); }
+bool isNumber(NSObject value) { return as<NSNumber>(value) || as<NSString>(value); }
+bool isDictionary(NSObject value) { return static_cast<bool>(as<NSDictionary>(value)); }
+
+struct KindCheck {
+  velura::ThemeKeyKind kind;
+  bool (*fits)(NSObject);
+  const char* expected;
+};
+constexpr KindCheck kChecks[] = {
+    {velura::ThemeKeyKind::kColour, isColour, "a colour such as sRGBColor:{255, 128, 0, 100}"},
+    {velura::ThemeKeyKind::kGradient, isGradient, "a gradient such as LinearGradient:{{62,62,66,100},{40,40,44,100},V}"},
+    {velura::ThemeKeyKind::kBevel, isBevel, "a bevel such as Bevel:{R,2,30}"},
+    {velura::ThemeKeyKind::kFlag, isNumber, "true or false"},
+    {velura::ThemeKeyKind::kPercentage, isNumber, "a whole number"},
+    {velura::ThemeKeyKind::kPoints, isNumber, "a whole number"},
+    {velura::ThemeKeyKind::kPluginGroups, isDictionary, "a dictionary"},
+};
+
+/// What the plug-in will leave aside, key by key.
+std::vector<std::string> unfitValues(const std::string& path, NSDictionary theme) {
+  std::vector<std::string> found;
+  for (const velura::ThemeKeyRow& row : velura::kThemeKeys) {
+    const NSObject value = theme.objectForKey(string(row.name));
+    if (!value) continue;
+    const auto* check = std::find_if(std::begin(kChecks), std::end(kChecks), [&](const auto& c) { return c.kind == row.kind; });
+    if (check->fits(value)) continue;
+    found.push_back(path + ": " + std::string(row.name) + ": ignored, expected " + check->expected);
+  }
+  return found;
 }
 
 }  // namespace
@@ -45,6 +87,7 @@ bool checkTheme(const std::string& folder, std::string& error, std::vector<std::
     error = path + ": the top of the property list is not a dictionary";
     return false;
   }
+  warnings = unfitValues(path, theme);
   return true;
 }
 

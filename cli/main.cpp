@@ -1,7 +1,10 @@
 // The `velura` command.
 
 #include <CLI/CLI.hpp>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
+#include <map>
 
 #include "cli/PrivateFolders.h"
 #include "cli/Session.h"

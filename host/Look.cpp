@@ -134,7 +134,7 @@ const char* catalogueName(Look which) { return kRows[static_cast<std::size_t>(wh
 void registerLook() {
   for (const Row& row : kRows) {
     if (row.catalogueName != nullptr) {
-      standin::registerCatalogueColour("#$assets-mainBundleID", row.catalogueName, look(row.which));
+      standin::registerCatalogueColor("#$assets-mainBundleID", row.catalogueName, look(row.which));
     }
   }
 }

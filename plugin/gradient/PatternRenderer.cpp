@@ -88,7 +88,7 @@ bool isRenderable(double side) { return side >= kSmallestSide && side <= kLarges
 
 Plan planFor(const PatternLook& look) {
   Plan plan;
-  plan.gradient = look.stops != nullptr && look.stops->count >= 2;
+  plan.gradient = look.stops != nullptr && look.stops->count >= kFewestStops;
   plan.bevel = look.bevel != nullptr && look.bevelStyle != 0;
   plan.angle = plan.gradient ? look.angleDegrees : kVertical;
   plan.imageSize = {std::ceil(look.size.width), std::ceil(look.size.height)};
@@ -146,7 +146,7 @@ void fill(CGRect rect, NSColor colour) {
 void drawBase(const PatternLook& look, const Plan& plan, CGRect whole) {
   if (plan.gradient) {
     const GradientStops& stops = *look.stops;
-    id colours[kMostGradientStops];
+    id colours[kMostStops];
     for (std::size_t i = 0; i < stops.count; ++i) colours[i] = stops.colours[i].object;
     const Ref<NSGradient> gradient = NSGradient::withColors(NSArray::arrayWithObjects(colours, stops.count),
                                                             stops.locations.data(), NSColorSpace::sRGBColorSpace());
@@ -182,7 +182,7 @@ NSColor rendered(const PatternLook& look, const Plan& plan) {
 /// The stops of two parallel arrays; nothing when they do not match, or are too few or too many.
 bool readStops(NSArray colours, NSArray locations, GradientStops& out) {
   const NSUInteger count = colours.count();
-  if (count < 2 || count > kMostGradientStops || count != locations.count()) return false;
+  if (count < kFewestStops || count > kMostStops || count != locations.count()) return false;
   for (NSUInteger i = 0; i < count; ++i) {
     out.append(cast<NSColor>(colours.objectAtIndex(i)), cast<NSNumber>(locations.objectAtIndex(i)).doubleValue());
   }

@@ -5,22 +5,21 @@
 #include <cstddef>
 
 #include "cocoa/AppKit.h"
+#include "plugin/gradient/VLRStripGradient.h"
 
 namespace velura {
 
 struct VLRStripBevel;
 
-inline constexpr std::size_t kMostGradientStops = 24;
-
 /// Colours along a gradient, each at a location from 0 to 1. The colours are not retained.
 struct GradientStops {
   std::size_t count = 0;
-  std::array<NSColor, kMostGradientStops> colours;
-  std::array<double, kMostGradientStops> locations{};
+  std::array<NSColor, kMostStops> colours;
+  std::array<double, kMostStops> locations{};
 
   /// False when there is no room for another stop.
   bool append(NSColor colour, double location) {
-    if (count == kMostGradientStops) return false;
+    if (count == kMostStops) return false;
     colours[count] = colour;
     locations[count++] = location;
     return true;

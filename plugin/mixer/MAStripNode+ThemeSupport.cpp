@@ -201,7 +201,7 @@ void drawTitle(NSString title, CGSize size, NSColor colour) {
   attributes.setObject(font, NSFontAttributeName);
   attributes.setObject(colour, NSForegroundColorAttributeName);
   attributes.setObject(style.get(), NSParagraphStyleAttributeName);
-  drawInRect(title, CGRectMake(0, (size.height - (height - 1)) / 2, size.width, height - 1), attributes);
+  text::drawInRect(title, CGRectMake(0, (size.height - (height - 1)) / 2, size.width, height - 1), attributes);
 }
 
 Ref<NSBitmapImageRep> titleBitmap(NSString title, CGSize size, double scale, NSColor colour) {

@@ -72,10 +72,10 @@ bool isStripStyled(const ThemeUtility& theme, bool highlighted) {
 
 NSColor customBackgroundColor(MATextNode text) {
   const NSColor host = BackgroundColor::callHost(text);
-  if (!showsStripBehind(text)) return host;
-  const auto strip = cast<MAStripNode>(text.parent());
-  const bool plain = host && (host.isEqual(call<"customHighlightedBackgroundColor", NSColor>(strip)) ||
-                              host.isEqual(call<"customBackgroundColor", NSColor>(strip)));
+  const auto strip = as<MAStripNode>(text.parent());
+  if (!strip || !showsStripBehind(text)) return host;
+  const bool plain =
+      host && (host.isEqual(hostHighlightedBackgroundColor(strip)) || host.isEqual(hostBackgroundColor(strip)));
   if (!plain) return host;
   const ThemeUtility& theme = ThemeUtility::shared();
   const bool highlighted = strip.isHighlighted();

@@ -1,6 +1,8 @@
 #include "tests/support/Theme.h"
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -86,6 +88,28 @@ host::Song sampleSong() {
   auto song = host::readSong(VELURA_SOURCE_DIR "/songs/night-drive.json", error);
   EXPECT_TRUE(song) << error;
   return song ? *song : host::Song();
+}
+
+bool inChild(const std::function<bool()>& body) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    const bool good = body();
+    ::_exit(good && !testing::Test::HasFailure() ? 0 : 1);
+  }
+  int status = -1;
+  ::waitpid(child, &status, 0);
+  return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+CommandResult run(const std::string& command) {
+  CommandResult result;
+  FILE* pipe = ::popen((command + " 2>&1").c_str(), "r");
+  if (pipe == nullptr) return result;
+  char buffer[4096];
+  while (const std::size_t got = std::fread(buffer, 1, sizeof buffer, pipe)) result.output.append(buffer, got);
+  const int status = ::pclose(pipe);
+  result.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  return result;
 }
 
 }  // namespace support

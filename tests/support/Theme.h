@@ -1,6 +1,7 @@
 #pragma once
 // A theme of a test's own, and a host that shows it.
 
+#include <functional>
 #include <initializer_list>
 #include <string>
 #include <utility>
@@ -40,6 +41,16 @@ host::Song songOf(std::initializer_list<host::Track> tracks);
 
 /// The sample song of the repository.
 host::Song sampleSong();
+
+/// Runs `body` in a process of its own, as for another theme. True when it returns true there.
+bool inChild(const std::function<bool()>& body);
+
+/// Runs a shell command. Returns its exit status, and what it wrote to both outputs.
+struct CommandResult {
+  int status = -1;
+  std::string output;
+};
+CommandResult run(const std::string& command);
 
 /// Reads a whole file; "" when there is none.
 std::string fileContents(const std::string& path);

@@ -1,0 +1,461 @@
+// Strips as the host draws them with the bundle loaded.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "cocoa/Call.h"
+#include "cocoa/Exception.h"
+#include "cocoa/Override.h"
+#include "host/mixer/MANode.h"
+#include "host/mixer/MATextNode.h"
+#include "host/mixer/MixerData.h"
+#include "tests/support/Colours.h"
+#include "tests/support/Theme.h"
+
+namespace {
+
+using namespace cocoa;
+using host::StripType;
+using host::Track;
+using support::colour;
+using support::patternPixel;
+using support::patternSize;
+using support::Rgba;
+using support::rgba;
+using support::ThemeFile;
+
+constexpr Rgba kTrackColour{200, 100, 50};
+const Rgba kHostStrip{62, 63, 66};
+const Rgba kHostHighlight{92, 95, 102};
+
+Track track(StripType type, bool folder = false) {
+  Track made;
+  made.type = type;
+  made.folder = folder;
+  made.name = "Track";
+  made.colour = host::SongColour{200, 100, 50};
+  return made;
+}
+
+/// A host that shows one strip of each kind: audio, folder, aux, bus, instrument, and one of an unnamed kind.
+class Strips : public testing::Test {
+ protected:
+  enum Index : NSUInteger { kAudio, kFolder, kAux, kBus, kInstrument, kOther };
+
+  void start(const ThemeFile& theme, const std::string& reference = {}, host::HostOptions options = {}) {
+    host::Song song = support::songOf({track(StripType::kAudio), track(StripType::kAudio, true), track(StripType::kAux),
+                                       track(StripType::kBus), track(StripType::kInstrument), track(StripType::kOther)});
+    application_ = support::start(support::writeTheme(theme.list(), reference), std::move(song), std::move(options));
+    ASSERT_TRUE(application_);
+  }
+  [[nodiscard]] NSObject strip(NSUInteger index) const { return application_->mixer().strips().objectAtIndex(index); }
+  [[nodiscard]] NSColor background(NSUInteger index) const { return call<"backgroundColor", NSColor>(strip(index)); }
+  [[nodiscard]] NSColor highlighted(NSUInteger index) const {
+    return call<"highlightedBackgroundColor", NSColor>(strip(index));
+  }
+  [[nodiscard]] NSObject section(NSUInteger index, const char* name) const {
+    return call<"childNodeWithName:", NSObject>(strip(index), string(name));
+  }
+  AutoreleasePool pool_;
+  std::unique_ptr<host::Application> application_;
+};
+
+TEST_F(Strips, TakeTheColoursOfTheirKind) {
+  start(ThemeFile()
+            .text("stripBackgroundColor", colour(10, 11, 12))
+            .text("folderStripBackgroundColor", colour(20, 21, 22))
+            .text("auxStripBackgroundColor", colour(30, 31, 32))
+            .text("stripHighlightBackgroundColor", colour(110, 11, 12))
+            .text("folderStripHighlightBackgroundColor", colour(120, 21, 22))
+            .text("stripBorderColor", colour(1, 2, 3, 50)));
+  for (const NSUInteger normal : {kAudio, kBus, kInstrument, kOther}) {
+    EXPECT_EQ(rgba(background(normal)), (Rgba{10, 11, 12})) << normal;
+    EXPECT_EQ(rgba(highlighted(normal)), (Rgba{110, 11, 12})) << normal;
+  }
+  EXPECT_EQ(rgba(background(kFolder)), (Rgba{20, 21, 22}));
+  EXPECT_EQ(rgba(highlighted(kFolder)), (Rgba{120, 21, 22}));
+  EXPECT_EQ(rgba(background(kAux)), (Rgba{30, 31, 32}));
+  EXPECT_EQ(rgba(highlighted(kAux)), (Rgba{88, 92, 100})) << "an absent key leaves the host's own";
+  EXPECT_EQ(rgba(call<"borderColor", NSColor>(strip(kAudio))), (Rgba{1, 2, 3, 50}));
+  EXPECT_EQ(rgba(call<"customBackgroundColor", NSColor>(strip(kAudio))), kHostStrip);
+}
+
+TEST_F(Strips, TakeTheTrackColourAtTheOpacityOfTheirKind) {
+  start(ThemeFile()
+            .flag("useTrackColorAsStripBackground", true)
+            .integer("UseTrackColor_MixerOpacity", 40)
+            .integer("UseTrackColor_MixerHighlightedOpacity", 80)
+            .integer("UseTrackColor_MixerFolderOpacity", 0)
+            .integer("UseTrackColor_MixerAuxHighlightedOpacity", 7)
+            .text("folderStripBackgroundColor", colour(20, 21, 22)));
+  const auto faded = [](long alpha) { return Rgba{200, 100, 50, alpha}; };
+  EXPECT_EQ(rgba(background(kAudio)), faded(40));
+  EXPECT_EQ(rgba(highlighted(kAudio)), faded(80));
+  EXPECT_EQ(rgba(background(kFolder)), (Rgba{20, 21, 22})) << "opacity 0 leaves the track colour out";
+  EXPECT_EQ(rgba(highlighted(kFolder)), faded(100)) << "100 unless the theme says otherwise";
+  EXPECT_EQ(rgba(background(kAux)), faded(100)) << "from the data source: an aux strip colours no name";
+  EXPECT_EQ(rgba(highlighted(kAux)), faded(7));
+  EXPECT_EQ(rgba(background(kBus)), faded(40));
+  EXPECT_EQ(rgba(background(kOther)), faded(40)) << "no name at all: from the data source";
+}
+
+TEST_F(Strips, LayTheTrackColourOverTheThemesGradient) {
+  start(ThemeFile()
+            .flag("useTrackColorAsStripBackground", true)
+            .integer("UseTrackColor_MixerOpacity", 50)
+            .text("mixerStripBGGradient", "LinearGradient:{{0,0,0,100},{0,0,0,100},V}")
+            .text("mixerStripHighlightBGGradient", "LinearGradient:{{100,100,100,100},{100,100,100,100},V}")
+            .text("UseTrackColorGradient_Mixer", "AutoGradient:{10,-10,V}"));
+  EXPECT_TRUE(support::near(patternPixel(background(kAudio), 3, 100), {100, 50, 25}));
+  EXPECT_TRUE(support::near(patternPixel(highlighted(kAudio), 3, 100), kTrackColour));
+}
+
+TEST_F(Strips, ShadeTheTrackColourWhereThereIsNoStripGradient) {
+  start(ThemeFile()
+            .flag("useTrackColorAsStripBackground", true)
+            .integer("UseTrackColor_MixerOpacity", 50)
+            .text("UseTrackColorGradient_Mixer", "AutoGradient:{{20},{-20},V}"));
+  const NSColor pattern = background(kAudio);
+  const auto height = static_cast<long>(patternSize(pattern).height);
+  EXPECT_EQ(patternSize(pattern).width, 8);
+  EXPECT_TRUE(support::near(patternPixel(pattern, 0, 0), {251, 125, 63, 50}, 2)) << patternPixel(pattern, 0, 0);
+  EXPECT_TRUE(support::near(patternPixel(pattern, 0, height - 1), {149, 75, 37, 50}, 2));
+}
+
+TEST_F(Strips, ShowNoTrackColourThatTheNameFieldDoesNotShow) {
+  start(ThemeFile().flag("useTrackColorAsStripBackground", true));
+  const NSObject name = section(kAudio, "name");
+  struct Case {
+    const char* what;
+    NSColor behindTheName;
+    Rgba expected;
+  };
+  const Case kCases[] = {
+      {"a colour", NSColor::colorWithSRGBRed(1, 0, 0, 1), {255, 0, 0}},
+      {"as the strip", host::look(host::Look::kStripBackground), kHostStrip},
+      {"as the selected strip", host::look(host::Look::kStripHighlight), kHostStrip},
+      {"transparent", NSColor::colorWithSRGBRed(1, 0, 0, 0), kHostStrip},
+      {"none: the data source's", NSColor(), kTrackColour},
+  };
+  for (const Case& c : kCases) {
+    call<"setBackgroundColor:">(name, c.behindTheName);
+    EXPECT_EQ(rgba(background(kAudio)), c.expected) << c.what;
+  }
+}
+
+void raiseInstead(Class /*self*/) { NSException::raise(literal<"Refused">(), literal<"not now">()); }
+
+TEST_F(Strips, AskTheDataSourceOnlyWhenTheWindowShowsTrackColours) {
+  start(ThemeFile().flag("useTrackColorAsStripBackground", true));
+  const auto colourOf = [&] { return rgba(call<"getStripColorFromDataSource", NSColor>(strip(kBus))); };
+  const NSObject delegate = call<"delegate", NSObject>(application_->mixer().contentsView());
+  auto& window = stateOf<host::CLgMixerWindow>(call<"mixerFENSTER", NSObject>(delegate));
+  EXPECT_EQ(colourOf(), kTrackColour);
+  window.showsTrackColours = false;
+  EXPECT_EQ(colourOf(), rgba(NSColor()));
+  const Class controller = metaclassOf(classNamed("ChannelStripConfigController"));
+  class_replaceMethod(controller, selector<"createSaveConfigDict:">(),
+                      reinterpret_cast<IMP>(+[](Class self, SEL, id) -> id { return raiseInstead(self), nullptr; }),
+                      "@24@0:8@16");
+  EXPECT_EQ(colourOf(), kTrackColour) << "what the host raises is let go, and the colours are allowed";
+}
+
+TEST_F(Strips, PutTheMixersBackgroundBehindThem) {
+  struct Case {
+    const char* what;
+    ThemeFile theme;
+    Rgba expected;
+  };
+  const ThemeFile plain = ThemeFile().text("mixerBackgroundColor", colour(9, 8, 7));
+  const std::string gradient = "LinearGradient:{{70,60,50,40},{0,0,0,100},V}";
+  const Case kCases[] = {
+      {"nothing", ThemeFile(), {28, 28, 30}},
+      {"a colour", plain, {9, 8, 7}},
+      {"the gradient's first stop, opaque", ThemeFile(plain).text("mixerStripBGGradient", gradient), {70, 60, 50}},
+      {"the gradient, not matched",
+       ThemeFile(plain).text("mixerStripBGGradient", gradient).flag("mixerBGMatchGradient", false),
+       {9, 8, 7}},
+      {"an auto gradient without a base",
+       ThemeFile(plain).text("mixerStripBGGradient", "AutoGradient:{10,-10,V}"),
+       {9, 8, 7}},
+      {"an auto gradient over the strip's colour",
+       ThemeFile(plain)
+           .text("mixerStripBGGradient", "AutoGradient:{20,-10,V}")
+           .text("stripBackgroundColor", colour(0, 0, 102)),
+       {0, 0, 153}},
+  };
+  for (const Case& c : kCases) {
+    EXPECT_TRUE(support::inChild([&] {
+      start(c.theme);
+      const auto shown = rgba(call<"backgroundColor", NSColor>(application_->mixer().contentsView()));
+      EXPECT_EQ(shown, c.expected) << c.what;
+      return true;
+    })) << c.what;
+  }
+}
+
+// ---- Empty slots --------------------------------------------------------------------------------
+
+Ref<NSBitmapImageRep> drawnFrame(NSObject strip, bool knob) {
+  const Ref<NSBitmapImageRep> bitmap = NSBitmapImageRep::withBitmapDataPlanes(nullptr, 40, 20, 8, 4, true, false,
+                                                                              NSDeviceRGBColorSpace, 0, 32);
+  const CGContextRef context = NSGraphicsContext::graphicsContextWithBitmapImageRep(bitmap).CGContext();
+  const CGRect rect = CGRectMake(2, 2, 36, 16);
+  if (knob) {
+    call<"drawKnobFrame:inContext:">(strip, rect, context);
+  } else {
+    call<"drawSlotFrame:inContext:">(strip, rect, context);
+  }
+  return bitmap;
+}
+
+TEST_F(Strips, DrawEmptySlotsAndKnobs) {
+  struct Case {
+    const char* what;
+    ThemeFile theme;
+    bool selected;
+    bool knob;
+    Rgba middle;
+    Rgba nearCorner;  // 4 points in, 1 up: inside a corner of radius 4, outside one of radius 8
+  };
+  const ThemeFile colours = ThemeFile()
+                                .text("emptySlotBGColor", colour(10, 120, 30))
+                                .text("emptySlotSelectedBGColor", colour(200, 20, 30));
+  const Rgba hostFill{50, 51, 54};
+  const Rgba hostSelected{74, 77, 83};
+  const Rgba clear{0, 0, 0, 0};
+  const Case kCases[] = {
+      {"host slot", ThemeFile(), false, false, hostFill, hostFill},
+      {"host slot, selected", ThemeFile(), true, false, hostSelected, hostSelected},
+      {"host knob", ThemeFile(), false, true, hostFill, clear},
+      {"slot", colours, false, false, {10, 120, 30}, {10, 120, 30}},
+      {"selected slot", colours, true, false, {200, 20, 30}, {200, 20, 30}},
+      {"knob", colours, false, true, {10, 120, 30}, clear},
+      {"selected knob", colours, true, true, {200, 20, 30}, clear},
+      {"rounder slot", ThemeFile(colours).integer("emptySlotBGCornerRadius", 8), false, false, {10, 120, 30}, clear},
+      {"rounder, no colour: the edge alone", ThemeFile().integer("emptySlotBGCornerRadius", 8), false, false, clear,
+       clear},
+      {"a radius beyond the slot", ThemeFile(colours).integer("emptySlotBGCornerRadius", 4000), false, false,
+       {10, 120, 30}, clear},
+  };
+  for (const Case& c : kCases) {
+    EXPECT_TRUE(support::inChild([&] {
+      start(c.theme);
+      call<"setHighlightState:">(strip(kAudio), NSInteger(c.selected));
+      const Ref<NSBitmapImageRep> bitmap = drawnFrame(strip(kAudio), c.knob);
+      EXPECT_TRUE(support::near(support::pixel(bitmap, 20, 10), c.middle)) << support::pixel(bitmap, 20, 10);
+      const Rgba corner = support::pixel(bitmap, 4, 16);
+      EXPECT_EQ(corner.alpha > 50, c.nearCorner.alpha > 50) << corner;
+      return true;
+    })) << c.what;
+  }
+}
+
+CGImageRef titleImage(NSObject strip, const char* title, CGSize size, double scale) {
+  return call<"cachedElementTitleImageForLocalizedTitle:imageSize:scale:", CGImageRef>(strip, string(title), size, scale);
+}
+
+TEST_F(Strips, DrawTitlesOfEmptySlotsOncePerTitleAndSize) {
+  start(ThemeFile().text("emptySlotButtonLabelColor", colour(255, 0, 0)));
+  const CGImageRef first = titleImage(strip(kAudio), "Audio FX", {60.5, 18.9}, 1);
+  ASSERT_NE(first, nullptr);
+  EXPECT_EQ(CGImageGetWidth(first), 60U);
+  EXPECT_EQ(CGImageGetHeight(first), 18U);
+  EXPECT_EQ(titleImage(strip(kAudio), "Audio FX", {60.5, 18.9}, 2), first) << "the scale is no part of the key";
+  EXPECT_EQ(titleImage(strip(kBus), "Audio FX", {60.5, 18.9}, 1), first);
+  EXPECT_NE(titleImage(strip(kAudio), "Audio FX", {61, 18.9}, 1), first);
+  EXPECT_EQ(CGImageGetWidth(titleImage(strip(kAudio), "Sends", {60.5, 18.9}, 2)), 121U);
+  const auto bitmap = NSBitmapImageRep::withCGImage(first);
+  long red = 0;
+  for (long x = 0; x < 60; ++x) {
+    for (long y = 0; y < 18; ++y) red += support::pixel(bitmap, x, y) == Rgba{255, 0, 0} ? 1 : 0;
+  }
+  EXPECT_GT(red, 10) << "drawn in the label colour";
+  EXPECT_NE(titleImage(strip(kAudio), "", {60, 18}, 1), nullptr) << "an empty title draws nothing";
+  EXPECT_EQ(titleImage(strip(kAudio), "None", {0, 18}, 1), nullptr);
+}
+
+// ---- Texts ---------------------------------------------------------------------------------------
+
+TEST_F(Strips, ColourTheirTexts) {
+  start(ThemeFile()
+            .text("nameAndNumberTitleColor", colour(1, 0, 0))
+            .text("nameAndNumberTitleHighlightColor", colour(2, 0, 0))
+            .text("typeAndNumberTitleColor", colour(3, 0, 0))
+            .text("pannerTitleColor", colour(4, 0, 0))
+            .text("pannerTitleHighlightColor", colour(5, 0, 0)));
+  const auto textColour = [&](NSObject text) { return rgba(call<"foregroundColor", NSColor>(text)); };
+  const NSObject pan = section(kAudio, "pan");
+  const Ref<NSObject> readout = host::makeNode("MATextNode", "panner readout", {});
+  call<"addChild:">(pan, readout.get());
+  const Ref<NSObject> other = host::makeNode("MATextNode", "libraryIndicator", {});
+  struct Case {
+    NSObject text;
+    Rgba plain;
+    Rgba highlighted;
+  };
+  const Rgba hostText = textColour(other.get());
+  const Rgba hostLabel{150, 152, 158};
+  const Case kCases[] = {{section(kAudio, "name"), {1, 0, 0}, {2, 0, 0}},
+                         {section(kAudio, "number"), {1, 0, 0}, {2, 0, 0}},
+                         {section(kAudio, "label"), {3, 0, 0}, hostLabel},
+                         {readout.get(), {4, 0, 0}, {5, 0, 0}},
+                         {other.get(), hostText, hostText}};
+  for (const Case& c : kCases) EXPECT_EQ(textColour(c.text), c.plain) << toStdString(c.text.description());
+  call<"setHighlightState:">(strip(kAudio), NSInteger(1));
+  stateOf<host::MANode>(readout.get()).highlightState = 0;  // the knob's state decides, not its own
+  for (const Case& c : kCases) EXPECT_EQ(textColour(c.text), c.highlighted) << toStdString(c.text.description());
+}
+
+TEST_F(Strips, ShowThroughBehindTextsThatHaveNoColourOfTheirOwn) {
+  struct Case {
+    const char* what;
+    ThemeFile theme;
+    Rgba plain;
+    Rgba selected;
+  };
+  const Rgba clear{0, 0, 0, 0};
+  const ThemeFile colours = ThemeFile()
+                                .text("stripBackgroundColor", colour(10, 20, 30))
+                                .text("stripHighlightBackgroundColor", colour(40, 50, 60));
+  const std::string gradient = "LinearGradient:{{1,1,1,100},{2,2,2,100},V}";
+  const Case kCases[] = {
+      {"nothing themed", ThemeFile(), kHostStrip, kHostHighlight},
+      {"colours", colours, {10, 20, 30}, {40, 50, 60}},
+      {"gradient", ThemeFile(colours).text("mixerStripBGGradient", gradient), clear, clear},
+      {"highlight gradient", ThemeFile(colours).text("mixerStripHighlightBGGradient", gradient), {10, 20, 30}, clear},
+      {"bevel", ThemeFile(colours).text("mixerStripBevel", "Bevel:{R,2,30}"), clear, clear},
+      {"auto gradient, unused", ThemeFile(colours).text("UseTrackColorGradient_Mixer", "AutoGradient:{9,-9,V}"),
+       {10, 20, 30}, {40, 50, 60}},
+      {"auto gradient",
+       ThemeFile(colours)
+           .text("UseTrackColorGradient_Mixer", "AutoGradient:{9,-9,V}")
+           .flag("useTrackColorAsStripBackground", true),
+       clear, clear},
+      {"highlight gradient beside track colours",
+       ThemeFile(colours).text("mixerStripHighlightBGGradient", gradient).flag("useTrackColorAsStripBackground", true),
+       {10, 20, 30}, {40, 50, 60}},
+  };
+  for (const Case& c : kCases) {
+    EXPECT_TRUE(support::inChild([&] {
+      start(c.theme);
+      const NSObject number = section(kAudio, "number");
+      const NSObject name = section(kAudio, "name");
+      const auto behind = [](NSObject text) { return rgba(call<"backgroundColor", NSColor>(text)); };
+      EXPECT_EQ(behind(number), c.plain);
+      EXPECT_EQ(behind(name), kTrackColour) << "a colour of its own stays";
+      call<"setHighlightState:">(strip(kAudio), NSInteger(1));
+      EXPECT_EQ(behind(number), c.selected);
+      return true;
+    })) << c.what;
+  }
+}
+
+TEST_F(Strips, AreRedrawnWhenTheirNameChangesColour) {
+  start(ThemeFile().flag("useTrackColorAsStripBackground", true));
+  const auto redrawn = [&](const char* text, NSColor behind) {
+    call<"setNeedsDisplay:">(strip(kAudio), BOOL(0));
+    call<"setBackgroundColor:">(section(kAudio, text), behind);
+    return call<"needsDisplay", BOOL>(strip(kAudio)) != 0;
+  };
+  const NSColor red = NSColor::colorWithSRGBRed(1, 0, 0, 1);
+  EXPECT_TRUE(redrawn("name", red));
+  EXPECT_FALSE(redrawn("name", NSColor::colorWithSRGBRed(1, 0, 0, 1))) << "an equal colour changes nothing";
+  EXPECT_FALSE(redrawn("number", red));
+}
+
+// ---- Installation --------------------------------------------------------------------------------
+
+TEST_F(Strips, StayThemedWhenTheInstallerIsSentAgain) {
+  start(ThemeFile().text("stripBackgroundColor", colour(10, 11, 12)).text("nameAndNumberTitleColor", colour(1, 2, 3)));
+  for (const char* name : {"MAStripNode", "MATextNode", "NSColor"}) call<"addSwizzleMethod">(classNamed(name));
+  EXPECT_EQ(rgba(background(kAudio)), (Rgba{10, 11, 12}));
+  EXPECT_EQ(rgba(call<"foregroundColor", NSColor>(section(kAudio, "name"))), (Rgba{1, 2, 3}));
+  EXPECT_FALSE(respondsTo(asObject(classNamed("MAKnobNode")), selector<"addSwizzleMethod">()));
+}
+
+TEST_F(Strips, OfTheDefaultThemeHaveNoOverride) {
+  application_ = support::start("default", support::sampleSong());
+  const Method host = class_getInstanceMethod(classNamed("MAStripNode"), selector<"backgroundColor">());
+  const Method custom = class_getInstanceMethod(classNamed("MAStripNode"), selector<"customBackgroundColor">());
+  ASSERT_NE(custom, nullptr) << "the category is attached";
+  EXPECT_NE(method_getImplementation(host), method_getImplementation(custom));
+  EXPECT_EQ(rgba(background(1)), kHostStrip);
+}
+
+TEST_F(Strips, ColourTheTitlesOfTheHostsWindowsAndItsCatalogue) {
+  start(ThemeFile()
+            .text("windowTitleColor", colour(250, 10, 20))
+            .text("StepSequencerStepOn", colour(1, 2, 3))
+            .text("StepSequencerHeader_EmptyAreaBelow", colour(4, 5, 6)));
+  for (const auto kind : {host::WindowKind::kMixer, host::WindowKind::kStepSequencer}) {
+    const Ref<NSBitmapImageRep> bitmap = application_->draw(kind);
+    long coloured = 0;
+    for (long x = 0; x < bitmap->pixelsWide(); ++x) {
+      for (long y = 0; y < 28; ++y) coloured += support::near(support::pixel(bitmap, x, y), {250, 10, 20}, 3) ? 1 : 0;
+    }
+    EXPECT_GT(coloured, 10) << "the title is drawn in the theme's colour";
+  }
+  const auto catalogue = [](const char* catalogueName, const char* name) {
+    return rgba(NSColor::colorWithCatalogName(string(catalogueName), string(name)));
+  };
+  EXPECT_EQ(catalogue("#$assets-mainBundleID", "StepSequencerStepOn"), (Rgba{1, 2, 3}));
+  EXPECT_EQ(catalogue("#$assets-mainBundleID", "StepSequencerStepOff"), (Rgba{70, 72, 77})) << "the host's own";
+  EXPECT_EQ(catalogue("System", "StepSequencerStepOn"), rgba(NSColor())) << "another catalogue is the host's alone";
+  EXPECT_EQ(rgba(call<"stepSequencerRowHeadersBackgroundColor", NSColor>(classNamed("NSColor"))), (Rgba{4, 5, 6}));
+}
+
+// ---- Diagnostics: these tests create files under /tmp and run alone --------------------------------
+
+class SwitchFile : public Strips {};
+
+TEST_F(SwitchFile, DumpsTwelveLayoutsOfStrips) {
+  namespace fs = std::filesystem;
+  constexpr const char* kSwitch = "/tmp/vlr_dump_strip_nodes";
+  constexpr const char* kDump = "/tmp/vlr_strip_nodes_dump.txt";
+  const std::string victim = support::writeTheme("") + "/victim";
+  support::writeFile(victim, "untouched");
+  support::writeFile(kSwitch, "");
+  fs::remove(kDump);
+  fs::create_symlink(victim, kDump);
+  host::Song song;
+  for (int i = 0; i < 20; ++i) {  // each with another number of plug-ins, or a send more: 20 layouts
+    Track made = track(StripType::kAudio);
+    made.audioPlugIns.resize(static_cast<std::size_t>(i % 5));
+    made.sends.resize(static_cast<std::size_t>(i / 5 % 3));
+    made.notes = i >= 15 ? "notes" : "";
+    song.tracks.push_back(made);
+  }
+  application_ = support::start(support::writeTheme(ThemeFile().flag("x", true).list()), std::move(song));
+  fs::remove(kSwitch);
+  const std::string dump = support::fileContents(kDump);
+  fs::remove(kDump);
+  std::size_t sections = 0;
+  for (std::size_t at = dump.find("==== strip '"); at != std::string::npos; at = dump.find("==== strip '", at + 1)) {
+    ++sections;
+  }
+  EXPECT_EQ(sections, 12U);
+  EXPECT_TRUE(dump.starts_with("==== strip 'strip' frame={{0, 0}, {84, ")) << dump.substr(0, 80);
+  EXPECT_NE(dump.find(" parent=MANode ====\nMAStripNode 'strip' frame={{"), std::string::npos);
+  EXPECT_NE(dump.find("\n  MAFaderNode 'volumeFader' frame={{21, 98}, {26, 146}}\n    MAFaderKnobNode 'fader knob'"),
+            std::string::npos);
+  EXPECT_EQ(support::fileContents(victim), "untouched") << "a link is replaced, not followed";
+}
+
+TEST_F(SwitchFile, TurnsGradientsOff) {
+  constexpr const char* kSwitch = "/tmp/vlr_gradients_off";
+  support::writeFile(kSwitch, "");
+  start(ThemeFile()
+            .text("stripBackgroundColor", colour(10, 20, 30))
+            .text("mixerBackgroundColor", colour(9, 8, 7))
+            .text("mixerStripBGGradient", "LinearGradient:{{1,1,1,100},{2,2,2,100},V}"));
+  EXPECT_EQ(rgba(background(kAudio)), (Rgba{10, 20, 30}));
+  EXPECT_EQ(rgba(call<"backgroundColor", NSColor>(section(kAudio, "number"))), (Rgba{10, 20, 30}));
+  EXPECT_EQ(rgba(call<"vlrMixerBackgroundColor", NSColor>(
+                call<"sharedInstance", NSObject>(classNamed("ThemeUtility")))),
+            (Rgba{9, 8, 7}));
+  std::filesystem::remove(kSwitch);
+}
+
+}  // namespace
