@@ -59,6 +59,7 @@ std::optional<std::string> contentsOf(const char* path) {
 
 Ref<NSObject> parsedByFoundation(std::string_view bytes, PropertyListOptions options) {
   Ref<NSObject> list;
+  const AutoreleasePool pool;  // parsing leaves a multiple of the list's size behind
   const auto raised = guarded([&] {
     const NSData data = NSData::dataWithBytes(bytes.data(), bytes.size());
     NSUInteger format = 0;

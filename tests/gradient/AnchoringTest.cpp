@@ -1,0 +1,299 @@
+// Gradients tied to the sections of a strip, in a node tree of the host with the bundle loaded.
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "cocoa/Call.h"
+#include "host/mixer/MANode.h"
+#include "standin/Clock.h"
+#include "tests/support/Colours.h"
+#include "tests/support/Theme.h"
+
+namespace {
+
+using namespace cocoa;
+using support::ThemeFile;
+
+/// A mixer of bare strips, 600 points high, whose sections the test places itself.
+class Anchoring : public testing::Test {
+ protected:
+  void SetUp() override { standin::setClock(1000); }
+  void start(const ThemeFile& theme) {
+    application_ = support::start(support::writeTheme(theme.list()), support::songOf({host::Track{}}));
+    ASSERT_TRUE(application_);
+    root_ = host::makeNode("MANode", "mixer", CGRectMake(0, 0, 800, 600));
+  }
+  NSObject addStrip(double height = 600) {
+    const Ref<NSObject> strip = host::makeNode("MAStripNode", "strip", CGRectMake(0, 0, 84, height));
+    call<"addChild:">(root_.get(), strip.get());
+    return strip;
+  }
+  static NSObject addSection(NSObject strip, const char* name, double bottom, double height) {
+    const Ref<NSObject> section = host::makeNode("MANode", name, CGRectMake(0, bottom, 80, height));
+    call<"addChild:">(strip, section.get());
+    return section;
+  }
+  static double boundary(NSObject strip, const char* anchor) {
+    return call<"vlrBoundaryYForAnchor:", double>(strip, string(anchor));
+  }
+  static NSObject gradient(const char* text) {
+    return call<"gradientFromString:", NSObject>(classNamed("VLRStripGradient"), string(text));
+  }
+  /// The resolved locations; empty when the gradient cannot be resolved.
+  static std::vector<double> locations(NSObject strip, const char* text, NSColor base = NSColor()) {
+    id colours = nullptr;
+    id places = nullptr;
+    std::vector<double> found;
+    if (call<"vlrResolveGradient:baseColor:outColors:outLocations:", BOOL>(strip, gradient(text), base, &colours,
+                                                                           &places) == 0) {
+      return found;
+    }
+    for (const NSNumber place : items<NSNumber>(NSArray(places))) found.push_back(place.doubleValue());
+    EXPECT_EQ(NSArray(colours).count(), found.size());
+    return found;
+  }
+  AutoreleasePool pool_;
+  std::unique_ptr<host::Application> application_;
+  Ref<NSObject> root_;
+};
+
+struct AnchorCase {
+  const char* anchor;
+  std::vector<const char*> above;
+  std::vector<const char*> below;
+  double fallback;
+};
+
+const std::vector<AnchorCase>& anchors() {
+  static const std::vector<AnchorCase> all = {
+      {"gainreduction", {"setting", "libraryIndicator"}, {"gainReductionMeter"}, 535},
+      {"eq", {"gainReductionMeter", "setting", "libraryIndicator"}, {"equalizerThumbnail"}, 524},
+      {"midifx", {"setting", "gainReductionMeter", "equalizerThumbnail", "libraryIndicator"}, {"midiPlugIn"}, 480},
+      {"input", {"midiPlugIn", "equalizerThumbnail"}, {"input", "channelMode"}, 465},
+      {"audiofx", {"input", "channelMode", "midiPlugIn", "equalizerThumbnail"}, {"audioPlugIn", "masteringAssistant"}, 440},
+      {"inserts",
+       {"setting", "gainReductionMeter", "equalizerThumbnail", "libraryIndicator"},
+       {"midiPlugIn", "input", "audioPlugIn", "sendButton", "output", "channelMode", "masteringAssistant"},
+       490},
+      {"sends", {"midiPlugIn", "input", "audioPlugIn", "channelMode", "masteringAssistant"}, {"sendButton", "output"}, 395},
+      {"automation",
+       {"midiPlugIn", "input", "audioPlugIn", "sendButton", "output", "channelMode", "masteringAssistant"},
+       {"group", "automation", "icon"},
+       344},
+      {"pan", {"group", "automation", "icon", "sendButton", "output"}, {"pan"}, 297},
+      {"fader",
+       {"group", "automation", "icon", "pan"},
+       {"peak", "volume", "volumeFader", "volumeScale", "level", "levelScale"},
+       254},
+      {"name", {"mute", "bounce", "solo", "dim"}, {"name", "notes"}, 48},
+  };
+  return all;
+}
+
+TEST_F(Anchoring, FindsEveryBorderFromEitherSide) {
+  start(ThemeFile());
+  for (const AnchorCase& c : anchors()) {
+    for (const char* above : c.above) {
+      for (const char* below : c.below) {
+        call<"removeAllChildren">(root_.get());
+        const NSObject one = addStrip();
+        const NSObject two = addStrip();
+        const NSObject other = addStrip();
+        addSection(one, above, 320, 20);
+        addSection(one, below, 100, 180);
+        addSection(two, below, 280, 30);  // the border is found over all strips
+        addSection(two, above, 400, 20);
+        addSection(other, above, 10, 0);  // not shown
+        addSection(other, "unknown", 250, 200);
+        standin::setClock(CFAbsoluteTimeGetCurrent() + 3);
+        EXPECT_EQ(boundary(two, c.anchor), 315) << c.anchor << ": " << above << " over " << below;
+      }
+    }
+  }
+}
+
+TEST_F(Anchoring, FallsBackWhereSectionsAreMissingOrOverlap) {
+  start(ThemeFile());
+  for (const AnchorCase& c : anchors()) {
+    for (const char* what : {"none", "above", "below", "overlap", "touch"}) {
+      call<"removeAllChildren">(root_.get());
+      standin::setClock(CFAbsoluteTimeGetCurrent() + 3);
+      const NSObject strip = addStrip();
+      const std::string kind = what;
+      if (kind != "none" && kind != "below") addSection(strip, c.above.front(), 300, 20);
+      if (kind == "below" || kind == "overlap") addSection(addStrip(), c.below.front(), 290, 20);
+      if (kind == "touch") addSection(strip, c.below.front(), 280, 20);
+      EXPECT_EQ(boundary(strip, c.anchor), kind == "touch" ? 300 : c.fallback) << c.anchor << ", " << what;
+    }
+  }
+  EXPECT_EQ(boundary(addStrip(), "Fader"), -1);
+  EXPECT_EQ(boundary(addStrip(), ""), -1);
+}
+
+TEST_F(Anchoring, RemembersBordersOfOneLayoutForTwoSeconds) {
+  start(ThemeFile());
+  const NSObject strip = addStrip();
+  addSection(strip, "icon", 320, 20);
+  const NSObject pan = addSection(strip, "pan", 280, 30);
+  const auto move = [&](double bottom) { call<"setFrame:">(pan, CGRectMake(0, bottom, 80, 30)); };
+  EXPECT_EQ(boundary(strip, "pan"), 315);
+  move(260);
+  EXPECT_EQ(boundary(strip, "pan"), 315) << "remembered";
+  standin::setClock(1002);
+  EXPECT_EQ(boundary(strip, "pan"), 315) << "two seconds are not yet over";
+  standin::setClock(1002.01);
+  EXPECT_EQ(boundary(strip, "pan"), 305) << "time";
+
+  move(240);
+  const NSObject second = addStrip();
+  EXPECT_EQ(boundary(strip, "pan"), 295) << "the number of strips";
+
+  move(220);
+  call<"setFrame:">(second, CGRectMake(0, 0, 84, 500));
+  EXPECT_EQ(boundary(second, "pan"), 285) << "the height";
+  move(200);
+  EXPECT_EQ(boundary(strip, "pan"), 275) << "the height, back again: a moved section is noticed";
+  addSection(second, "pan", 290, 20);
+  call<"setFrame:">(second, CGRectMake(0, 0, 84, 480));
+  EXPECT_EQ(boundary(second, "pan"), 315) << "the asking strip's own sections count";
+
+  const Ref<NSObject> elsewhere = host::makeNode("MANode", "mixer", CGRectMake(0, 0, 800, 600));
+  const Ref<NSObject> other = host::makeNode("MAStripNode", "strip", CGRectMake(0, 0, 84, 480));
+  call<"addChild:">(elsewhere.get(), other.get());
+  EXPECT_EQ(boundary(other.get(), "pan"), 297) << "the mixer";
+}
+
+TEST_F(Anchoring, AsksAboutSectionsThatAreGoneWithoutHarm) {
+  start(ThemeFile());
+  const NSObject tall = addStrip();
+  const NSObject small = addStrip(500);
+  addSection(tall, "icon", 320, 20);
+  addSection(tall, "pan", 280, 30);
+  EXPECT_EQ(boundary(tall, "pan"), 315);
+  call<"removeAllChildren">(tall);  // the sections that decided the border are disposed of
+  EXPECT_EQ(boundary(small, "pan"), 297);
+}
+
+TEST_F(Anchoring, PlacesSortsAndSmoothsStops) {
+  start(ThemeFile());
+  struct Case {
+    const char* what;
+    const char* gradient;
+    double height;
+    std::vector<double> expected;
+  };
+  const Case kCases[] = {
+      {"no anchor, no smoothing: as written", "LinearGradient:{{1,1,1,100,30},{2,2,2,100,60},V}", 1, {0.3, 0.6}},
+      {"an anchor in its place", "LinearGradient:{{1,1,1,100,0},{2,2,2,100,@fader},{3,3,3,100,100},V}", 600,
+       {0, 1 - 254 / 600.0, 1}},
+      {"an anchor above a stop written before it",
+       "LinearGradient:{{1,1,1,100,0},{2,2,2,100,90},{3,3,3,100,@fader},V}", 600, {0, 1 - 254 / 600.0, 0.9}},
+      {"an anchor beyond the strip", "LinearGradient:{{1,1,1,100,50},{2,2,2,100,@eq},V}", 300, {0, 0.5}},
+      {"smoothing parts a hard edge",
+       "LinearGradient:{{1,1,1,100,0},{2,2,2,100,50},{3,3,3,100,50},{4,4,4,100,100},V,S6}", 600, {0, 0.495, 0.505, 1}},
+      {"never past the neighbours",
+       "LinearGradient:{{1,1,1,100,49},{2,2,2,100,50},{3,3,3,100,50},{4,4,4,100,51},V,S60}", 600,
+       {0.49, 0.49, 0.51, 0.51}},
+      {"three stops in one place: from those already moved",
+       "LinearGradient:{{1,1,1,100,50},{2,2,2,100,50},{3,3,3,100,50},V,S6}", 600, {0.495, 0.505, 0.5}},
+      {"edges at the ends stay inside", "LinearGradient:{{1,1,1,100,0},{2,2,2,100,0},V,S6}", 600, {0, 0.005}},
+      {"too low for an anchor", "LinearGradient:{{1,1,1,100,0},{2,2,2,100,@fader},V}", 1.9, {}},
+      {"too low for smoothing", "LinearGradient:{{1,1,1,100},{2,2,2,100},V,S4}", 1.9, {}},
+      {"no base for an auto gradient", "AutoGradient:{10,-10,V}", 600, {}},
+  };
+  for (const Case& c : kCases) {
+    const NSObject strip = addStrip(c.height);
+    const std::vector<double> found = locations(strip, c.gradient);
+    ASSERT_EQ(found.size(), c.expected.size()) << c.what;
+    for (std::size_t i = 0; i < found.size(); ++i) EXPECT_NEAR(found[i], c.expected[i], 1e-9) << c.what << ", " << i;
+  }
+  EXPECT_EQ(locations(addStrip(), "AutoGradient:{10,-10,V}", NSColor::whiteColor()).size(), 2U);
+}
+
+TEST_F(Anchoring, FailsOnABorderBelowTheStrip) {
+  start(ThemeFile());
+  const NSObject strip = addStrip();
+  addSection(strip, "icon", -20, 10);
+  addSection(strip, "pan", -60, 10);
+  EXPECT_EQ(boundary(strip, "pan"), -35);
+  EXPECT_TRUE(locations(strip, "LinearGradient:{{1,1,1,100,0},{2,2,2,100,@pan},V}").empty());
+}
+
+// ---- Which gradient a strip takes ------------------------------------------------------------------
+
+/// What a strip is given for a base, a state and an overlay: the base itself, nothing, or the colour at the
+/// middle of its top row.
+std::string applied(NSObject strip, NSColor base, bool highlighted, NSColor overlay) {
+  const auto result = call<"vlrApplyStripGradient:highlighted:overlayColor:", NSColor>(strip, base, BOOL(highlighted),
+                                                                                      overlay);
+  if (!result) return "nil";
+  if (result == base) return "base";
+  std::ostringstream text;
+  text << support::patternPixel(result, static_cast<long>(support::patternSize(result).width) / 2, 0);
+  return text.str();
+}
+
+TEST_F(Anchoring, ChoosesTheGradientOfTheStrip) {
+  const std::string plain = "LinearGradient:{{10,10,10,100},{10,10,10,100},V}";
+  const std::string selected = "LinearGradient:{{20,20,20,100},{20,20,20,100},V}";
+  const ThemeFile both = ThemeFile().text("mixerStripBGGradient", plain).text("mixerStripHighlightBGGradient", selected);
+  const NSColor base = NSColor::colorWithSRGBRed(0.4, 0.4, 0.4, 1);
+  const NSColor veil = NSColor::colorWithSRGBRed(1, 0, 0, 1);
+  const NSColor none;
+  struct Case {
+    const char* what;
+    ThemeFile theme;
+    NSColor base;
+    bool highlighted;
+    NSColor overlay;
+    const char* expected;
+  };
+  const ThemeFile autos = ThemeFile(both)
+                              .flag("useTrackColorAsStripBackground", true)
+                              .text("UseTrackColorGradient_Mixer", "AutoGradient:{20,-20,V}");
+  const ThemeFile bevel = ThemeFile().text("mixerStripBevel", "Bevel:{R,2,100}");
+  const Case kCases[] = {
+      {"nothing", ThemeFile(), base, false, none, "base"},
+      {"nothing, no base", ThemeFile(), none, false, none, "nil"},
+      {"the strip gradient", both, base, false, none, "(10, 10, 10, 100%)"},
+      {"the highlight gradient", both, base, true, none, "(20, 20, 20, 100%)"},
+      {"no highlight gradient", ThemeFile().text("mixerStripBGGradient", plain), base, true, none,
+       "(10, 10, 10, 100%)"},
+      {"a highlight gradient alone", ThemeFile().text("mixerStripHighlightBGGradient", selected), base, false, none,
+       "base"},
+      {"a gradient without a base", both, none, false, none, "nil"},
+      {"track colours without an auto gradient",
+       ThemeFile(both).flag("useTrackColorAsStripBackground", true), base, false, none, "base"},
+      {"track colours: the auto gradient", autos, base, false, none, "(153, 153, 153, 100%)"},
+      {"an overlay: the theme's gradient below it", autos, base, true,
+       NSColor::colorWithSRGBRed(1, 0, 0, 0), "(20, 20, 20, 100%)"},
+      {"an overlay covers", autos, base, false, veil, "(255, 0, 0, 100%)"},
+      {"an overlay alone", ThemeFile(), none, false, veil, "(255, 0, 0, 100%)"},
+      {"a bevel without a base", bevel, none, false, none, "nil"},
+  };
+  for (const Case& c : kCases) {
+    EXPECT_TRUE(support::inChild([&] {
+      const AutoreleasePool pool;
+      start(c.theme);
+      EXPECT_EQ(applied(addStrip(), c.base, c.highlighted, c.overlay), c.expected) << c.what;
+      return true;
+    })) << c.what;
+  }
+}
+
+TEST_F(Anchoring, GivesTheBevelOfTheState) {
+  start(ThemeFile().text("mixerStripBevel", "Bevel:{R,2,100,D}"));
+  const NSObject strip = addStrip();
+  const NSColor base = NSColor::colorWithSRGBRed(0.4, 0.4, 0.4, 1);
+  for (const bool highlighted : {false, true}) {
+    const auto pattern = call<"vlrApplyStripGradient:highlighted:", NSColor>(strip, base, BOOL(highlighted));
+    EXPECT_EQ(support::patternSize(pattern), (CGSize{84, 600}));
+    const long light = highlighted ? 0 : 255;
+    EXPECT_EQ(support::patternPixel(pattern, 0, 300), (support::Rgba{light, light, light}));
+    EXPECT_EQ(support::patternPixel(pattern, 83, 300), (support::Rgba{255 - light, 255 - light, 255 - light}));
+    EXPECT_EQ(support::patternPixel(pattern, 42, 0), (support::Rgba{102, 102, 102})) << "the top is not bevelled";
+  }
+}
+
+}  // namespace

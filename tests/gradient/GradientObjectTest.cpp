@@ -1,0 +1,125 @@
+// Gradients and bevels as objects, and the switch file.
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <filesystem>
+
+#include "cocoa/Call.h"
+#include "plugin/gradient/GradientSwitch.h"
+#include "plugin/gradient/VLRStripBevel.h"
+#include "plugin/gradient/VLRStripGradient.h"
+#include "standin/Clock.h"
+#include "tests/support/Theme.h"
+
+namespace velura {
+namespace {
+
+using namespace cocoa;
+
+class GradientObject : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    defineVLRStripGradient();
+    defineVLRStripBevel();
+  }
+  static NSObject gradient(NSObject value) {
+    return call<"gradientFromString:", NSObject>(classNamed("VLRStripGradient"), value);
+  }
+  static NSObject bevel(NSObject value) {
+    return call<"bevelFromString:", NSObject>(classNamed("VLRStripBevel"), value);
+  }
+  static NSString described(NSArray colours) { return colours.componentsJoinedByString(string("; ")); }
+  AutoreleasePool pool_;
+};
+
+std::string hexOf(NSColor colour) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%.3f %.3f %.3f %.3f", colour.redComponent(), colour.greenComponent(),
+                colour.blueComponent(), colour.alphaComponent());
+  return text;
+}
+
+TEST_F(GradientObject, AnswersItsProperties) {
+  const NSObject linear = gradient(string("LinearGradient:{{255,0,0,100,10},{0,0,51,50,@fader},V,S4}"));
+  ASSERT_TRUE(linear);
+  EXPECT_EQ((call<"mode", NSInteger>(linear)), 0);
+  EXPECT_TRUE(asks<"hasAnchors">(linear.object));
+  EXPECT_EQ((call<"angleDegrees", double>(linear)), 180);
+  EXPECT_EQ((call<"smoothingPoints", double>(linear)), 4);
+  EXPECT_FALSE((call<"stopDeltas", NSArray>(linear)));
+  const auto colours = call<"stopColorsForBase:", NSArray>(linear, NSColor());
+  EXPECT_EQ(colours, (call<"stopColors", NSArray>(linear)));
+  EXPECT_EQ(hexOf(cast<NSColor>(colours.objectAtIndex(1))), "0.000 0.000 0.200 0.500");
+  const auto anchors = call<"stopAnchors", NSArray>(linear);
+  EXPECT_EQ(anchors.objectAtIndex(0), NSObject(NSNull::null()));
+  EXPECT_EQ(toStdString(as<NSString>(anchors.objectAtIndex(1))), "fader");
+  EXPECT_EQ(cast<NSNumber>(call<"stopLocations", NSArray>(linear).objectAtIndex(1)).doubleValue(), -1);
+}
+
+TEST_F(GradientObject, DerivesColoursFromTheBase) {
+  const NSObject automatic = gradient(string("AutoGradient:{{20},{-100},V}"));
+  EXPECT_EQ((call<"mode", NSInteger>(automatic)), 1);
+  EXPECT_FALSE((call<"stopColors", NSArray>(automatic)));
+  EXPECT_FALSE((call<"stopColorsForBase:", NSArray>(automatic, NSColor())));
+  const auto stops = call<"stopColorsForBase:", NSArray>(automatic, NSColor::colorWithSRGBRed(0.6, 0.3, 0.3, 0.25));
+  ASSERT_EQ(stops.count(), 2U);
+  EXPECT_EQ(hexOf(cast<NSColor>(stops.objectAtIndex(0))), "0.800 0.400 0.400 0.250");
+  EXPECT_EQ(hexOf(cast<NSColor>(stops.objectAtIndex(1))), "0.000 0.000 0.000 0.250");
+  const auto shifted = [&](NSColor base, NSInteger delta) {
+    return call<"colorForBase:delta:", NSColor>(automatic, base, delta);
+  };
+  EXPECT_EQ(hexOf(shifted(NSColor::colorWithSRGBRed(1, 1, 1, 1), 20)), "1.000 1.000 1.000 1.000");
+  EXPECT_EQ(hexOf(shifted(NSColor::colorWithSRGBRed(0.5, 0.5, 0.5, 1), NSInteger(INT64_MAX))),
+            "1.000 1.000 1.000 1.000");
+  EXPECT_EQ(
+      hexOf(shifted(NSColor::colorWithCalibratedWhite(0, 0.5), 0).colorUsingColorSpace(NSColorSpace::sRGBColorSpace())),
+      "0.000 0.000 0.000 0.500");
+  // A pattern has no components: it comes back as it is.
+  const NSColor pattern = NSColor::colorWithPatternImage(NSImage::withSize({2, 2}));
+  EXPECT_EQ(shifted(pattern, 10), pattern);
+}
+
+TEST_F(GradientObject, NothingButAStringMakesOne) {
+  const unsigned short surrogate[] = {0xD800, 'x'};
+  const auto broken = call<"stringWithCharacters:length:", NSString>(
+      classNamed("NSString"), static_cast<const void*>(surrogate), NSUInteger(2));
+  const unsigned short zero[] = {'B', 'e', 'v', 'e', 'l', ':', '{', 'R', ',', '2', ',', '3', '}', 0, 'x'};
+  const auto longer = call<"stringWithCharacters:length:", NSString>(
+      classNamed("NSString"), static_cast<const void*>(zero), NSUInteger(std::size(zero)));
+  const NSObject values[] = {
+      NSObject(), NSNumber::numberWithLong(3), NSArray::array(), NSNull::null(), string(""), broken, longer};
+  for (const NSObject value : values) {
+    EXPECT_FALSE(gradient(value));
+    EXPECT_FALSE(bevel(value));
+  }
+}
+
+TEST_F(GradientObject, ABevelMayTurnWhenSelected) {
+  const NSObject turning = bevel(string("Bevel:{R,2,30,D}"));
+  ASSERT_TRUE(turning);
+  EXPECT_EQ((call<"styleForHighlighted:", NSInteger>(turning, BOOL(0))), 1);
+  EXPECT_EQ((call<"styleForHighlighted:", NSInteger>(turning, BOOL(1))), 2);
+  EXPECT_EQ((call<"width", double>(turning)), 2);
+  EXPECT_EQ((call<"strength", double>(turning)), 30);
+}
+
+TEST(SwitchFile, IsTestedAtMostOnceASecond) {
+  constexpr const char* kFile = "/tmp/vlr_gradients_off";
+  std::filesystem::remove(kFile);
+  standin::setClock(1000);
+  EXPECT_FALSE(VLRGradientsDisabled());
+  support::writeFile(kFile, "");
+  standin::setClock(1001);
+  EXPECT_FALSE(VLRGradientsDisabled()) << "the second is not over yet";
+  standin::setClock(1001.1);
+  EXPECT_TRUE(VLRGradientsDisabled());
+  std::filesystem::remove(kFile);
+  standin::setClock(1002);
+  EXPECT_TRUE(VLRGradientsDisabled());
+  standin::setClock(1002.2);
+  EXPECT_FALSE(VLRGradientsDisabled());
+}
+
+}  // namespace
+}  // namespace velura
