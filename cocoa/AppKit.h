@@ -119,7 +119,7 @@ extern NSString NSNamedColorSpace;
 extern NSString NSPatternColorSpace;
 extern NSApplication NSApp;
 
-/// With the current colour and source-over.
+/// Replaces what is there by the current colour.
 void NSRectFill(NSRect rect);
 void NSRectFillUsingOperation(NSRect rect, NSCompositingOperation operation);
 void NSFrameRect(NSRect rect);

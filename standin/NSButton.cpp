@@ -1,0 +1,114 @@
+// NSButton and NSButtonCell.
+
+#include "standin/Cell.h"
+
+using namespace cocoa;
+
+namespace standin {
+
+namespace {
+
+/// State of an NSButtonCell.
+struct ButtonCell : ObjectState {
+  Ref<NSString> title;
+  Ref<NSAttributedString> attributedTitle;
+  Ref<NSColor> backgroundColor;
+
+  CellState& cell() { return stateOf<CellState>(self); }
+  NSString titleHandle() {
+    if (attributedTitle) return attributedTitle->string();
+    return title ? title.get() : literal<"">();
+  }
+  void setTitle(NSString text) {
+    title = text;
+    attributedTitle = {};
+    cell().redraw();
+  }
+  NSAttributedString styledTitle() {
+    if (attributedTitle) return attributedTitle;
+    const auto color = NSColor::colorWithSRGBRed(1, 1, 1, cell().enabled ? 0.85 : 0.25);
+    return attributed(title, cell().fontHandle(), color, NSTextAlignmentCenter, NSLineBreakByTruncatingTail);
+  }
+  void setStyledTitle(NSAttributedString text) {
+    attributedTitle = text;
+    cell().redraw();
+  }
+  void drawWithFrame(NSRect frame, NSView view) {
+    call<"drawBezelWithFrame:inView:">(self, frame, view);
+    NSCell(self).drawInteriorWithFrame(frame, view);
+  }
+  void drawBezel(NSRect frame, NSView) {
+    Context* context = currentContext();
+    if (context == nullptr) return;
+    const SavedState saved(*context);
+    if (backgroundColor) {
+      backgroundColor->set();
+      NSBezierPath::fillRect(frame);
+    }
+    if (!cell().bordered) return;
+    constexpr double kRadius = 5;
+    const double white = cell().highlighted || cell().state == 1 ? 0.3 : 0.15;
+    NSColor::colorWithSRGBRed(1, 1, 1, white).set();
+    NSBezierPath::bezierPathWithRoundedRect(frame.insetBy(0.5, 0.5), kRadius, kRadius).fill();
+  }
+  void drawInterior(NSRect frame, NSView view) {
+    if (const NSImage image = NSCell(self).image()) {
+      call<"drawImage:withFrame:inView:">(self, image, frame, view);
+    } else if (titleHandle().length() > 0) {
+      call<"drawTitle:withFrame:inView:", NSRect>(self, NSButtonCell(self).attributedTitle(), frame, view);
+    }
+  }
+  void drawImage(NSImage image, NSRect frame, NSView) {
+    const NSSize size = image.size();
+    image.drawInRect({{frame.midX() - size.width / 2, frame.midY() - size.height / 2}, size});
+  }
+  NSRect drawTitle(NSAttributedString text, NSRect frame, NSView) {
+    drawCentered(text, frame);
+    return frame;
+  }
+};
+
+/// NSButton adds no state of its own to its cell's.
+struct Button : ObjectState {};
+
+Class cellClass(Class) { return classNamed<"NSButtonCell">(); }
+
+template <FixedString Selector, class R>
+R fromCell(NSControl control) {
+  return call<Selector, R>(control.cell());
+}
+template <FixedString Selector, class V>
+void toCell(NSControl control, V value) {
+  call<Selector>(control.cell(), value);
+}
+
+}  // namespace
+
+void registerButtons() {
+  ClassDefinition<ButtonCell>("NSButtonCell", "NSCell")
+      .method<"title", &ButtonCell::titleHandle>()
+      .method<"setTitle:", &ButtonCell::setTitle>()
+      .method<"attributedTitle", &ButtonCell::styledTitle>()
+      .method<"setAttributedTitle:", &ButtonCell::setStyledTitle>()
+      .property<"backgroundColor", "setBackgroundColor:", &ButtonCell::backgroundColor>()
+      .method<"drawWithFrame:inView:", &ButtonCell::drawWithFrame>()
+      .method<"drawBezelWithFrame:inView:", &ButtonCell::drawBezel>()
+      .method<"drawInteriorWithFrame:inView:", &ButtonCell::drawInterior>()
+      .method<"drawImage:withFrame:inView:", &ButtonCell::drawImage>()
+      .method<"drawTitle:withFrame:inView:", &ButtonCell::drawTitle>()
+      .registered();
+  ClassDefinition<Button>("NSButton", "NSControl").classMethod<"cellClass", cellClass>().registered();
+  CategoryDefinition("NSButton")
+      .method<"title", fromCell<"title", NSString>>()
+      .method<"setTitle:", toCell<"setTitle:", NSString>>()
+      .method<"attributedTitle", fromCell<"attributedTitle", NSAttributedString>>()
+      .method<"setAttributedTitle:", toCell<"setAttributedTitle:", NSAttributedString>>()
+      .method<"image", fromCell<"image", NSImage>>()
+      .method<"setImage:", toCell<"setImage:", NSImage>>()
+      .method<"state", fromCell<"state", NSInteger>>()
+      .method<"setState:", toCell<"setState:", NSInteger>>()
+      .method<"isBordered", fromCell<"isBordered", BOOL>>()
+      .method<"setBordered:", toCell<"setBordered:", BOOL>>();
+}
+
+}  // namespace standin

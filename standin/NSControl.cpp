@@ -1,0 +1,71 @@
+#include "standin/Cell.h"
+
+using namespace cocoa;
+
+namespace standin {
+
+namespace {
+
+Class cellClass(Class) { return classNamed<"NSCell">(); }
+
+/// Answers by asking the control's cell the same question.
+template <FixedString Selector, class R>
+R fromCell(NSControl control) {
+  return call<Selector, R>(control.cell());
+}
+template <FixedString Selector, class V>
+void toCell(NSControl control, V value) {
+  call<Selector>(control.cell(), value);
+}
+
+void drawCell(NSControl control, NSRect) { control.cell().drawWithFrame(control.bounds(), control); }
+
+}  // namespace
+
+ControlState::~ControlState() {
+  if (cell && stateOf<CellState>(cell).controlView == self) stateOf<CellState>(cell).controlView = nullptr;
+}
+
+id ControlState::initWithFrame(NSRect frame) {
+  const id made = superSend<ControlState, id>(self, selector<"initWithFrame:">(), frame);
+  const auto cls = call<"cellClass", Class>(object_getClass(self));
+  const auto fresh = Ref<NSCell>::adopt(call<"init", NSCell>(call<"alloc", id>(cls)));
+  NSControl(self).setCell(fresh);
+  return made;
+}
+
+void ControlState::setCell(NSCell changed) {
+  if (cell && stateOf<CellState>(cell).controlView == self) stateOf<CellState>(cell).controlView = nullptr;
+  cell = changed;
+  cell->setControlView(NSView(self));
+}
+
+void registerControls() {
+  ClassDefinition<ControlState>("NSControl", "NSView")
+      .classMethod<"cellClass", cellClass>()
+      .method<"initWithFrame:", &ControlState::initWithFrame>()
+      .method<"cell", &ControlState::cellHandle>()
+      .method<"setCell:", &ControlState::setCell>()
+      .property<"tag", "setTag:", &ControlState::tag>()
+      .registered();
+  CategoryDefinition("NSControl")
+      .method<"stringValue", fromCell<"stringValue", NSString>>()
+      .method<"setStringValue:", toCell<"setStringValue:", NSString>>()
+      .method<"attributedStringValue", fromCell<"attributedStringValue", NSAttributedString>>()
+      .method<"setAttributedStringValue:", toCell<"setAttributedStringValue:", NSAttributedString>>()
+      .method<"font", fromCell<"font", NSFont>>()
+      .method<"setFont:", toCell<"setFont:", NSFont>>()
+      .method<"alignment", fromCell<"alignment", NSTextAlignment>>()
+      .method<"setAlignment:", toCell<"setAlignment:", NSTextAlignment>>()
+      .method<"lineBreakMode", fromCell<"lineBreakMode", NSLineBreakMode>>()
+      .method<"setLineBreakMode:", toCell<"setLineBreakMode:", NSLineBreakMode>>()
+      .method<"target", fromCell<"target", NSObject>>()
+      .method<"setTarget:", toCell<"setTarget:", NSObject>>()
+      .method<"action", fromCell<"action", SEL>>()
+      .method<"setAction:", toCell<"setAction:", SEL>>()
+      .method<"isEnabled", fromCell<"isEnabled", BOOL>>()
+      .method<"setEnabled:", toCell<"setEnabled:", BOOL>>()
+      .method<"drawRect:", drawCell>();
+}
+
+}  // namespace standin

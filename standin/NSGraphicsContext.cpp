@@ -1,0 +1,125 @@
+#include <vector>
+
+#include "cocoa/AppKit.h"
+#include "standin/BitmapImageRep.h"
+#include "standin/Context.h"
+
+using namespace cocoa;
+
+namespace standin {
+
+namespace {
+
+/// State of an NSGraphicsContext.
+struct Graphics : ObjectState {
+  CFRef<CGContextRef> context;
+  Ref<NSObject> keeps;  // the bitmap whose memory is drawn into
+  bool flipped = false;
+
+  CGContextRef cgContext() { return context; }
+  void save() { CGContextSaveGState(context); }
+  void restore() { CGContextRestoreGState(context); }
+  void flush() { CGContextFlush(context); }
+  void setShouldAntialias(BOOL antialias) { CGContextSetShouldAntialias(context, antialias != 0); }
+  void setCompositingOperation(NSCompositingOperation operation) {
+    CGContextSetBlendMode(context, blendModeFor(operation));
+  }
+  void setImageInterpolation(NSImageInterpolation interpolation) {
+    CGContextSetInterpolationQuality(context, static_cast<CGInterpolationQuality>(interpolation));
+  }
+};
+
+Ref<NSGraphicsContext>& current() {
+  static auto* context = new Ref<NSGraphicsContext>();  // outlives every late release
+  return *context;
+}
+std::vector<Ref<NSGraphicsContext>>& savedContexts() {
+  static auto* saved = new std::vector<Ref<NSGraphicsContext>>();
+  return *saved;
+}
+
+NSGraphicsContext currentGraphics(Class) { return current(); }
+void setCurrentGraphics(Class, NSGraphicsContext context) { current() = context; }
+
+void saveGraphicsState(Class) {
+  savedContexts().push_back(current());
+  current()->saveState();
+}
+void restoreGraphicsState(Class) {
+  current()->restoreState();
+  if (savedContexts().empty()) return;
+  current() = std::move(savedContexts().back());
+  savedContexts().pop_back();
+}
+
+NSGraphicsContext withCGContext(Class, CGContextRef context, BOOL flipped) {
+  if (context == nullptr) return {};
+  const id made = newObject<Graphics>();
+  stateOf<Graphics>(made).context = context;
+  stateOf<Graphics>(made).flipped = flipped != 0;
+  return autoreleased(Ref<NSGraphicsContext>::adopt(NSGraphicsContext(made)));
+}
+
+NSGraphicsContext withBitmap(Class cls, NSBitmapImageRep rep) {
+  const auto context = CFRef<CGContextRef>::adopt(makeBitmapContext(rep));
+  const NSGraphicsContext made = withCGContext(cls, context, NO);
+  if (made) stateOf<Graphics>(made).keeps = NSObject(rep.object);
+  return made;
+}
+
+}  // namespace
+
+Context* currentContext() {
+  const NSGraphicsContext graphics = current();
+  const CGContextRef context = graphics ? stateOf<Graphics>(graphics).context.get() : nullptr;
+  return context == nullptr ? nullptr : &contextState(context);
+}
+
+CGBlendMode blendModeFor(NSCompositingOperation operation) {
+  struct Pair {
+    NSCompositingOperation operation;
+    CGBlendMode mode;
+  };
+  constexpr Pair kPairs[] = {
+      {NSCompositingOperationClear, kCGBlendModeClear},
+      {NSCompositingOperationCopy, kCGBlendModeCopy},
+      {NSCompositingOperationSourceOver, kCGBlendModeNormal},
+      {NSCompositingOperationSourceIn, kCGBlendModeSourceIn},
+      {NSCompositingOperationSourceOut, kCGBlendModeSourceOut},
+      {NSCompositingOperationSourceAtop, kCGBlendModeSourceAtop},
+      {NSCompositingOperationDestinationOver, kCGBlendModeDestinationOver},
+      {NSCompositingOperationDestinationIn, kCGBlendModeDestinationIn},
+      {NSCompositingOperationDestinationOut, kCGBlendModeDestinationOut},
+      {NSCompositingOperationDestinationAtop, kCGBlendModeDestinationAtop},
+      {NSCompositingOperationXOR, kCGBlendModeXOR},
+      {NSCompositingOperationPlusDarker, kCGBlendModePlusDarker},
+      {NSCompositingOperationPlusLighter, kCGBlendModePlusLighter},
+      {NSCompositingOperationMultiply, kCGBlendModeMultiply},
+      {NSCompositingOperationScreen, kCGBlendModeScreen},
+  };
+  for (const Pair& pair : kPairs) {
+    if (pair.operation == operation) return pair.mode;
+  }
+  return kCGBlendModeNormal;
+}
+
+void registerGraphicsContexts() {
+  ClassDefinition<Graphics>("NSGraphicsContext", "NSObject")
+      .classMethod<"currentContext", currentGraphics>()
+      .classMethod<"setCurrentContext:", setCurrentGraphics>()
+      .classMethod<"saveGraphicsState", saveGraphicsState>()
+      .classMethod<"restoreGraphicsState", restoreGraphicsState>()
+      .classMethod<"graphicsContextWithCGContext:flipped:", withCGContext>()
+      .classMethod<"graphicsContextWithBitmapImageRep:", withBitmap>()
+      .method<"CGContext", &Graphics::cgContext>()
+      .getter<"isFlipped", &Graphics::flipped>()
+      .method<"saveGraphicsState", &Graphics::save>()
+      .method<"restoreGraphicsState", &Graphics::restore>()
+      .method<"flushGraphics", &Graphics::flush>()
+      .method<"setShouldAntialias:", &Graphics::setShouldAntialias>()
+      .method<"setCompositingOperation:", &Graphics::setCompositingOperation>()
+      .method<"setImageInterpolation:", &Graphics::setImageInterpolation>()
+      .registered();
+}
+
+}  // namespace standin

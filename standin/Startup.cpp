@@ -1,0 +1,67 @@
+// Linking the library is enough: it registers its classes when it is loaded, after Foundation, which it is
+// linked to.
+
+#include "standin/Objects.h"
+
+using namespace cocoa;
+
+namespace standin {
+
+namespace {
+
+/// Foundation writes geometry as the platform does only when told so: "{{0, 0}, {84, 598}}".
+void writeGeometryAsThePlatformDoes() {
+  const auto settings = NSMutableDictionary::dictionary();
+  settings.setObject(NSNumber::numberWithBool(true), literal<"GSMacOSXCompatible">());
+  call<"registerDefaults:">(NSUserDefaults::standardUserDefaults(), settings);
+}
+
+/// Superclasses come before their subclasses.
+constexpr void (*kRegistrations[])() = {
+    registerConstants,
+    registerAssociations,
+    registerCoreGraphicsColors,
+    registerCoreGraphicsPaths,
+    registerCoreGraphicsImages,
+    registerCoreGraphicsGradients,
+    registerCoreGraphicsContexts,
+    registerColorSpaces,
+    registerColors,
+    registerGradients,
+    registerBezierPaths,
+    registerImageReps,
+    registerBitmapImageReps,
+    registerImages,
+    registerGraphicsContexts,
+    registerFonts,
+    registerParagraphStyles,
+    registerStringDrawing,
+    registerLayers,
+    registerShapeLayers,
+    registerGradientLayers,
+    registerTransactions,
+    registerResponders,
+    registerViews,
+    registerCells,
+    registerControls,
+    registerTextFields,
+    registerButtons,
+    registerBoxes,
+    registerViewControllers,
+    registerThemeFrames,
+    registerWindows,
+    registerWindowControllers,
+    registerApplications,
+    registerUserDefaultsSuites,
+    registerBundles,
+};
+
+[[gnu::constructor]] void start() {
+  const AutoreleasePool pool;
+  for (const auto registration : kRegistrations) registration();
+  writeGeometryAsThePlatformDoes();
+}
+
+}  // namespace
+
+}  // namespace standin
