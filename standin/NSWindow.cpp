@@ -1,6 +1,5 @@
 // NSWindow and NSPanel.
 
-#include "standin/Screen.h"
 #include "standin/Window.h"
 
 using namespace cocoa;
@@ -8,11 +7,6 @@ using namespace cocoa;
 namespace standin {
 
 namespace {
-
-double& screenScale() {
-  static double scale = 1;
-  return scale;
-}
 
 /// State of an NSWindow. Closing a window hides it; it lives as long as somebody retains it.
 struct Window : ObjectState {
@@ -26,6 +20,7 @@ struct Window : ObjectState {
   id delegate = nullptr;
   NSUInteger styleMask = 0;
   NSInteger level = 0;
+  CGFloat scale = 1;  // of the screen that the window is on: a host says which
   bool visible = false;
 
   ~Window() {
@@ -78,7 +73,6 @@ struct Window : ObjectState {
   }
   NSObject delegateHandle() { return NSObject(delegate); }
   void setDelegate(NSObject object) { delegate = object.object; }
-  CGFloat scale() { return screenScale(); }
   BOOL isKey() { return static_cast<BOOL>(keyWindow() == NSWindow(self)); }
 
   void orderFront(NSObject) {
@@ -107,9 +101,6 @@ struct Panel : ObjectState {};
 
 }  // namespace
 
-void setBackingScaleFactor(double scale) { screenScale() = scale; }
-double backingScaleFactor() { return screenScale(); }
-
 void registerWindows() {
   ClassDefinition<Window>("NSWindow", "NSResponder")
       .method<"init", &Window::initPlain>()
@@ -130,7 +121,7 @@ void registerWindows() {
       .property<"backgroundColor", "setBackgroundColor:", &Window::backgroundColor>()
       .getter<"styleMask", &Window::styleMask>()
       .property<"level", "setLevel:", &Window::level>()
-      .method<"backingScaleFactor", &Window::scale>()
+      .property<"backingScaleFactor", "setBackingScaleFactor:", &Window::scale>()
       .getter<"isVisible", &Window::visible>()
       .method<"isKeyWindow", &Window::isKey>()
       .method<"isMainWindow", &Window::isKey>()
