@@ -6,6 +6,7 @@
 #include <cstring>
 #include <map>
 
+#include "cli/KeyTable.h"
 #include "cli/PrivateFolders.h"
 #include "cli/Session.h"
 #include "cli/ThemeCheck.h"
@@ -106,10 +107,15 @@ int main(int argc, char** argv) {
   CLI::App* command = app.add_subcommand("render", "Draw a window of the host into a PNG file");
   command->footer(kExamples);
   describeRender(*command, arguments);
+  const CLI::App* keys = app.add_subcommand("keys", "List the keys of a theme settings file, as Markdown tables");
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& problem) {
     return app.exit(problem) == 0 ? kDone : kWrongUsage;
+  }
+  if (keys->parsed()) {
+    std::printf("%s", session::keyTables().c_str());
+    return kDone;
   }
   session::enterPrivateFolders(argv);
   return render(arguments);

@@ -18,7 +18,7 @@ constexpr double kToolbarHeight = 34;
 constexpr double kAboveStrips = 8;
 constexpr double kBelowStrips = 6;
 constexpr double kBesideStrips = 10;
-constexpr double kWidestWindow = 8192;  // what lies beyond is scrolled out of sight
+constexpr double kWidestWindow = 12'000;  // what lies beyond is scrolled out of sight
 
 /// The view controller of the mixer's contents.
 struct CLgRupertContentsViewController : ObjectState {

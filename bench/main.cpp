@@ -1,0 +1,460 @@
+// `make bench`: each row is a ratio against a baseline that is measured in the same run, interleaved with it.
+
+#include <benchmark/benchmark.h>
+#include <cairo/cairo.h>
+
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <optional>
+#include <sstream>
+
+#include "bench/Worker.h"
+#include "cli/PrivateFolders.h"
+#include "cli/Session.h"
+#include "cocoa/Call.h"
+#include "host/mixer/StripBuilder.h"
+#include "plugin/gradient/PatternRenderer.h"
+#include "plugin/theme/ThemeUtility.h"
+#include "plugin/theme/Utility.h"
+
+namespace {
+
+using namespace cocoa;
+using benchmark::State;
+
+// ---- Rows ----------------------------------------------------------------------------------------
+
+struct Row {
+  std::string name;
+  double limit;
+  double perOurs = 1;      // things done in one iteration, to give a time for each
+  double perBaseline = 1;
+};
+
+std::vector<Row>& rows() {
+  static std::vector<Row> all;
+  return all;
+}
+
+using Body = std::function<void(State&)>;
+
+void addRow(const Row& row, const Body& ours, const Body& baseline, bool manual = false) {
+  rows().push_back(row);
+  for (const auto& [side, body] : {std::pair("ours", &ours), std::pair("baseline", &baseline)}) {
+    auto* registered = benchmark::RegisterBenchmark((row.name + "/" + side).c_str(), *body);
+    registered->MinTime(0.05);
+    if (manual) registered->UseManualTime();
+  }
+}
+
+Body inWorker(const bench::Worker& worker) {
+  return [&worker](State& state) {
+    for (auto iteration : state) {
+      static_cast<void>(iteration);
+      state.SetIterationTime(worker.run(1));
+    }
+  };
+}
+
+// ---- Messages and look-ups -------------------------------------------------------------------------
+
+constexpr int kInner = 64;  // repetitions in one iteration of what takes a few nanoseconds
+
+void addMessageRow() {
+  static const Ref<NSNumber> receiver = NSNumber::numberWithLong(7);
+  addRow({"a message through send", 1.25, kInner, kInner},
+         [](State& state) {
+           for (auto i : state) {
+             static_cast<void>(i);
+             for (int n = 0; n < kInner; ++n) {
+               benchmark::DoNotOptimize(send<NSInteger>(receiver.get().object, selector<"integerValue">()));
+             }
+           }
+         },
+         [](State& state) {
+           const SEL sel = sel_registerName("integerValue");
+           using F = NSInteger (*)(id, SEL);
+           for (auto i : state) {
+             static_cast<void>(i);
+             for (int n = 0; n < kInner; ++n) {
+               const id object = receiver.get().object;
+               benchmark::DoNotOptimize(
+                   reinterpret_cast<F>(reinterpret_cast<void (*)()>(objc_msg_lookup(object, sel)))(object, sel));
+             }
+           }
+         });
+}
+
+void addLookUpRow() {
+  static const Ref<NSDictionary> dictionary = velura::ThemeUtility::shared().colorCollection();
+  static const Ref<NSString> key = makeString("stripBackgroundColor");
+  addRow({"a colour by its key in the table", 0.3, kInner, kInner},
+         [](State& state) {
+           for (auto i : state) {
+             static_cast<void>(i);
+             for (int n = 0; n < kInner; ++n) {
+               benchmark::DoNotOptimize(
+                   velura::ThemeUtility::shared().colorForKey(velura::ThemeKey::kStripBackgroundColor).object);
+             }
+           }
+         },
+         [](State& state) {
+           for (auto i : state) {
+             static_cast<void>(i);
+             for (int n = 0; n < kInner; ++n) benchmark::DoNotOptimize(dictionary->objectForKey(key.get()).object);
+           }
+         });
+}
+
+// ---- Patterns --------------------------------------------------------------------------------------
+
+struct PatternCase {
+  CGSize size;
+  double angle = 180;
+  const velura::VLRStripBevel* bevel = nullptr;
+};
+
+NSColor drawPattern(const PatternCase& c) {
+  static const Ref<NSColor> colours[] = {NSColor::colorWithSRGBRed(0.3, 0.3, 0.35, 1),
+                                         NSColor::colorWithSRGBRed(0.2, 0.22, 0.25, 1),
+                                         NSColor::colorWithSRGBRed(0.1, 0.1, 0.12, 1)};
+  velura::GradientStops stops;
+  stops.append(colours[0], 0);
+  stops.append(colours[1], 0.6);
+  stops.append(colours[2], 1);
+  return velura::patternColour({.base = colours[0],
+                                .size = c.size,
+                                .stops = &stops,
+                                .angleDegrees = c.angle,
+                                .bevel = c.bevel,
+                                .bevelStyle = c.bevel != nullptr ? 1 : 0});
+}
+
+void fresh(State& state, const PatternCase& c) {
+  const NSMutableDictionary cache = velura::ThemeUtility::shared().gradientPatternCache;
+  for (auto i : state) {
+    static_cast<void>(i);
+    const AutoreleasePool pool;
+    benchmark::DoNotOptimize(drawPattern(c).object);
+    cache.removeAllObjects();
+  }
+}
+
+void cached(State& state, const PatternCase& c) {
+  const AutoreleasePool pool;
+  static_cast<void>(drawPattern(c));
+  for (auto i : state) {
+    static_cast<void>(i);
+    const AutoreleasePool inner;
+    benchmark::DoNotOptimize(drawPattern(c).object);
+  }
+}
+
+/// Cairo's own gradient, and for the oblique case its two fills, into a surface of the same size.
+void cairoPattern(State& state, const PatternCase& c, int width) {
+  const auto height = static_cast<int>(c.size.height);
+  for (auto i : state) {
+    static_cast<void>(i);
+    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height);
+    cairo_t* cr = cairo_create(surface);
+    cairo_pattern_t* gradient =
+        cairo_pattern_create_linear(0, 0, c.angle == 180 ? 0 : width, height);
+    cairo_pattern_add_color_stop_rgba(gradient, 0, 0.3, 0.3, 0.35, 1);
+    cairo_pattern_add_color_stop_rgba(gradient, 0.6, 0.2, 0.22, 0.25, 1);
+    cairo_pattern_add_color_stop_rgba(gradient, 1, 0.1, 0.1, 0.12, 1);
+    cairo_set_source(cr, gradient);
+    cairo_paint(cr);
+    if (c.bevel != nullptr) {
+      for (const double x : {0.0, width - 2.0}) {
+        cairo_set_source_rgba(cr, x == 0 ? 1 : 0, x == 0 ? 1 : 0, x == 0 ? 1 : 0, 0.3);
+        cairo_rectangle(cr, x, 0, 2, height);
+        cairo_fill(cr);
+      }
+    }
+    cairo_pattern_destroy(gradient);
+    cairo_destroy(cr);
+    cairo_surface_flush(surface);
+    benchmark::DoNotOptimize(cairo_image_surface_get_data(surface));
+    cairo_surface_destroy(surface);
+  }
+}
+
+void addPatternRows() {
+  static const Ref<NSObject> bevel = velura::VLRStripBevel::bevelFromString(literal<"Bevel:{R,4,30}">());
+  static const PatternCase vertical{{84, 600}};
+  static const PatternCase oblique{{90, 600}, 135, &stateOf<velura::VLRStripBevel>(bevel.get())};
+  addRow({"a fresh vertical pattern, 8 x 600, 3 stops", 0.7}, [](State& s) { fresh(s, vertical); },
+         [](State& s) { cairoPattern(s, vertical, 8); });
+  addRow({"a fresh oblique pattern with bevel, 90 x 600", 1.2}, [](State& s) { fresh(s, oblique); },
+         [](State& s) { cairoPattern(s, oblique, 90); });
+  addRow({"a cached pattern, vertical", 0.25}, [](State& s) { cached(s, vertical); },
+         [](State& s) { fresh(s, vertical); });
+  addRow({"a cached pattern, oblique with bevel", 0.02}, [](State& s) { cached(s, oblique); },
+         [](State& s) { fresh(s, oblique); });
+}
+
+// ---- Themes ----------------------------------------------------------------------------------------
+
+std::string listOf(const std::string& entries) {
+  return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>\n" + entries + "</dict></plist>\n";
+}
+
+void writeFile(const std::string& path, const std::string& contents) {
+  std::filesystem::create_directories(std::filesystem::path(path).parent_path());
+  std::ofstream(path) << contents;
+}
+
+/// A theme folder of the benchmark's own.
+std::string writeTheme(const std::string& name, const std::string& entries, const std::string& reference) {
+  const std::string folder = session::privateFolder() + "/" + name;
+  const std::string contents = folder + "/Companion.bundle/Contents/";
+  writeFile(folder + "/PluginHelper.plist", listOf(entries));
+  writeFile(contents + "Info.plist", listOf("<key>CFBundleIdentifier</key><string>com.velura.companion</string>"));
+  writeFile(contents + "Resources/PluginHelper.plist", listOf(reference));
+  return folder;
+}
+
+std::string text(const std::string& key, const std::string& value) {
+  return "<key>" + key + "</key><string>" + value + "</string>\n";
+}
+
+/// 400 colours, the first half of them as in the reference.
+std::string fourHundredColours(bool reference) {
+  std::ostringstream entries;
+  for (int i = 0; i < 400; ++i) {
+    const int blue = i < 200 || reference ? 10 : 20;
+    entries << text("colour" + std::to_string(i) + "BackgroundColor",
+                    "sRGBColor:{" + std::to_string(i % 256) + ", 120, " + std::to_string(blue) + ", 100}");
+  }
+  return entries.str();
+}
+
+void addLoadRow() {
+  static const std::string folder = writeTheme("load", fourHundredColours(false), fourHundredColours(true));
+  static const Ref<NSString> theme = makeString(folder + "/PluginHelper.plist");
+  static const Ref<NSString> reference = makeString(folder + "/Companion.bundle/Contents/Resources/PluginHelper.plist");
+  session::SessionOptions options;
+  options.theming = session::Theming::kTheme;
+  options.themeFolder = folder;
+  std::string error;
+  if (!session::selectTheme(options, error)) {
+    std::fprintf(stderr, "%s\n", error.c_str());
+    std::exit(1);
+  }
+  addRow({"loading a theme of 400 keys with its reference", 1.5},
+         [](State& state) {
+           for (auto i : state) {
+             static_cast<void>(i);
+             const AutoreleasePool pool;
+             const auto loaded =
+                 Ref<NSObject>::adopt(NSObject(call<"init", id>(call<"alloc", id>(classNamed("ThemeUtility")))));
+             NSNotificationCenter::defaultCenter().removeObserver(loaded);
+             if (call<"colorCollection", NSDictionary>(loaded.get()).count() != 200) state.SkipWithError("not loaded");
+           }
+         },
+         [](State& state) {
+           for (auto i : state) {
+             static_cast<void>(i);
+             const AutoreleasePool pool;
+             for (const auto& path : {theme, reference}) {
+               benchmark::DoNotOptimize(
+                   call<"dictionaryWithContentsOfFile:", id>(classNamed("NSDictionary"), path.get()));
+             }
+           }
+         });
+}
+
+// ---- Frames ----------------------------------------------------------------------------------------
+
+host::Song songOfStrips(std::size_t count) {
+  host::Song song;
+  std::string error;
+  const auto sample = host::readSong("songs/night-drive.json", error);
+  if (!sample) {
+    std::fprintf(stderr, "%s\n", error.c_str());
+    std::exit(1);
+  }
+  for (std::size_t i = 0; i < count; ++i) {
+    host::Track track = sample->tracks[i % sample->tracks.size()];
+    track.selected = i % 9 == 0;
+    song.tracks.push_back(std::move(track));
+  }
+  return song;
+}
+
+void drawFrame(host::Application& application) {
+  application.runFrame();
+  static_cast<void>(application.draw(host::WindowKind::kMixer));
+}
+
+void present(host::Application& application) { application.runFrame(); }
+
+void askBorders(host::Application& application) {
+  static const NSObject strip = application.mixer().strips().objectAtIndex(0);
+  for (int n = 0; n < 4096; ++n) benchmark::DoNotOptimize(call<"borderColor", id>(strip));
+}
+
+/// Heights from a set of eight, in turn.
+void giveEightHeights(host::Application& application) {
+  NSUInteger index = 0;
+  for (const NSObject strip : items(application.mixer().strips())) {
+    auto frame = call<"frame", CGRect>(strip);
+    frame.size.height = 560 + 10 * static_cast<double>(index++ % 8);
+    call<"setFrame:">(strip, frame);
+  }
+  application.runFrame();
+}
+
+const std::string kAnchored =
+    "LinearGradient:{{70,60,54,100,0},{50,41,37,100,@audiofx},{43,36,33,100,@automation},{34,28,26,100,@fader},"
+    "{26,22,21,100,100},V,S10}";
+
+struct Workers {
+  bench::Worker plainFrame{"", songOfStrips(128), {}, drawFrame};
+  bench::Worker themedFrame{"themes/ember", songOfStrips(128), {}, drawFrame};
+  bench::Worker plainBorder{"", songOfStrips(4), {}, askBorders};
+  bench::Worker themedBorder{writeTheme("absent", text("unrelated", "x"), ""), songOfStrips(4), {}, askBorders};
+  std::string anchored = writeTheme("anchored", text("mixerStripBGGradient", kAnchored), "");
+  bench::Worker few{anchored, songOfStrips(128), {}, present};
+  bench::Worker many{anchored, songOfStrips(1024), {}, present};
+  bench::Worker heights{anchored, songOfStrips(1024), giveEightHeights, present};
+  bench::Worker looksFew{"themes/ember", songOfStrips(128), {}, present};
+  bench::Worker looksMany{"themes/ember", songOfStrips(1024), {}, present};
+};
+
+constexpr const char* kFrameRow = "a frame of 128 strips, gradient theme, warm";
+constexpr const char* kAddedRow = "what theming adds to that frame";
+
+/// Fills the areas of 128 strips once, each in a colour of its own.
+void fillStripAreas(State& state) {
+  const double height = host::stripHeight(host::Song());
+  cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, static_cast<int>(128 * host::kStripWidth),
+                                                        static_cast<int>(height));
+  cairo_t* cr = cairo_create(surface);
+  for (auto iteration : state) {
+    static_cast<void>(iteration);
+    for (int strip = 0; strip < 128; ++strip) {
+      cairo_set_source_rgb(cr, strip / 128.0, 0.3, 0.4);
+      cairo_rectangle(cr, strip * host::kStripWidth, 0, host::kStripWidth, height);
+      cairo_fill(cr);
+    }
+    cairo_surface_flush(surface);
+    benchmark::DoNotOptimize(cairo_image_surface_get_data(surface));
+  }
+  cairo_destroy(cr);
+  cairo_surface_destroy(surface);
+}
+
+void addFrameRows(const Workers& workers) {
+  addRow({"an override whose key is absent (strip borderColor)", 4, 4096, 4096}, inWorker(workers.themedBorder),
+         inWorker(workers.plainBorder), true);
+  addRow({kFrameRow, 1.3}, inWorker(workers.themedFrame), inWorker(workers.plainFrame), true);
+  rows().push_back({kAddedRow, 1});
+  benchmark::RegisterBenchmark((std::string(kAddedRow) + "/baseline").c_str(), fillStripAreas)->MinTime(0.05);
+  addRow({"time per strip at 1,024 strips of one height, many looks", 1.25, 1024, 128}, inWorker(workers.looksMany),
+         inWorker(workers.looksFew), true);
+  addRow({"time per strip at 1,024 strips of eight heights, anchored gradient", 3, 1024, 128},
+         inWorker(workers.heights), inWorker(workers.few), true);
+}
+
+// ---- Results ---------------------------------------------------------------------------------------
+
+/// Keeps the median of each benchmark, in nanoseconds.
+class MedianReporter : public benchmark::BenchmarkReporter {
+ public:
+  bool ReportContext(const Context& /*context*/) override { return true; }
+  void ReportRuns(const std::vector<Run>& runs) override {
+    for (const Run& run : runs) {
+      if (run.error_occurred) std::fprintf(stderr, "%s: %s\n", run.benchmark_name().c_str(), run.error_message.c_str());
+      if (run.run_type == Run::RT_Aggregate && run.aggregate_name == "median") {
+        medians_[run.run_name.function_name] = run.GetAdjustedRealTime();
+      }
+    }
+  }
+  [[nodiscard]] std::optional<double> median(const std::string& name) const {
+    const auto found = medians_.find(name);
+    return found == medians_.end() ? std::nullopt : std::optional(found->second);
+  }
+
+ private:
+  std::map<std::string, double> medians_;
+};
+
+struct Result {
+  Row row;
+  double ours = 0;
+  double baseline = 0;
+};
+
+std::vector<Result> results(const MedianReporter& reporter) {
+  std::vector<Result> all;
+  for (const Row& row : rows()) {
+    const auto side = [&](const char* name) { return reporter.median(row.name + "/" + name); };
+    auto ours = side("ours");
+    if (row.name == kAddedRow) {
+      const auto with = reporter.median(std::string(kFrameRow) + "/ours");
+      const auto without = reporter.median(std::string(kFrameRow) + "/baseline");
+      if (with && without) ours = std::max(0.0, *with - *without);
+    }
+    if (ours && side("baseline")) all.push_back({row, *ours / row.perOurs, *side("baseline") / row.perBaseline});
+  }
+  return all;
+}
+
+bool print(const std::vector<Result>& all, const std::string& path) {
+  std::ofstream json(path);
+  json << "[\n";
+  bool within = true;
+  std::printf("%-68s %13s %13s %7s %6s\n", "row", "ours", "baseline", "ratio", "limit");
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    const Result& r = all[i];
+    const double ratio = r.ours / r.baseline;
+    within = within && ratio <= r.row.limit;
+    std::printf("%-68s %10.1f ns %10.1f ns %7.3f %6.2f %s\n", r.row.name.c_str(), r.ours, r.baseline, ratio,
+                r.row.limit, ratio <= r.row.limit ? "" : "over");
+    json << "  {\"name\": \"" << r.row.name << "\", \"ours_ns\": " << r.ours << ", \"baseline_ns\": " << r.baseline
+         << ", \"ratio\": " << ratio << ", \"limit\": " << r.row.limit << "}" << (i + 1 < all.size() ? "," : "") << "\n";
+  }
+  json << "]\n";
+  return within;
+}
+
+void defineClasses() {
+  velura::defineVLRStripGradient();
+  velura::defineVLRStripBevel();
+  velura::defineThemeUtility();
+  velura::defineUtility();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  session::enterPrivateFolders(argv);
+  std::string out = "bench.json";
+  if (argc > 2 && std::strcmp(argv[1], "--out") == 0) out = argv[2];
+  const Workers workers;  // before anything of Foundation runs in this process: they are forked
+  const AutoreleasePool pool;
+  host::Application application{host::HostOptions{}};
+  defineClasses();
+  addMessageRow();
+  addLookUpRow();
+  addPatternRows();
+  addLoadRow();
+  addFrameRows(workers);
+
+  std::vector<std::string> options{argv[0], "--benchmark_enable_random_interleaving=true",
+                                   "--benchmark_repetitions=9", "--benchmark_report_aggregates_only=true"};
+  if (const char* filter = std::getenv("BENCH_FILTER"); filter != nullptr) {
+    options.push_back(std::string("--benchmark_filter=") + filter);
+  }
+  std::vector<char*> arguments;
+  for (std::string& option : options) arguments.push_back(option.data());
+  int count = static_cast<int>(arguments.size());
+  benchmark::Initialize(&count, arguments.data());
+  MedianReporter reporter;
+  benchmark::RunSpecifiedBenchmarks(&reporter);
+  return print(results(reporter), out) ? 0 : 1;
+}
