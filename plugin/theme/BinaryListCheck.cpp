@@ -109,7 +109,7 @@ class BinaryListCheck {
       case 0x0:
         return marker.detail == 0x8 || marker.detail == 0x9;  // false, true
       case 0x1:
-        return marker.detail <= 4 && fits(marker.payload, 1, std::size_t{1} << marker.detail);
+        return marker.detail <= 3 && fits(marker.payload, 1, std::size_t{1} << marker.detail);
       case 0x2:
         return (marker.detail == 2 || marker.detail == 3) && fits(marker.payload, 1, std::size_t{1} << marker.detail);
       case 0x3:
@@ -119,7 +119,7 @@ class BinaryListCheck {
       case 0x5:
         return measureBytes(marker, 1, extent) && isASCII(marker);
       case 0x6:
-        return measureBytes(marker, 2, extent);
+        return measureBytes(marker, 2, extent) && isUTF16(marker);
       case 0xA:
         return measureContainer(marker, 1, depth, extent);
       case 0xD:
@@ -139,6 +139,17 @@ class BinaryListCheck {
   [[nodiscard]] bool isASCII(const Marker& marker) const {
     const std::string_view text = bytes_.substr(marker.payload, static_cast<std::size_t>(marker.count));
     return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+  }
+  /// Every surrogate has its other half: a string with a lone one has no other encoding, and Foundation may
+  /// raise over it.
+  [[nodiscard]] bool isUTF16(const Marker& marker) const {
+    bool afterHigh = false;
+    for (std::size_t i = 0; i < marker.count; ++i) {
+      const std::uint64_t kind = bigEndian(marker.payload + 2 * i, 2) & 0xFC00U;
+      if ((kind == 0xDC00) != afterHigh) return false;
+      afterHigh = kind == 0xD800;
+    }
+    return !afterHigh;
   }
   /// A date is a double; one that is no number, or beyond any calendar, is refused.
   [[nodiscard]] bool isDate(std::size_t at) const {

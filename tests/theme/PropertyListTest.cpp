@@ -89,6 +89,7 @@ TEST(PropertyList, ReadsEveryForm) {
       {xml("<array><true/><false></false><integer> 3 </integer><real>1.5e0</real><data>AAE=</data><dict/></array>"),
        "(1, 0, 3, \"1.5\", <0001>, {})"},
       {dictionary, "{k = v; }"},
+      {BinaryList().add(std::string("\x62\xD8\x3D\xDE\0", 5)).list(), "\xF0\x9F\x98\x80"},
       {"{ k = v; } // end", "{k = v; }"},
       {"/* a */ ( a, \"b\\\"\", <00 ff>, {}, ( ), )", "(a, \"b\\\"\", <00ff>, {}, ())"},
       {"\xEF\xBB\xBFplain/word.x", "plain/word.x"},
@@ -97,7 +98,7 @@ TEST(PropertyList, ReadsEveryForm) {
 }
 
 TEST(PropertyList, RefusesWhatIsMalformed) {
-  const std::string surrogate = "\x61\xD8\x00";
+  const std::string surrogate("\x61\xD8\x00", 3);
   const std::string good = BinaryList().add("\xD1\1\2").add("\x51k").add("\x51v").list();
   const std::string cases[] = {
       "",
@@ -174,7 +175,9 @@ TEST(PropertyList, RefusesWhatIsMalformed) {
       BinaryList().add("\x81\0\0").list(),
       BinaryList().add("\x51x").list(1, 5),
       BinaryList().add("\x51x").list(3),
-      BinaryList().add("\xD1\1\2").add(surrogate).add(surrogate).list(),
+      BinaryList().add("\xD1\1\2").add(surrogate).add("\x51v").list(),
+      BinaryList().add(surrogate).list(),
+      BinaryList().add(std::string("\x62\xDC\0\xD8\0", 5)).list(),
   };
   testing::internal::CaptureStderr();
   for (const std::string& bytes : cases) EXPECT_EQ(descriptionOf(bytes), "null") << bytes;
