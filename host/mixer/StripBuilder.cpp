@@ -338,10 +338,13 @@ class StripBuilder {
     if (sections_.name) addName();
     if (!track_.notes.empty()) addText("notes", kNotes, track_.notes, look(Look::kNotesText), {.size = 8.5});
     if (sections_.name) {
-      addText("number", kNumber, std::to_string(number_), look(Look::kNumberText), {.size = 9, .weight = 0.23});
+      const NSObject number =
+          addText("number", kNumber, std::to_string(number_), look(Look::kNumberText), {.size = 9, .weight = 0.23});
+      if (stripLook().background != Look::kStripBackground) call<"setBackgroundColor:">(number, NSColor());
     }
-    addText("label", kLabel, std::string(labelOf(track_)) + " " + std::to_string(number_), look(Look::kLabelText),
-            {.size = 8.5, .alignment = TextAlignment::kRight});
+    const NSObject label = addText("label", kLabel, std::string(labelOf(track_)) + " " + std::to_string(number_),
+                                   look(Look::kLabelText), {.size = 8.5, .alignment = TextAlignment::kRight});
+    call<"setBackgroundColor:">(label, NSColor());
   }
   /// Audio, instrument, folder and output strips colour their name; the others leave it to the data source.
   void addName() {

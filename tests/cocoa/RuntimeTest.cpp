@@ -71,7 +71,7 @@ TEST_F(Runtime, NilAnswersZeroOfEveryKind) {
   const Handle nothing;
   EXPECT_EQ(nothing.value(), 0);
   EXPECT_EQ((call<"frame", CGRect>(nothing)), CGRect());
-  EXPECT_FALSE(call<"name", NSString>(nothing));
+  EXPECT_FALSE((call<"name", NSString>(nothing)));
   EXPECT_FALSE(respondsTo(nothing.object, selector<"value">()));
   EXPECT_EQ(toStdString(NSString()), "");
 }
