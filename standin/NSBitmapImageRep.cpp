@@ -103,8 +103,7 @@ id Bitmap::initWithFormat(unsigned char** planes, NSInteger width, NSInteger hei
   if (planes != nullptr && planes[0] != nullptr) {
     data = reinterpret_cast<std::byte*>(planes[0]);
   } else {
-    auto* memory =
-        static_cast<std::byte*>(std::calloc(static_cast<std::size_t>(height), static_cast<std::size_t>(bytesPerRow)));
+    std::byte* memory = allocatedPixels(static_cast<std::size_t>(height), static_cast<std::size_t>(bytesPerRow));
     if (memory == nullptr) return refused();
     owned = std::shared_ptr<std::byte[]>(memory, [](std::byte* kept) { std::free(kept); });
     data = memory;

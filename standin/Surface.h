@@ -76,6 +76,9 @@ struct PixelView {
   }
 };
 
+/// Zeroed memory for pixels, to be given back with `std::free`; null when there is none.
+std::byte* allocatedPixels(std::size_t rows, std::size_t bytesPerRow);
+
 /// Owned pixels, transparent at first.
 class Surface {
  public:
