@@ -22,7 +22,10 @@ constexpr const char* kPublicType =
     "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE plist PUBLIC \"-//Somebody//DTD PLIST 1.0//EN\" "
     "\"http://127.0.0.1:9/list.dtd\">\n";
 
-std::string xml(const std::string& value) { return "<plist version=\"1.0\">" + value + "</plist>"; }
+std::string xml(std::string_view value) {
+  std::string list("<plist version=\"1.0\">");
+  return list.append(value).append("</plist>");
+}
 
 std::string repeated(const std::string& text, int times) {
   std::string all;
@@ -40,14 +43,14 @@ class BinaryList {
   }
   [[nodiscard]] std::string list(unsigned referenceSize = 1, std::uint64_t top = 0) const {
     std::string all = bytes_;
-    const int offsetSize = bytes_.size() < 0x10000 ? 2 : 4;
+    const unsigned offsetSize = bytes_.size() < 0x10000 ? 2 : 4;
     for (const std::size_t offset : offsets_) all += number(offset, offsetSize);
     all += std::string(6, '\0') + number(offsetSize, 1) + number(referenceSize, 1);
     return all + number(offsets_.size(), 8) + number(top, 8) + number(bytes_.size(), 8);
   }
-  static std::string number(std::uint64_t value, int size) {
+  static std::string number(std::uint64_t value, unsigned size) {
     std::string bytes;
-    for (int i = size - 1; i >= 0; --i) bytes += static_cast<char>(value >> (8 * i) & 0xFF);
+    for (unsigned i = size; i > 0; --i) bytes += static_cast<char>(value >> (8 * (i - 1)) & 0xFF);
     return bytes;
   }
 
@@ -56,9 +59,9 @@ class BinaryList {
   std::vector<std::size_t> offsets_;
 };
 
-std::string nestedBinary(int depth) {
+std::string nestedBinary(unsigned depth) {
   BinaryList list;
-  for (int i = 1; i <= depth; ++i) list.add("\xA1" + BinaryList::number(i, 2));
+  for (unsigned i = 1; i <= depth; ++i) list.add("\xA1" + BinaryList::number(i, 2));
   return list.add("\x51x").list(2);
 }
 
