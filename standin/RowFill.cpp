@@ -74,11 +74,29 @@ constexpr int modulo(int value, int divisor) {
 }
 constexpr int floorDivided(int value, int divisor) { return (value - modulo(value, divisor)) / divisor; }
 
-/// Writes the tile's row across `width` pixels: one period is set pixel by pixel and then copied on.
+/// Writes `count` pixels of a tile's row, each `scale` pixels wide, from `phase` pixels into it.
+void layPeriod(Pixel* to, int count, const Pixel* tileRow, int tileWidth, int phase, int scale) {
+  if (scale == 1) {
+    const int head = std::min(count, tileWidth - phase);
+    std::copy_n(tileRow + phase, head, to);
+    std::copy_n(tileRow, count - head, to + head);
+    return;
+  }
+  int column = phase / scale;
+  int within = phase % scale;
+  for (int i = 0; i < count; ++i) {
+    to[i] = tileRow[column];
+    if (++within < scale) continue;
+    within = 0;
+    if (++column == tileWidth) column = 0;
+  }
+}
+
+/// Writes the tile's row across `width` pixels: one period is laid and then copied on.
 void layTileRow(Pixel* to, int width, const Pixel* tileRow, int tileWidth, int phase, int scale) {
   const int period = tileWidth * scale;
   const int first = std::min(period, width);
-  for (int i = 0; i < first; ++i) to[i] = tileRow[(phase + i) % period / scale];
+  layPeriod(to, first, tileRow, tileWidth, phase, scale);
   for (int done = first; done < width;) {
     const int count = std::min(done, width - done);
     std::memcpy(to + done, to, static_cast<std::size_t>(count) * sizeof(Pixel));

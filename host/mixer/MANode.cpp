@@ -101,6 +101,7 @@ Ref<NSObject> makeNode(const char* className, const char* name, CGRect frame) {
 }
 
 void presentNode(NSObject node, NSObject view) {
+  const AutoreleasePool pool;  // a strip's leftovers go with the strip
   call<"willUpdatePresentationObject">(node);
   call<"updatePresentationObject:view:">(node, static_cast<NSObject>(nodeOf(node).layer.get()), view);
   for (NSObject child : items(nodeOf(node).childrenArray)) presentNode(child, view);
