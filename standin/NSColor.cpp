@@ -369,7 +369,8 @@ void registerCatalogueColor(const char* catalogue, const char* name, NSColor col
 
 NSColor catalogueColor(NSString catalogue, NSString name) {
   const auto found = catalogues().find({toStdString(catalogue), toStdString(name)});
-  return found == catalogues().end() ? NSColor() : found->second.get();
+  // It may be entered anew while the caller holds the handle.
+  return found == catalogues().end() ? NSColor() : autoreleased(Ref<NSColor>(found->second));
 }
 
 void registerColorSpaces() {

@@ -57,6 +57,7 @@ bool decode(png_structp png, png_infop info, Source& source, std::shared_ptr<Sur
     rows[y] = reinterpret_cast<png_bytep>(surface->view().at(0, static_cast<int>(y)));
   }
   png_read_image(png, rows.data());
+  png_read_end(png, nullptr);
   return true;
 }
 

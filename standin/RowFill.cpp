@@ -146,9 +146,10 @@ void fillColumnGradient(const PixelView& target, const PixelRect& area, std::spa
 /// Any direction: the colours are looked up in a ramp that is finer than the pixels along the gradient.
 void fillObliqueGradient(const PixelView& target, const PixelRect& area, std::span<const GradientStop> stops,
                          const GradientLine& line, GradientEnds ends) {
+  constexpr double kCoarsest = 1024;  // an eighth of a colour step off at most
   constexpr double kFinest = 4096;
   const double length = 1 / std::hypot(line.perX, line.perY);
-  const auto steps = std::bit_ceil(static_cast<unsigned>(std::clamp(length * 2, 256.0, kFinest)));
+  const auto steps = std::bit_ceil(static_cast<unsigned>(std::clamp(length * 2, kCoarsest, kFinest)));
   // The first and last entries stand for everything before and after the gradient.
   std::vector<Pixel> ramp(steps + 2);
   const double step = 1.0 / steps;

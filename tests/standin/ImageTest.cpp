@@ -1,0 +1,159 @@
+// Images and bitmaps: formats, PNG, hostile data.
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <random>
+
+#include "Canvas.h"
+
+namespace {
+
+using namespace cocoa;
+using support::Canvas;
+using support::letter;
+
+Ref<NSBitmapImageRep> bitmap(NSInteger width, NSInteger height, NSInteger samples = 4, NSUInteger format = 0,
+                             NSInteger bits = 8) {
+  return NSBitmapImageRep::withBitmapDataPlanes(nullptr, width, height, bits, samples, samples % 2 == 0, false,
+                                                NSDeviceRGBColorSpace, format, 0, 0);
+}
+
+std::vector<unsigned char> png(NSBitmapImageRep rep) {
+  const NSData data = rep.representationUsingType(NSBitmapImageFileTypePNG, NSDictionary::dictionary());
+  const auto* bytes = static_cast<const unsigned char*>(data.bytes());
+  return {bytes, bytes + data.length()};
+}
+NSBitmapImageRep decoded(const std::vector<unsigned char>& bytes) {
+  return NSBitmapImageRep::imageRepWithData(NSData::dataWithBytes(bytes.data(), bytes.size()));
+}
+
+TEST(Bitmap, KeepsItsSampleLayout) {
+  const AutoreleasePool pool;
+  struct Layout {
+    NSInteger samples;
+    NSUInteger format;
+    std::vector<int> bytes;
+  };
+  // The same colour, (1, 0.6, 0.2) at alpha 0.4, in every layout.
+  const Layout layouts[] = {{4, 0, {102, 61, 20, 102}},
+                            {4, NSBitmapFormatAlphaFirst, {102, 102, 61, 20}},
+                            {4, NSBitmapFormatAlphaNonpremultiplied, {255, 153, 51, 102}},
+                            {4, NSBitmapFormatAlphaFirst | NSBitmapFormatAlphaNonpremultiplied, {102, 255, 153, 51}},
+                            {3, 0, {255, 153, 51}}};
+  for (const Layout& layout : layouts) {
+    const auto rep = bitmap(3, 2, layout.samples, layout.format);
+    rep->setColor(NSColor::colorWithSRGBRed(1, 0.6, 0.2, 0.4), 1, 1);
+    const unsigned char* pixel = rep->bitmapData() + rep->bytesPerRow() + rep->bitsPerPixel() / 8;
+    EXPECT_EQ(std::vector<int>(pixel, pixel + layout.samples), layout.bytes) << layout.format;
+    const NSColor read = rep->colorAtX(1, 1);
+    EXPECT_NEAR(read.greenComponent(), 0.6, 0.01) << layout.format;
+    EXPECT_NEAR(read.alphaComponent(), layout.samples == 4 ? 0.4 : 1, 0.01) << layout.format;
+    EXPECT_FALSE(rep->colorAtX(3, 0)) << "outside";
+  }
+  const auto floating = bitmap(1, 1, 4, NSBitmapFormatFloatingPointSamples, 32);
+  floating->setColor(NSColor::colorWithSRGBRed(0.5, 0.25, 1, 0.5), 0, 0);
+  float samples[4];
+  std::memcpy(samples, floating->bitmapData(), sizeof samples);
+  EXPECT_EQ(std::vector<float>(samples, samples + 4), (std::vector<float>{0.25F, 0.125F, 0.5F, 0.5F}));
+}
+
+TEST(Bitmap, IsDrawnIntoInPlace) {
+  const AutoreleasePool pool;
+  const auto rep = bitmap(4, 4);
+  rep->setSize({2, 2});
+  NSGraphicsContext::saveGraphicsState();
+  NSGraphicsContext::setCurrentContext(NSGraphicsContext::graphicsContextWithBitmapImageRep(rep));
+  letter('R').set();
+  NSRectFill({{0, 0}, {1, 1}});
+  NSGraphicsContext::restoreGraphicsState();
+  const unsigned char* bottomLeft = rep->bitmapData() + 3 * rep->bytesPerRow();
+  EXPECT_EQ(std::vector<int>(bottomLeft, bottomLeft + 8), (std::vector<int>{255, 0, 0, 255, 255, 0, 0, 255}));
+  EXPECT_EQ(CGImageGetWidth(rep->CGImage()), 4U);
+  EXPECT_FALSE(NSGraphicsContext::graphicsContextWithBitmapImageRep(bitmap(2, 2, 4, NSBitmapFormatAlphaFirst)));
+}
+
+TEST(Bitmap, RefusesImpossibleLayouts) {
+  const AutoreleasePool pool;
+  for (const auto& rep : {bitmap(0, 1), bitmap(1, 20000), bitmap(-3, 3), bitmap(2, 2, 5), bitmap(2, 2, 4, 0, 16)}) {
+    EXPECT_FALSE(rep);
+  }
+}
+
+TEST(Png, KeepsPixelsAndBytes) {
+  const AutoreleasePool pool;
+  const auto rep = bitmap(5, 3);
+  rep->setColor(letter('R'), 0, 0);
+  rep->setColor(NSColor::colorWithSRGBRed(0, 1, 0, 0.5), 4, 2);
+  const auto bytes = png(rep);
+  EXPECT_EQ(bytes, png(rep)) << "the same bytes every time";
+  const NSBitmapImageRep back = decoded(bytes);
+  ASSERT_TRUE(back);
+  EXPECT_EQ(std::memcmp(back.bitmapData(), rep->bitmapData(), std::size_t(3 * rep->bytesPerRow())), 0);
+}
+
+TEST(Png, SurvivesHostileBytes) {
+  const AutoreleasePool pool;
+  const auto sound = png(bitmap(7, 5));
+  for (std::size_t length = 0; length < sound.size(); ++length) {
+    EXPECT_FALSE(decoded({sound.begin(), sound.begin() + std::ptrdiff_t(length)})) << length;
+  }
+  std::mt19937 random(7);
+  for (int i = 0; i < 2000; ++i) {
+    auto bytes = sound;
+    for (int change = 0; change < 3; ++change) bytes[random() % bytes.size()] = static_cast<unsigned char>(random());
+    static_cast<void>(decoded(bytes));
+  }
+  auto huge = sound;
+  huge[18] = 0xFF;  // a width of 65,287 pixels
+  EXPECT_FALSE(decoded(huge));
+  EXPECT_FALSE(NSBitmapImageRep::imageRepWithData({}));
+}
+
+TEST(Image, ShowsWhatWasDrawnWithTheFocus) {
+  const AutoreleasePool pool;
+  const auto image = support::imageOf({"RG", "B."});
+  EXPECT_FALSE(NSGraphicsContext::currentContext()) << "the focus is given back";
+  EXPECT_EQ(image->representations().count(), 1U);
+  const Canvas canvas(4, 4);
+  image->drawInRect({{1, 1}, {2, 2}}, {}, NSCompositingOperationSourceOver, 1);
+  EXPECT_EQ(canvas.art(), "....\n.RG.\n.B..\n....\n");
+  image->drawAtPoint({0, 0}, {{1, 1}, {1, 1}}, NSCompositingOperationCopy, 1);
+  EXPECT_EQ(canvas.art(), "....\n.RG.\n.B..\nG...\n") << "a part, from the image's lower left";
+  image->drawInRect({{3, 3}, {1, 1}}, {{0, 1}, {1, 1}}, NSCompositingOperationSourceOver, 0.5);
+  EXPECT_EQ(canvas.at(3, 0), 0x80000080U);
+}
+
+TEST(Image, TakesAPatternBeforeItChanges) {
+  const AutoreleasePool pool;
+  const auto image = support::imageOf({"R"});
+  const NSColor pattern = NSColor::colorWithPatternImage(image);
+  const Canvas canvas(2, 1);
+  canvas.fill(pattern, {{0, 0}, {1, 1}});
+  image->lockFocus();
+  letter('G').set();
+  NSRectFill({{0, 0}, {1, 1}});
+  image->unlockFocus();
+  canvas.fill(pattern, {{1, 0}, {1, 1}});
+  EXPECT_EQ(canvas.art(), "RR\n");
+}
+
+TEST(Image, KeepsRepresentationsForTheirDensity) {
+  const AutoreleasePool pool;
+  const auto image = NSImage::withSize({2, 2});
+  EXPECT_FALSE(image->isValid());
+  for (const char name : {'R', 'G'}) {
+    const NSInteger side = name == 'R' ? 2 : 4;
+    const auto rep = bitmap(side, side);
+    for (NSInteger i = 0; i < side * side; ++i) rep->setColor(letter(name), i % side, i / side);
+    image->addRepresentation(rep);
+  }
+  const Canvas once(2, 2);
+  image->drawInRect({{0, 0}, {2, 2}});
+  EXPECT_EQ(once.art(), "RR\nRR\n");
+  const Canvas twice(4, 4, 2);
+  image->drawInRect({{0, 0}, {2, 2}});
+  EXPECT_EQ(twice.art(), "GGGG\nGGGG\nGGGG\nGGGG\n");
+}
+
+}  // namespace
