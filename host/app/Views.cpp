@@ -41,7 +41,7 @@ void MANodeView::setNode(NSObject root) {
 
 void MANodeView::updatePresentation() {
   if (!node) return;
-  presentNode(node, NSObject(self));
+  presentTree(node, NSObject(self));
   const NSColor background = call<"backgroundColor", NSColor>(self);
   cast<NSView>(NSObject(self)).layer().setBackgroundColor(background.CGColor());
 }

@@ -9,6 +9,29 @@ using namespace cocoa;
 
 MANode& nodeOf(NSObject node) { return stateOf<MANode>(node); }
 
+/// Sections of one kind share the string that names them.
+NSString sharedName(const char* name) {
+  static const Ref<NSMutableDictionary> names = make<NSMutableDictionary>();
+  const NSString key = string(name);
+  if (const NSObject shared = names->objectForKey(key)) return cast<NSString>(shared);
+  names->setObject(key, key);
+  return key;
+}
+
+void update(NSObject node, NSObject view) {
+  call<"willUpdatePresentationObject">(node);
+  call<"updatePresentationObject:view:">(node, static_cast<NSObject>(nodeOf(node).layer.get()), view);
+}
+
+/// Brings up to date what is marked below a node.
+void presentChildren(NSObject node, NSObject view) {
+  for (NSObject child : items(nodeOf(node).childrenArray)) {
+    const MANode& state = nodeOf(child);
+    if (state.needsDisplay || state.needsUpdateContents) update(child, view);
+    presentChildren(child, view);
+  }
+}
+
 }  // namespace
 
 MANode::~MANode() { removeAllChildren(); }
@@ -95,16 +118,18 @@ void MANode::drawRect(CGRect /*rect*/, CGContextRef /*context*/) {}
 Ref<NSObject> makeNode(const char* className, const char* name, CGRect frame) {
   const id object = call<"init", id>(call<"alloc", id>(classNamed(className)));
   MANode& node = stateOf<MANode>(object);
-  node.name = string(name);
+  node.name = sharedName(name);
   node.frame = frame;
   return Ref<NSObject>::adopt(NSObject(object));
 }
 
-void presentNode(NSObject node, NSObject view) {
-  const AutoreleasePool pool;  // a strip's leftovers go with the strip
-  call<"willUpdatePresentationObject">(node);
-  call<"updatePresentationObject:view:">(node, static_cast<NSObject>(nodeOf(node).layer.get()), view);
-  for (NSObject child : items(nodeOf(node).childrenArray)) presentNode(child, view);
+void presentTree(NSObject root, NSObject view) {
+  update(root, view);
+  for (NSObject strip : items(nodeOf(root).childrenArray)) {
+    const AutoreleasePool pool;  // a strip's leftovers go with the strip
+    update(strip, view);
+    presentChildren(strip, view);
+  }
 }
 
 void defineMANode() {

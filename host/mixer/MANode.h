@@ -56,8 +56,9 @@ cocoa::CFRef<CGImageRef> drawnImage(CGSize size, double scale, Draw&& draw);
 /// Makes a node of the named class.
 cocoa::Ref<NSObject> makeNode(const char* className, const char* name, CGRect frame);
 
-/// Presents a node and what is below it: asks each to update itself, parents first.
-void presentNode(NSObject node, NSObject view);
+/// Presents a mixer: its root and every strip at each frame, of their sections those that are marked. Parents
+/// come first.
+void presentTree(NSObject root, NSObject view);
 
 void defineMANode();
 
