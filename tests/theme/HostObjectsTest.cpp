@@ -1,0 +1,159 @@
+// What the theme does with objects of the host: windows, nodes, layers, catalogue colours. The host runs
+// without the bundle; the plug-in's code is called here.
+
+#include <gtest/gtest.h>
+
+#include "cocoa/Call.h"
+#include "host/mixer/MANode.h"
+#include "plugin/loader/Attach.h"
+#include "plugin/theme/ThemeUtility.h"
+#include "plugin/theme/Utility.h"
+#include "tests/support/Colours.h"
+#include "tests/support/Theme.h"
+
+namespace velura {
+namespace {
+
+using namespace cocoa;
+using support::Rgba;
+using support::rgba;
+
+class HostObjects : public testing::Test {
+ protected:
+  void SetUp() override {
+    defineVLRStripGradient();
+    defineVLRStripBevel();
+    defineThemeUtility();
+    defineUtility();
+    host::Track folder{.name = "Folder"};
+    folder.folder = true;
+    application_ = support::start("", support::songOf({{.name = "Audio"},
+                                                       folder,
+                                                       {.name = "Master", .type = host::StripType::kMaster},
+                                                       {.name = "Other", .type = host::StripType::kOther}}));
+    ASSERT_TRUE(application_);
+    theme_ = &ThemeUtility::shared();
+  }
+  void setColour(const char* key, NSColor colour) {
+    const auto colours = NSMutableDictionary::dictionaryWithDictionary(theme_->colorCollection());
+    colours.setObject(colour, string(key));
+    theme_->setColorCollection(colours);
+  }
+  [[nodiscard]] NSObject strip(NSUInteger index) const { return application_->mixer().strips().objectAtIndex(index); }
+  static NSInteger trackType(NSObject node) { return call<"getTrackType:", NSInteger>(classNamed("Utility"), node); }
+
+  AutoreleasePool pool_;
+  std::unique_ptr<host::Application> application_;
+  ThemeUtility* theme_ = nullptr;
+};
+
+/// The text fields of a window's title bar.
+NSArray titleFields(NSWindow window) {
+  const auto fields = NSMutableArray::array();
+  for (const NSView container : items<NSView>(window.contentView().superview().subviews())) {
+    for (const NSView bar : items<NSView>(container.subviews())) {
+      if (toStdString(bar.className()) != "NSTitlebarView") continue;
+      for (const NSView view : items<NSView>(bar.subviews())) {
+        if (as<NSTextField>(view)) fields.addObject(view);
+      }
+    }
+  }
+  return fields;
+}
+NSColor titleColour(NSWindow window, NSUInteger field = 0) {
+  return cast<NSTextField>(titleFields(window).objectAtIndex(field)).textColor();
+}
+
+TEST_F(HostObjects, TitlesOfWindowsAndPanelsTakeTheirColour) {
+  const NSWindow mixer = application_->window(host::WindowKind::kMixer);
+  const NSWindow panel = application_->window(host::WindowKind::kStepSequencer);
+  mixer.setSubtitle(string("a second text"));
+  ASSERT_EQ(titleFields(mixer).count(), 2U);
+  const NSColor untouched = titleColour(mixer);
+  application_->runFrame();
+  EXPECT_EQ(titleColour(mixer), untouched) << "no colour, no change";
+  setColour("windowTitleColor", NSColor::colorWithSRGBRed(1, 0, 0, 1));
+  const NSColor subtitle = titleColour(mixer, 1);
+  application_->runFrame();
+  EXPECT_EQ(rgba(titleColour(mixer)), (Rgba{255, 0, 0}));
+  EXPECT_EQ(rgba(titleColour(panel)), (Rgba{255, 0, 0}));
+  EXPECT_EQ(titleColour(mixer, 1), subtitle) << "only the first text changes";
+}
+
+TEST_F(HostObjects, OnlyTheHostsOwnWindowsChange) {
+  setColour("windowTitleColor", NSColor::colorWithSRGBRed(1, 0, 0, 1));
+  for (const char* kind : {"NSWindow", "MAKitWindow"}) {
+    const auto window = Ref<NSWindow>::adopt(NSWindow(call<"initWithContentRect:styleMask:backing:defer:", id>(
+        call<"alloc", id>(classNamed(kind)), CGRectMake(0, 0, 100, 100), NSWindowStyleMaskTitled,
+        NSBackingStoreBuffered, BOOL(0))));
+    window->update();
+    const bool host = std::string_view(kind) == "MAKitWindow";
+    EXPECT_EQ(rgba(titleColour(window)) == (Rgba{255, 0, 0}), host) << kind;
+  }
+  const auto bare = Ref<NSWindow>::adopt(NSWindow(call<"initWithContentRect:styleMask:backing:defer:", id>(
+      call<"alloc", id>(classNamed("MAKitWindow")), CGRectMake(0, 0, 100, 100), NSWindowStyleMaskBorderless,
+      NSBackingStoreBuffered, BOOL(0))));
+  bare->update();  // a window without a title bar
+  NSNotificationCenter::defaultCenter().postNotificationName(NSWindowDidUpdateNotification, string("no window"));
+  NSNotificationCenter::defaultCenter().postNotificationName(NSWindowDidUpdateNotification, NSObject());
+}
+
+TEST_F(HostObjects, TrackTypesComeFromTheStripAround) {
+  EXPECT_EQ(trackType(strip(0)), 0);
+  EXPECT_EQ(trackType(strip(1)), 100);
+  EXPECT_EQ(trackType(strip(2)), 8);
+  EXPECT_EQ(trackType(strip(3)), 4) << "a code of the host's that has no name";
+  const auto children = call<"childrenArray", NSArray>(strip(1));
+  ASSERT_GT(children.count(), 0U);
+  EXPECT_EQ(trackType(children.objectAtIndex(0)), 100);
+  EXPECT_EQ(trackType(NSObject()), -1);
+  EXPECT_EQ(trackType(call<"parent", NSObject>(strip(0))), -1);
+}
+
+TEST_F(HostObjects, SublayersAreFoundByName) {
+  const CALayer layer = CALayer::layer();
+  const CALayer child = CALayer::layer();
+  const CALayer grandchild = CALayer::layer();
+  child.setName(string("knob"));
+  grandchild.setName(string("pointer"));
+  child.addSublayer(grandchild);
+  layer.addSublayer(CALayer::layer());
+  layer.addSublayer(child);
+  const auto find = [&](CALayer in, const char* name) {
+    return call<"sublayer:withName:", CALayer>(classNamed("Utility"), in, string(name));
+  };
+  EXPECT_EQ(find(layer, "knob"), child);
+  EXPECT_FALSE(find(layer, "pointer"));
+  EXPECT_FALSE(find(CALayer(), "knob"));
+}
+
+TEST_F(HostObjects, CatalogueColoursAreThemedByName) {
+  constexpr const char* kMain = "#$assets-mainBundleID";
+  const auto catalogueColour = [](const char* catalogue, const char* name) {
+    return NSColor::colorWithCatalogName(string(catalogue), string(name));
+  };
+  const auto rowHeaders = [] {
+    return call<"stepSequencerRowHeadersBackgroundColor", NSColor>(asObject(classNamed("NSColor")));
+  };
+  const NSColor toolbar = catalogueColour(kMain, "MixerToolbarBackground");
+  const NSColor headers = rowHeaders();
+  ASSERT_TRUE(toolbar);
+  ASSERT_TRUE(headers);
+  attachNSColorThemeSupport();
+  // Sent twice, as a host might: the overrides stay in place.
+  for (int i = 0; i < 2; ++i) call<"addSwizzleMethod">(asObject(classNamed("NSColor")));
+  EXPECT_TRUE(catalogueColour(kMain, "MixerToolbarBackground").isEqual(toolbar));
+  EXPECT_TRUE(rowHeaders().isEqual(headers));
+  EXPECT_FALSE(catalogueColour(kMain, "NoSuchColour"));
+  const NSColor themed = NSColor::colorWithSRGBRed(1, 0, 0, 1);
+  setColour("MixerToolbarBackground", themed);
+  setColour("StepSequencerHeader_EmptyAreaBelow", themed);
+  setColour("NoSuchColour", themed);
+  EXPECT_EQ(catalogueColour(kMain, "MixerToolbarBackground"), themed);
+  EXPECT_EQ(catalogueColour(kMain, "NoSuchColour"), themed);
+  EXPECT_NE(catalogueColour("another catalogue", "MixerToolbarBackground"), themed);
+  EXPECT_EQ(rowHeaders(), themed);
+}
+
+}  // namespace
+}  // namespace velura
