@@ -1,8 +1,10 @@
 #include "plugin/gradient/PatternRenderer.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
 #include <cstring>
 #include <string>
 
@@ -37,8 +39,8 @@ class PatternKey {
   }
   void addFixed(double number, int decimals) {
     char digits[48];
-    const auto end = std::to_chars(digits, digits + sizeof digits, number, std::chars_format::fixed, decimals);
-    if (end.ec == std::errc()) text_.append(digits, end.ptr);
+    const int length = std::snprintf(digits, sizeof digits, "%.*f", decimals, number);
+    text_.append(digits, static_cast<std::size_t>(std::max(length, 0)));
   }
   /// A double as its bits: shorter than its decimals, and exact.
   void addExact(double number) {
