@@ -26,6 +26,7 @@ struct RenderArguments {
 };
 
 const std::map<std::string, host::WindowKind> kWindows{{"mixer", host::WindowKind::kMixer},
+                                                       {"document", host::WindowKind::kDocument},
                                                        {"step-sequencer", host::WindowKind::kStepSequencer}};
 
 int fail(const std::string& message) {
@@ -88,7 +89,7 @@ void describeRender(CLI::App& command, RenderArguments& arguments) {
   command.add_option("--song", arguments.song, "The song to open: a JSON file, see docs/development.md")->required();
   command.add_option("--out", arguments.out, "The PNG file to write")->required();
   command.add_option("--window", arguments.window, "Which window to draw")
-      ->check(CLI::IsMember(std::vector<std::string>{"mixer", "step-sequencer"}))
+      ->check(CLI::IsMember(std::vector<std::string>{"mixer", "document", "step-sequencer"}))
       ->capture_default_str();
   command.add_option("--scale", arguments.scale, "Pixels per point")
       ->check(CLI::IsMember(std::vector<int>{1, 2}))

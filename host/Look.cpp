@@ -129,6 +129,10 @@ NSColor look(Look which) {
   return colours[static_cast<std::size_t>(which)];
 }
 
+NSColor catalogueColour(Look which) {
+  return NSColor::colorWithCatalogName(literal<"#$assets-mainBundleID">(), string(catalogueName(which)));
+}
+
 const char* catalogueName(Look which) { return kRows[static_cast<std::size_t>(which)].catalogueName; }
 
 void registerLook() {

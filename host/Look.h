@@ -98,6 +98,9 @@ enum class Look : std::size_t {
 /// One colour of the host's own look. Lives as long as the process.
 NSColor look(Look which);
 
+/// The colour as the host's asset catalogue has it, which anyone may have changed by name.
+NSColor catalogueColour(Look which);
+
 /// The name under which the host's asset catalogue lists a colour, or null when it is drawn from code.
 const char* catalogueName(Look which);
 

@@ -63,6 +63,7 @@ Application::Application(HostOptions options) : options_(std::move(options)) {
 Application::~Application() {
   const AutoreleasePool pool;
   sequencer_.reset();
+  document_.reset();
   mixer_.reset();
 }
 
@@ -88,6 +89,7 @@ void Application::open(Song song) {
   const AutoreleasePool pool;
   song_ = std::move(song);
   mixer_ = std::make_unique<MixerWindow>(song_, options_.scale);
+  document_ = std::make_unique<DocumentWindow>(song_, options_.scale);
   sequencer_ = std::make_unique<StepSequencerPanel>(options_.scale);
 }
 
@@ -98,7 +100,12 @@ void Application::runFrame() {
 }
 
 NSWindow Application::window(WindowKind kind) const {
-  return kind == WindowKind::kMixer ? mixer_->window() : sequencer_->window();
+  switch (kind) {
+    case WindowKind::kMixer: return mixer_->window();
+    case WindowKind::kDocument: return document_->window();
+    case WindowKind::kStepSequencer: break;
+  }
+  return sequencer_->window();
 }
 
 Ref<NSBitmapImageRep> Application::draw(WindowKind kind) {

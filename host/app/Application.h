@@ -6,12 +6,13 @@
 #include <string>
 
 #include "host/Song.h"
+#include "host/app/DocumentWindow.h"
 #include "host/app/StepSequencerPanel.h"
 #include "host/mixer/MixerWindow.h"
 
 namespace host {
 
-enum class WindowKind { kMixer, kStepSequencer };
+enum class WindowKind { kMixer, kDocument, kStepSequencer };
 
 struct HostOptions {
   std::string version = "11.1.2";
@@ -47,6 +48,7 @@ class Application {
   HostOptions options_;
   Song song_;
   std::unique_ptr<MixerWindow> mixer_;
+  std::unique_ptr<DocumentWindow> document_;
   std::unique_ptr<StepSequencerPanel> sequencer_;
 };
 

@@ -1,6 +1,8 @@
 #include "host/app/StepSequencerPanel.h"
 
-#include "host/app/Views.h"
+#include "cocoa/Call.h"
+#include "cocoa/ClassDefinition.h"
+#include "host/app/KitWindow.h"
 #include "host/mixer/Painter.h"
 
 namespace host {
@@ -19,10 +21,6 @@ struct Row {
 };
 constexpr Row kRows[] = {{"Kick", 0x1111}, {"Snare", 0x1010}, {"Clap", 0x9010},
                          {"Closed Hat", 0x5555}, {"Open Hat", 0x4444}, {"Shaker", 0xBBBB}};
-
-NSColor catalogueColour(Look which) {
-  return NSColor::colorWithCatalogName(literal<"#$assets-mainBundleID">(), string(catalogueName(which)));
-}
 
 NSColor stepSequencerRowHeadersBackgroundColor(Class /*self*/) { return catalogueColour(Look::kRowHeaderBackground); }
 
@@ -53,17 +51,10 @@ void drawSequencer(CGRect bounds, CGContextRef context) {
 }  // namespace
 
 StepSequencerPanel::StepSequencerPanel(double scale) {
-  const CGRect content =
-      CGRectMake(0, 0, kHeaderWidth + 12 + kStepWidth * kSteps, kRowHeight * static_cast<double>(std::size(kRows)) + 40);
-  panel_ = Ref<NSWindow>::adopt(NSWindow(call<"initWithContentRect:styleMask:backing:defer:", id>(
-      call<"alloc", id>(classNamed("MAKitPanel")), content, NSUInteger(15), NSUInteger(2), BOOL(0))));
-  panel_->setTitle(literal<"Step Sequencer">());
-  call<"setBackingScaleFactor:">(panel_.get(), scale);
-  const auto view = Ref<NSView>::adopt(
-      NSView(call<"initWithFrame:", id>(call<"alloc", id>(classNamed("CLgToolbarView")), content)));
-  stateOf<CLgToolbarView>(view.get()).draw = drawSequencer;
-  panel_->contentView().addSubview(view);
-  panel_->orderFront(NSObject());
+  constexpr double kBelowRows = 40;
+  const CGSize content{kHeaderWidth + 12 + kStepWidth * kSteps, kRowHeight * static_cast<double>(std::size(kRows)) + kBelowRows};
+  panel_ = openKitWindow("MAKitPanel", content, "Step Sequencer", scale);
+  panel_->contentView().addSubview(drawnView({{0, 0}, content}, drawSequencer));
 }
 
 StepSequencerPanel::~StepSequencerPanel() { panel_->close(); }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "host/app/KitWindow.h"
 #include "host/app/Views.h"
 #include "host/mixer/MANode.h"
 #include "host/mixer/MixerData.h"
@@ -25,10 +26,6 @@ struct CLgRupertContentsViewController : ObjectState {
   Ref<NSObject> contentsController;
   Ref<NSObject> mixerFENSTER;
 };
-
-NSColor catalogueColour(Look which) {
-  return NSColor::colorWithCatalogName(literal<"#$assets-mainBundleID">(), string(catalogueName(which)));
-}
 
 double drawMenu(const Painter& painter, double x, double height, const char* title) {
   constexpr double kWidth = 46;
@@ -99,12 +96,7 @@ void MixerWindow::buildViews(const Song& song, double scale) {
   const double contentHeight = stripHeight(song) + kBelowStrips + kAboveStrips;
   const double stripsWidth = kStripWidth * static_cast<double>(song.tracks.size());
   const double width = std::min(kWidestWindow, std::max(320.0, stripsWidth + kBesideStrips));
-  const CGRect content = CGRectMake(0, 0, width, contentHeight + kToolbarHeight);
-  window_ = Ref<NSWindow>::adopt(NSWindow(call<"initWithContentRect:styleMask:backing:defer:", id>(
-      call<"alloc", id>(classNamed("MAKitWindow")), content, NSUInteger(15), NSUInteger(2), BOOL(0))));
-  window_->setTitle(string(song.title + " - Mixer"));
-  call<"setBackingScaleFactor:">(window_.get(), scale);
-
+  window_ = openKitWindow("MAKitWindow", {width, contentHeight + kToolbarHeight}, song.title + " - Mixer", scale);
   const Ref<NSView> mixer = newView("CLgRupertView", CGRectMake(0, 0, width, contentHeight));
   const Ref<NSView> contents = newView("CLgRupertContentsView", CGRectMake(0, 0, width, contentHeight));
   contents_ = contents.get();
@@ -117,13 +109,10 @@ void MixerWindow::buildViews(const Song& song, double scale) {
   call<"setBackgroundColor:">(contents_.get(), look(Look::kMixerBackground));
   call<"setNode:">(contents_.get(), root_.get());
   mixer->addSubview(contents);
-  const Ref<NSView> toolbar = newView("CLgToolbarView", CGRectMake(0, contentHeight, width, kToolbarHeight));
-  stateOf<CLgToolbarView>(toolbar.get()).draw = drawToolbar;
   window_->contentView().addSubview(mixer);
-  window_->contentView().addSubview(toolbar);
+  window_->contentView().addSubview(drawnView(CGRectMake(0, contentHeight, width, kToolbarHeight), drawToolbar));
   windowController_ = newObject("NSWindowController");
   call<"setWindow:">(windowController_.get(), window_.get());
-  window_->orderFront(NSObject());
 }
 
 NSArray MixerWindow::strips() const { return call<"childrenArray", NSArray>(root_.get()); }

@@ -1,0 +1,29 @@
+#include "host/app/KitWindow.h"
+
+#include "cocoa/Call.h"
+#include "host/app/Views.h"
+
+namespace host {
+
+using namespace cocoa;
+
+Ref<NSWindow> openKitWindow(const char* className, CGSize content, std::string_view title, double scale) {
+  constexpr NSUInteger kTitledClosableMiniaturizableResizable = 15;
+  constexpr NSUInteger kBuffered = 2;
+  const auto window = Ref<NSWindow>::adopt(NSWindow(call<"initWithContentRect:styleMask:backing:defer:", id>(
+      call<"alloc", id>(classNamed(className)), CGRect{{0, 0}, content}, kTitledClosableMiniaturizableResizable,
+      kBuffered, BOOL(0))));
+  window->setTitle(string(title));
+  call<"setBackingScaleFactor:">(window.get(), scale);
+  window->orderFront(NSObject());
+  return window;
+}
+
+Ref<NSView> drawnView(CGRect frame, DrawContents draw) {
+  const auto view = Ref<NSView>::adopt(
+      NSView(call<"initWithFrame:", id>(call<"alloc", id>(classNamed("CLgToolbarView")), frame)));
+  stateOf<CLgToolbarView>(view.get()).draw = std::move(draw);
+  return view;
+}
+
+}  // namespace host
