@@ -189,7 +189,7 @@ class StripBuilder {
       const CGRect frame = row(rows_.setting, kSlotHeight);
       addButton("setting", frame, track_.setting.empty() ? "Setting" : track_.setting, "Buttons.Default",
                 !track_.setting.empty());
-      if (track_.selected && track_.type == StripType::kInstrument) addLibraryIndicator(frame);
+      if (track_.selected) addLibraryIndicator(frame);
     }
     if (sections_.reduction) {
       const NSObject meter = add("MAGainReductionMeterNode", "gainReductionMeter", row(rows_.reduction, kReductionHeight));
