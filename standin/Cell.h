@@ -55,6 +55,16 @@ NSAttributedString attributed(NSString text, NSFont font, NSColor color, NSTextA
 /// Draws the text as one line in the middle of the rectangle's height.
 void drawCentered(NSAttributedString text, NSRect rect);
 
+/// A control answers what its cell answers, and passes on what is set.
+template <cocoa::FixedString Selector, class R>
+R fromCell(NSControl control) {
+  return cocoa::call<Selector, R>(control.cell());
+}
+template <cocoa::FixedString Selector, class V>
+void toCell(NSControl control, V value) {
+  cocoa::call<Selector>(control.cell(), value);
+}
+
 /// State of an NSControl.
 struct ControlState : cocoa::ObjectState {
   cocoa::Ref<NSCell> cell;

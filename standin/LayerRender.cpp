@@ -44,19 +44,19 @@ class LayerRenderer {
 
   void render(LayerState& layer, const CGAffineTransform& toDevice, bool flipped) {
     if (layer.hidden || !(layer.opacity > 0)) return;
-    enter(layer, toDevice, 1);
+    enter(toDevice, 1);
     const bool visible = !context_.touchedPixels(localBounds(layer)).intersected(context_.state().clip).isEmpty();
     if (!visible && (layer.masksToBounds || layer.mask || layer.sublayers.empty())) return;
     layer.displayIfNeeded();
     const bool fades = layer.opacity < 1;
     if (layer.mask || (fades && partsOf(layer) > 1)) return renderGroup(layer, toDevice, flipped);
-    enter(layer, toDevice, fades ? static_cast<double>(layer.opacity) : 1);
+    enter(toDevice, fades ? static_cast<double>(layer.opacity) : 1);
     renderParts(layer, toDevice, flipped);
   }
 
  private:
   /// Moves the context into the layer's space.
-  void enter(const LayerState&, const CGAffineTransform& toDevice, double alpha) {
+  void enter(const CGAffineTransform& toDevice, double alpha) {
     GraphicsState& state = context_.state();
     state.ctm = toDevice;
     state.patternSpace = toDevice;
@@ -112,7 +112,7 @@ class LayerRenderer {
       drawInside(layer, toDevice, flipped);
     }
     if (layer.borderWidth > 0 && layer.borderColor) {
-      enter(layer, toDevice, context_.state().alpha);
+      enter(toDevice, context_.state().alpha);
       drawBorder(layer);
     }
   }
@@ -122,7 +122,7 @@ class LayerRenderer {
     if (layer.sublayers.empty()) return;
     const double alpha = context_.state().alpha;
     for (LayerState* below : inDrawingOrder(layer)) renderBelow(layer, *below, toDevice, flipped);
-    enter(layer, toDevice, alpha);
+    enter(toDevice, alpha);
   }
 
   /// By depth, equal depths in their order.

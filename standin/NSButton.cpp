@@ -73,15 +73,6 @@ struct Button : ObjectState {};
 
 Class cellClass(Class) { return classNamed<"NSButtonCell">(); }
 
-template <FixedString Selector, class R>
-R fromCell(NSControl control) {
-  return call<Selector, R>(control.cell());
-}
-template <FixedString Selector, class V>
-void toCell(NSControl control, V value) {
-  call<Selector>(control.cell(), value);
-}
-
 }  // namespace
 
 void registerButtons() {

@@ -8,16 +8,6 @@ namespace {
 
 Class cellClass(Class) { return classNamed<"NSCell">(); }
 
-/// Answers by asking the control's cell the same question.
-template <FixedString Selector, class R>
-R fromCell(NSControl control) {
-  return call<Selector, R>(control.cell());
-}
-template <FixedString Selector, class V>
-void toCell(NSControl control, V value) {
-  call<Selector>(control.cell(), value);
-}
-
 void drawCell(NSControl control, NSRect) { control.cell().drawWithFrame(control.bounds(), control); }
 
 }  // namespace

@@ -43,15 +43,6 @@ struct TextField : ObjectState {};
 
 Class cellClass(Class) { return classNamed<"NSTextFieldCell">(); }
 
-template <FixedString Selector, class R>
-R fromCell(NSControl control) {
-  return call<Selector, R>(control.cell());
-}
-template <FixedString Selector, class V>
-void toCell(NSControl control, V value) {
-  call<Selector>(control.cell(), value);
-}
-
 /// A label: text without a frame.
 NSTextField labelWithString(Class cls, NSString text) {
   const auto field = Ref<NSTextField>::adopt(call<"initWithFrame:", NSTextField>(call<"alloc", id>(cls), NSRect{}));

@@ -12,18 +12,18 @@ namespace {
 /// A point of the view's own space, measured from its lower left corner, y up; and back.
 NSPoint fromCorner(ViewState& view, NSPoint p) {
   const double up = p.y - view.boundsOrigin.y;
-  return {p.x - view.boundsOrigin.x, isFlipped(view.view()) ? view.frame.size.height - up : up};
+  return {p.x - view.boundsOrigin.x, view.view().isFlipped() ? view.frame.size.height - up : up};
 }
 NSPoint toOwnSpace(ViewState& view, NSPoint p) {
   return {p.x + view.boundsOrigin.x,
-          (isFlipped(view.view()) ? view.frame.size.height - p.y : p.y) + view.boundsOrigin.y};
+          (view.view().isFlipped() ? view.frame.size.height - p.y : p.y) + view.boundsOrigin.y};
 }
 
 /// The lower left corner of a subview, measured from the lower left corner of its superview.
 NSPoint cornerIn(ViewState& above, const ViewState& view) {
   const double up = view.frame.minY() - above.boundsOrigin.y;
   return {view.frame.minX() - above.boundsOrigin.x,
-          isFlipped(above.view()) ? above.frame.size.height - up - view.frame.size.height : up};
+          above.view().isFlipped() ? above.frame.size.height - up - view.frame.size.height : up};
 }
 
 /// The lower left corner in the space of the outermost view, which is that of the window.
@@ -85,7 +85,7 @@ class CurrentGraphics {
 
 void drawOwn(ViewState& view, Context& context, CGContextRef target, const CGAffineTransform& toDevice) {
   const SavedState saved(context);
-  const bool flipped = isFlipped(view.view());
+  const bool flipped = view.view().isFlipped();
   context.setTransform(toDevice);
   if (flipped) context.concat({1, 0, 0, -1, 0, view.frame.size.height});
   context.concat(CGAffineTransformMakeTranslation(-view.boundsOrigin.x, -view.boundsOrigin.y));
@@ -267,7 +267,7 @@ void ViewState::setLayer(CALayer changed) {
   if (!layer) return;
   LayerState& state = stateOf<LayerState>(layer);
   if (state.delegate == nullptr) state.delegate = self;
-  state.geometryFlipped = isFlipped(view());
+  state.geometryFlipped = view().isFlipped();
   placeLayer();
 }
 

@@ -78,9 +78,6 @@ struct ViewState : cocoa::ObjectState {
   NSRect rectFrom(NSRect rect, NSView other);
 };
 
-/// Whether the view's y axis points down: asked of the object, since subclasses answer for themselves.
-inline bool isFlipped(NSView view) { return view.isFlipped(); }
-
 /// Draws a view and its descendants. `toDevice` leads from the view's lower left corner, y up, to the device.
 void renderView(ViewState& view, Context& context, CGContextRef target, const CGAffineTransform& toDevice);
 
