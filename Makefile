@@ -1,5 +1,5 @@
 # The two commands of the README are `make run` and `make test`; each sets up what it needs by itself.
-.PHONY: run test bench fuzz bundle format tidy setup build reference-docs clean
+.PHONY: help run test bench fuzz bundle format tidy setup build clean
 MAKEFLAGS += --no-print-directory
 JOBS := $(shell nproc)
 
@@ -35,9 +35,10 @@ bundle: setup
 format: setup
 	@git ls-files '*.h' '*.cpp' | xargs clang-format -i
 
-## make tidy     run clang-tidy over the plug-in and cocoa/
-tidy: build
-	@find plugin -name '*.cpp' | xargs clang-tidy -p build --quiet
+## make tidy     run clang-tidy over the plug-in and the headers that it includes
+tidy: setup
+	@cmake -S . -B build/tidy -G Ninja -DCMAKE_CXX_COMPILER=clang++ >/dev/null
+	@find plugin -name '*.cpp' | xargs -P $(JOBS) -n 4 clang-tidy -p build/tidy --quiet
 
 setup:
 	@tools/setup

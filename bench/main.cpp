@@ -31,7 +31,7 @@ using benchmark::State;
 struct Row {
   std::string name;
   double limit;
-  double perOurs = 1;      // things done in one iteration, to give a time for each
+  double perOurs = 1;  // things done in one iteration, to give a time for each
   double perBaseline = 1;
 };
 
@@ -66,48 +66,50 @@ constexpr int kInner = 64;  // repetitions in one iteration of what takes a few 
 
 void addMessageRow() {
   static const Ref<NSNumber> receiver = NSNumber::numberWithLong(7);
-  addRow({"a message through send", 1.25, kInner, kInner},
-         [](State& state) {
-           for (auto i : state) {
-             static_cast<void>(i);
-             for (int n = 0; n < kInner; ++n) {
-               benchmark::DoNotOptimize(send<NSInteger>(receiver.get().object, selector<"integerValue">()));
-             }
-           }
-         },
-         [](State& state) {
-           const SEL sel = sel_registerName("integerValue");
-           using F = NSInteger (*)(id, SEL);
-           for (auto i : state) {
-             static_cast<void>(i);
-             for (int n = 0; n < kInner; ++n) {
-               const id object = receiver.get().object;
-               benchmark::DoNotOptimize(
-                   reinterpret_cast<F>(reinterpret_cast<void (*)()>(objc_msg_lookup(object, sel)))(object, sel));
-             }
-           }
-         });
+  addRow(
+      {"a message through send", 1.25, kInner, kInner},
+      [](State& state) {
+        for (auto i : state) {
+          static_cast<void>(i);
+          for (int n = 0; n < kInner; ++n) {
+            benchmark::DoNotOptimize(send<NSInteger>(receiver.get().object, selector<"integerValue">()));
+          }
+        }
+      },
+      [](State& state) {
+        const SEL sel = sel_registerName("integerValue");
+        using F = NSInteger (*)(id, SEL);
+        for (auto i : state) {
+          static_cast<void>(i);
+          for (int n = 0; n < kInner; ++n) {
+            const id object = receiver.get().object;
+            benchmark::DoNotOptimize(
+                reinterpret_cast<F>(reinterpret_cast<void (*)()>(objc_msg_lookup(object, sel)))(object, sel));
+          }
+        }
+      });
 }
 
 void addLookUpRow() {
   static const Ref<NSDictionary> dictionary = velura::ThemeUtility::shared().colorCollection();
   static const Ref<NSString> key = makeString("stripBackgroundColor");
-  addRow({"a colour by its key in the table", 0.3, kInner, kInner},
-         [](State& state) {
-           for (auto i : state) {
-             static_cast<void>(i);
-             for (int n = 0; n < kInner; ++n) {
-               benchmark::DoNotOptimize(
-                   velura::ThemeUtility::shared().colorForKey(velura::ThemeKey::kStripBackgroundColor).object);
-             }
-           }
-         },
-         [](State& state) {
-           for (auto i : state) {
-             static_cast<void>(i);
-             for (int n = 0; n < kInner; ++n) benchmark::DoNotOptimize(dictionary->objectForKey(key.get()).object);
-           }
-         });
+  addRow(
+      {"a colour by its key in the table", 0.3, kInner, kInner},
+      [](State& state) {
+        for (auto i : state) {
+          static_cast<void>(i);
+          for (int n = 0; n < kInner; ++n) {
+            benchmark::DoNotOptimize(
+                velura::ThemeUtility::shared().colorForKey(velura::ThemeKey::kStripBackgroundColor).object);
+          }
+        }
+      },
+      [](State& state) {
+        for (auto i : state) {
+          static_cast<void>(i);
+          for (int n = 0; n < kInner; ++n) benchmark::DoNotOptimize(dictionary->objectForKey(key.get()).object);
+        }
+      });
 }
 
 // ---- Patterns --------------------------------------------------------------------------------------
@@ -161,8 +163,7 @@ void cairoPattern(State& state, const PatternCase& c, int width) {
     static_cast<void>(i);
     cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height);
     cairo_t* cr = cairo_create(surface);
-    cairo_pattern_t* gradient =
-        cairo_pattern_create_linear(0, 0, c.angle == 180 ? 0 : width, height);
+    cairo_pattern_t* gradient = cairo_pattern_create_linear(0, 0, c.angle == 180 ? 0 : width, height);
     cairo_pattern_add_color_stop_rgba(gradient, 0, 0.3, 0.3, 0.35, 1);
     cairo_pattern_add_color_stop_rgba(gradient, 0.6, 0.2, 0.22, 0.25, 1);
     cairo_pattern_add_color_stop_rgba(gradient, 1, 0.1, 0.1, 0.12, 1);
@@ -187,14 +188,18 @@ void addPatternRows() {
   static const Ref<NSObject> bevel = velura::VLRStripBevel::bevelFromString(literal<"Bevel:{R,4,30}">());
   static const PatternCase vertical{{84, 600}};
   static const PatternCase oblique{{90, 600}, 135, &stateOf<velura::VLRStripBevel>(bevel.get())};
-  addRow({"a fresh vertical pattern, 8 x 600, 3 stops", 0.7}, [](State& s) { fresh(s, vertical); },
-         [](State& s) { cairoPattern(s, vertical, 8); });
-  addRow({"a fresh oblique pattern with bevel, 90 x 600", 1.2}, [](State& s) { fresh(s, oblique); },
-         [](State& s) { cairoPattern(s, oblique, 90); });
-  addRow({"a cached pattern, vertical", 0.25}, [](State& s) { cached(s, vertical); },
-         [](State& s) { fresh(s, vertical); });
-  addRow({"a cached pattern, oblique with bevel", 0.02}, [](State& s) { cached(s, oblique); },
-         [](State& s) { fresh(s, oblique); });
+  addRow(
+      {"a fresh vertical pattern, 8 x 600, 3 stops", 0.7}, [](State& s) { fresh(s, vertical); },
+      [](State& s) { cairoPattern(s, vertical, 8); });
+  addRow(
+      {"a fresh oblique pattern with bevel, 90 x 600", 1.2}, [](State& s) { fresh(s, oblique); },
+      [](State& s) { cairoPattern(s, oblique, 90); });
+  addRow(
+      {"a cached pattern, vertical", 0.25}, [](State& s) { cached(s, vertical); },
+      [](State& s) { fresh(s, vertical); });
+  addRow(
+      {"a cached pattern, oblique with bevel", 0.02}, [](State& s) { cached(s, oblique); },
+      [](State& s) { fresh(s, oblique); });
 }
 
 // ---- Themes ----------------------------------------------------------------------------------------
@@ -245,27 +250,27 @@ void addLoadRow() {
     std::fprintf(stderr, "%s\n", error.c_str());
     std::exit(1);
   }
-  addRow({"loading a theme of 400 keys with its reference", 1.5},
-         [](State& state) {
-           for (auto i : state) {
-             static_cast<void>(i);
-             const AutoreleasePool pool;
-             const auto loaded =
-                 Ref<NSObject>::adopt(NSObject(call<"init", id>(call<"alloc", id>(classNamed("ThemeUtility")))));
-             NSNotificationCenter::defaultCenter().removeObserver(loaded);
-             if (call<"colorCollection", NSDictionary>(loaded.get()).count() != 200) state.SkipWithError("not loaded");
-           }
-         },
-         [](State& state) {
-           for (auto i : state) {
-             static_cast<void>(i);
-             const AutoreleasePool pool;
-             for (const auto& path : {theme, reference}) {
-               benchmark::DoNotOptimize(
-                   call<"dictionaryWithContentsOfFile:", id>(classNamed("NSDictionary"), path.get()));
-             }
-           }
-         });
+  addRow(
+      {"loading a theme of 400 keys with its reference", 1.5},
+      [](State& state) {
+        for (auto i : state) {
+          static_cast<void>(i);
+          const AutoreleasePool pool;
+          const auto loaded =
+              Ref<NSObject>::adopt(NSObject(call<"init", id>(call<"alloc", id>(classNamed("ThemeUtility")))));
+          NSNotificationCenter::defaultCenter().removeObserver(loaded);
+          if (call<"colorCollection", NSDictionary>(loaded.get()).count() != 200) state.SkipWithError("not loaded");
+        }
+      },
+      [](State& state) {
+        for (auto i : state) {
+          static_cast<void>(i);
+          const AutoreleasePool pool;
+          for (const auto& path : {theme, reference}) {
+            benchmark::DoNotOptimize(call<"dictionaryWithContentsOfFile:", id>(classNamed("NSDictionary"), path.get()));
+          }
+        }
+      });
 }
 
 // ---- Frames ----------------------------------------------------------------------------------------
@@ -297,8 +302,8 @@ void presentAndDrawStrips(host::Application& application) {
   static const CFRef<CGContextRef> context = [] {
     const auto space = CFRef<CGColorSpaceRef>::adopt(CGColorSpaceCreateDeviceRGB());
     return CFRef<CGContextRef>::adopt(CGBitmapContextCreate(nullptr, static_cast<std::size_t>(host::kStripWidth),
-                                                            static_cast<std::size_t>(host::stripHeight(host::Song())), 8,
-                                                            0, space, kCGImageAlphaPremultipliedLast));
+                                                            static_cast<std::size_t>(host::stripHeight(host::Song())),
+                                                            8, 0, space, kCGImageAlphaPremultipliedLast));
   }();
   application.runFrame();
   for (const NSObject strip : items(application.mixer().strips())) {
@@ -431,7 +436,8 @@ bool print(const std::vector<Result>& all, const std::string& path) {
     std::printf("%-68s %10.1f ns %10.1f ns %7.3f %6.2f %s\n", r.row.name.c_str(), r.ours, r.baseline, ratio,
                 r.row.limit, ratio <= r.row.limit ? "" : "over");
     json << "  {\"name\": \"" << r.row.name << "\", \"ours_ns\": " << r.ours << ", \"baseline_ns\": " << r.baseline
-         << ", \"ratio\": " << ratio << ", \"limit\": " << r.row.limit << "}" << (i + 1 < all.size() ? "," : "") << "\n";
+         << ", \"ratio\": " << ratio << ", \"limit\": " << r.row.limit << "}" << (i + 1 < all.size() ? "," : "")
+         << "\n";
   }
   json << "]\n";
   return within;
@@ -460,8 +466,8 @@ int main(int argc, char** argv) {
   addLoadRow();
   addFrameRows(workers);
 
-  std::vector<std::string> options{argv[0], "--benchmark_enable_random_interleaving=true",
-                                   "--benchmark_repetitions=9", "--benchmark_report_aggregates_only=true"};
+  std::vector<std::string> options{argv[0], "--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=9",
+                                   "--benchmark_report_aggregates_only=true"};
   if (const char* filter = std::getenv("BENCH_FILTER"); filter != nullptr) {
     options.push_back(std::string("--benchmark_filter=") + filter);
   }

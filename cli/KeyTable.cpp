@@ -14,12 +14,18 @@ struct SectionTitle {
   const char* title;
 };
 constexpr SectionTitle kSections[] = {
-    {ThemeSection::kGeneral, "General"},        {ThemeSection::kMixerStrips, "Mixer strips"},
-    {ThemeSection::kTrackColours, "Track colours"}, {ThemeSection::kEmptySlots, "Empty slots"},
-    {ThemeSection::kText, "Text"},              {ThemeSection::kButtons, "Buttons and plug-in slots"},
-    {ThemeSection::kKnobs, "Knobs and panners"}, {ThemeSection::kImages, "Images"},
-    {ThemeSection::kMeters, "Meters and scales"}, {ThemeSection::kArrange, "Arrange area"},
-    {ThemeSection::kLiveLoops, "Live Loops"},   {ThemeSection::kBrowsers, "Browsers and lists"},
+    {ThemeSection::kGeneral, "General"},
+    {ThemeSection::kMixerStrips, "Mixer strips"},
+    {ThemeSection::kTrackColours, "Track colours"},
+    {ThemeSection::kEmptySlots, "Empty slots"},
+    {ThemeSection::kText, "Text"},
+    {ThemeSection::kButtons, "Buttons and plug-in slots"},
+    {ThemeSection::kKnobs, "Knobs and panners"},
+    {ThemeSection::kImages, "Images"},
+    {ThemeSection::kMeters, "Meters and scales"},
+    {ThemeSection::kArrange, "Arrange area"},
+    {ThemeSection::kLiveLoops, "Live Loops"},
+    {ThemeSection::kBrowsers, "Browsers and lists"},
 };
 
 struct KindName {
@@ -27,9 +33,12 @@ struct KindName {
   const char* name;
 };
 constexpr KindName kKinds[] = {
-    {ThemeKeyKind::kColour, "colour"},         {ThemeKeyKind::kGradient, "gradient"},
-    {ThemeKeyKind::kBevel, "bevel"},           {ThemeKeyKind::kFlag, "true or false"},
-    {ThemeKeyKind::kPercentage, "percent"},    {ThemeKeyKind::kPoints, "points"},
+    {ThemeKeyKind::kColour, "colour"},
+    {ThemeKeyKind::kGradient, "gradient"},
+    {ThemeKeyKind::kBevel, "bevel"},
+    {ThemeKeyKind::kFlag, "true or false"},
+    {ThemeKeyKind::kPercentage, "percent"},
+    {ThemeKeyKind::kPoints, "points"},
     {ThemeKeyKind::kPluginGroups, "dictionary"},
 };
 

@@ -53,8 +53,8 @@ bool selectTheme(const SessionOptions& options, std::string& error) {
     storeSelectedTheme("Default");
     return true;
   }
-  storeSelectedTheme(fs::path(options.themeFolder).filename().empty() ? "Custom"
-                                                                      : fs::path(options.themeFolder).filename().c_str());
+  storeSelectedTheme(
+      fs::path(options.themeFolder).filename().empty() ? "Custom" : fs::path(options.themeFolder).filename().c_str());
   openCompanionBundle(options.themeFolder);
   return linkThemeFile(options.themeFolder, error);
 }

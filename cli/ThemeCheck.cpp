@@ -47,7 +47,8 @@ struct KindCheck {
 };
 constexpr KindCheck kChecks[] = {
     {velura::ThemeKeyKind::kColour, isColour, "a colour such as sRGBColor:{255, 128, 0, 100}"},
-    {velura::ThemeKeyKind::kGradient, isGradient, "a gradient such as LinearGradient:{{62,62,66,100},{40,40,44,100},V}"},
+    {velura::ThemeKeyKind::kGradient, isGradient,
+     "a gradient such as LinearGradient:{{62,62,66,100},{40,40,44,100},V}"},
     {velura::ThemeKeyKind::kBevel, isBevel, "a bevel such as Bevel:{R,2,30}"},
     {velura::ThemeKeyKind::kFlag, isNumber, "true or false"},
     {velura::ThemeKeyKind::kPercentage, isNumber, "a whole number"},
@@ -61,7 +62,8 @@ std::vector<std::string> unfitValues(const std::string& path, NSDictionary theme
   for (const velura::ThemeKeyRow& row : velura::kThemeKeys) {
     const NSObject value = theme.objectForKey(string(row.name));
     if (!value) continue;
-    const auto* check = std::find_if(std::begin(kChecks), std::end(kChecks), [&](const auto& c) { return c.kind == row.kind; });
+    const auto* check =
+        std::find_if(std::begin(kChecks), std::end(kChecks), [&](const auto& c) { return c.kind == row.kind; });
     if (check->fits(value)) continue;
     found.push_back(path + ": " + std::string(row.name) + ": ignored, expected " + check->expected);
   }

@@ -76,7 +76,7 @@ template <auto Function>
 struct FunctionThunk;
 
 template <class R, class Self, class... A, R (*Function)(Self, A...)>
-  requires Handle<Self>
+requires Handle<Self>
 struct FunctionThunk<Function> {
   using Signature = R(A...);
   static constexpr std::size_t kArguments = sizeof...(A);

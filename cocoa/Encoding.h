@@ -15,21 +15,36 @@ template <class T>
 struct TypeEncoding {
   static constexpr std::string_view text() {
     using U = std::remove_cv_t<T>;
-    if constexpr (std::is_void_v<U>) return "v";
-    else if constexpr (Handle<U> || std::is_same_v<U, id>) return "@";
-    else if constexpr (std::is_same_v<U, Class>) return "#";
-    else if constexpr (std::is_same_v<U, SEL>) return ":";
-    else if constexpr (std::is_same_v<U, const char*>) return "r*";
-    else if constexpr (std::is_same_v<U, char*>) return "*";
-    else if constexpr (std::is_pointer_v<U>) return "^v";
-    else if constexpr (std::is_same_v<U, bool>) return "B";
-    else if constexpr (std::is_same_v<U, double>) return "d";
-    else if constexpr (std::is_same_v<U, float>) return "f";
-    else if constexpr (std::is_enum_v<U>) return TypeEncoding<std::underlying_type_t<U>>::text();
-    else if constexpr (sizeof(U) == 8) return std::is_signed_v<U> ? "q" : "Q";
-    else if constexpr (sizeof(U) == 4) return std::is_signed_v<U> ? "i" : "I";
-    else if constexpr (sizeof(U) == 2) return std::is_signed_v<U> ? "s" : "S";
-    else return std::is_signed_v<U> ? "c" : "C";
+    if constexpr (std::is_void_v<U>)
+      return "v";
+    else if constexpr (Handle<U> || std::is_same_v<U, id>)
+      return "@";
+    else if constexpr (std::is_same_v<U, Class>)
+      return "#";
+    else if constexpr (std::is_same_v<U, SEL>)
+      return ":";
+    else if constexpr (std::is_same_v<U, const char*>)
+      return "r*";
+    else if constexpr (std::is_same_v<U, char*>)
+      return "*";
+    else if constexpr (std::is_pointer_v<U>)
+      return "^v";
+    else if constexpr (std::is_same_v<U, bool>)
+      return "B";
+    else if constexpr (std::is_same_v<U, double>)
+      return "d";
+    else if constexpr (std::is_same_v<U, float>)
+      return "f";
+    else if constexpr (std::is_enum_v<U>)
+      return TypeEncoding<std::underlying_type_t<U>>::text();
+    else if constexpr (sizeof(U) == 8)
+      return std::is_signed_v<U> ? "q" : "Q";
+    else if constexpr (sizeof(U) == 4)
+      return std::is_signed_v<U> ? "i" : "I";
+    else if constexpr (sizeof(U) == 2)
+      return std::is_signed_v<U> ? "s" : "S";
+    else
+      return std::is_signed_v<U> ? "c" : "C";
   }
 };
 template <>
@@ -74,25 +89,44 @@ class EncodingReader {
     if (rest_.empty() || depth > kDeepest) return false;
     const char letter = take();
     switch (letter) {
-      case '@': return skipObjectDetail(), out += 'p', true;
+      case '@':
+        return skipObjectDetail(), out += 'p', true;
       case '#':
       case ':':
-      case '*': return out += 'p', true;
+      case '*':
+        return out += 'p', true;
       case '^': {
         std::string ignored;
         if (!readType(ignored, depth + 1)) return false;
         return out += 'p', true;
       }
-      case '?': return out += 'p', true;
-      case 'v': return out += 'v', true;
-      case 'c': case 'C': case 'B': return out += '1', true;
-      case 's': case 'S': return out += '2', true;
-      case 'i': case 'I': return out += '4', true;
-      case 'l': case 'L': case 'q': case 'Q': return out += '8', true;
-      case 'f': return out += 'f', true;
-      case 'd': return out += 'd', true;
-      case '{': return readStruct(out, depth);
-      default: return false;
+      case '?':
+        return out += 'p', true;
+      case 'v':
+        return out += 'v', true;
+      case 'c':
+      case 'C':
+      case 'B':
+        return out += '1', true;
+      case 's':
+      case 'S':
+        return out += '2', true;
+      case 'i':
+      case 'I':
+        return out += '4', true;
+      case 'l':
+      case 'L':
+      case 'q':
+      case 'Q':
+        return out += '8', true;
+      case 'f':
+        return out += 'f', true;
+      case 'd':
+        return out += 'd', true;
+      case '{':
+        return readStruct(out, depth);
+      default:
+        return false;
     }
   }
   void skipDigits() {

@@ -69,8 +69,7 @@ inline bool NSObject::isKindOfClass(Class cls) const {
   return cls != nullptr && cocoa::send<BOOL>(object, cocoa::selector<"isKindOfClass:">(), cls) != 0;
 }
 inline bool NSObject::isEqual(NSObject other) const {
-  return object == other.object ||
-         cocoa::send<BOOL>(object, cocoa::selector<"isEqual:">(), other) != 0;
+  return object == other.object || cocoa::send<BOOL>(object, cocoa::selector<"isEqual:">(), other) != 0;
 }
 inline NSUInteger NSObject::hash() const { return cocoa::send<NSUInteger>(object, cocoa::selector<"hash">()); }
 
@@ -83,18 +82,15 @@ struct NSString : NSObject {
   }
   [[nodiscard]] NSUInteger length() const { return cocoa::send<NSUInteger>(object, cocoa::selector<"length">()); }
   [[nodiscard]] bool isEqualToString(NSString other) const {
-    return object == other.object ||
-           (object != nullptr && other.object != nullptr &&
-            cocoa::send<BOOL>(object, cocoa::selector<"isEqualToString:">(), other) != 0);
+    return object == other.object || (object != nullptr && other.object != nullptr &&
+                                      cocoa::send<BOOL>(object, cocoa::selector<"isEqualToString:">(), other) != 0);
   }
   [[nodiscard]] NSInteger integerValue() const {
     return cocoa::send<NSInteger>(object, cocoa::selector<"integerValue">());
   }
 };
 
-inline NSString NSObject::className() const {
-  return cocoa::send<NSString>(object, cocoa::selector<"className">());
-}
+inline NSString NSObject::className() const { return cocoa::send<NSString>(object, cocoa::selector<"className">()); }
 inline NSString NSObject::description() const {
   return cocoa::send<NSString>(object, cocoa::selector<"description">());
 }
@@ -104,9 +100,9 @@ namespace cocoa {
 /// An owned string of the given UTF-8 text; null when the bytes are no UTF-8.
 inline Ref<NSString> makeString(std::string_view text) {
   constexpr NSUInteger kUTF8 = 4;
-  return Ref<NSString>::adopt(NSString(send<id>(allocate<NSString>(), selector<"initWithBytes:length:encoding:">(),
-                                                static_cast<const void*>(text.data()), NSUInteger(text.size()),
-                                                kUTF8)));
+  return Ref<NSString>::adopt(
+      NSString(send<id>(allocate<NSString>(), selector<"initWithBytes:length:encoding:">(),
+                        static_cast<const void*>(text.data()), NSUInteger(text.size()), kUTF8)));
 }
 
 /// An autoreleased string of the given UTF-8 text.
@@ -300,8 +296,8 @@ struct NSUserDefaults : NSObject {
   }
   /// The defaults of a suite shared between applications; null when the suite cannot be opened.
   static cocoa::Ref<NSUserDefaults> suiteNamed(NSString name) {
-    return cocoa::Ref<NSUserDefaults>::adopt(cocoa::send<NSUserDefaults>(
-        cocoa::allocate<NSUserDefaults>(), cocoa::selector<"initWithSuiteName:">(), name));
+    return cocoa::Ref<NSUserDefaults>::adopt(
+        cocoa::send<NSUserDefaults>(cocoa::allocate<NSUserDefaults>(), cocoa::selector<"initWithSuiteName:">(), name));
   }
   [[nodiscard]] NSObject objectForKey(NSString key) const {
     return cocoa::send<NSObject>(object, cocoa::selector<"objectForKey:">(), key);
@@ -363,8 +359,8 @@ struct NSPropertyListSerialization : NSObject {
   using NSObject::NSObject;
   static NSObject propertyListWithData(NSData data, NSUInteger options, NSUInteger* format, id* error) {
     return cocoa::send<NSObject>(cocoa::classNamed<"NSPropertyListSerialization">(),
-                                 cocoa::selector<"propertyListWithData:options:format:error:">(), data, options,
-                                 format, error);
+                                 cocoa::selector<"propertyListWithData:options:format:error:">(), data, options, format,
+                                 error);
   }
 };
 

@@ -31,7 +31,7 @@ inline constexpr bool isPlainStruct<NSRange> = true;
 
 template <class T>
 concept Crossing = std::is_void_v<T> || std::is_arithmetic_v<T> || std::is_enum_v<T> || std::is_pointer_v<T> ||
-                   Handle<T> || isPlainStruct<T>;
+    Handle<T> || isPlainStruct<T>;
 
 namespace detail {
 template <class R, class... A>
@@ -72,8 +72,7 @@ inline IMP superMessenger() {
 
 /// Sends a message. A nil receiver answers `R{}`.
 template <class R, class... A>
-  requires(Crossing<R> && (Crossing<A> && ...))
-inline R send(id receiver, SEL sel, A... arguments) {
+requires(Crossing<R> && (Crossing<A> && ...)) inline R send(id receiver, SEL sel, A... arguments) {
   if (receiver == nullptr) [[unlikely]] {
     return R();
   }
@@ -92,8 +91,8 @@ inline R send(Class receiver, SEL sel, A... arguments) {
 /// Sends to the implementation that the superclass of `implementor` has: the class that the calling
 /// method belongs to is named, because the receiver may be of any subclass of it.
 template <class R, class... A>
-  requires(Crossing<R> && (Crossing<A> && ...))
-inline R sendSuper(Class implementor, id receiver, SEL sel, A... arguments) {
+requires(Crossing<R> && (Crossing<A> && ...)) inline R
+    sendSuper(Class implementor, id receiver, SEL sel, A... arguments) {
   if (receiver == nullptr) [[unlikely]] {
     return R();
   }

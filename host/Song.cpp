@@ -30,9 +30,12 @@ struct NamedType {
 };
 
 constexpr NamedType kTypes[] = {
-    {"audio", StripType::kAudio, false},     {"instrument", StripType::kInstrument, false},
-    {"aux", StripType::kAux, false},         {"bus", StripType::kBus, false},
-    {"stereo_out", StripType::kStereoOut, false}, {"master", StripType::kMaster, false},
+    {"audio", StripType::kAudio, false},
+    {"instrument", StripType::kInstrument, false},
+    {"aux", StripType::kAux, false},
+    {"bus", StripType::kBus, false},
+    {"stereo_out", StripType::kStereoOut, false},
+    {"master", StripType::kMaster, false},
     {"folder", StripType::kAudio, true},
 };
 
@@ -122,7 +125,8 @@ void readSends(const Fields& fields, std::vector<SendSlot>& out) {
 void readType(const Fields& fields, Track& track) {
   std::string name = "audio";
   fields.read("type", name);
-  const auto* found = std::find_if(std::begin(kTypes), std::end(kTypes), [&](const auto& row) { return row.name == name; });
+  const auto* found =
+      std::find_if(std::begin(kTypes), std::end(kTypes), [&](const auto& row) { return row.name == name; });
   track.type = found == std::end(kTypes) ? StripType::kOther : found->type;
   track.folder = found != std::end(kTypes) && found->folder;
 }
@@ -168,10 +172,10 @@ Song readWhole(const json& value) {
   fields.read("trackColours", song.trackColours);
   const json* tracks = fields.array("tracks", kMostTracks);
   if (tracks == nullptr) throw SongError{"song.tracks: missing"};
-  for (std::size_t i = 0; i < tracks->size(); ++i) song.tracks.push_back(readTrack((*tracks)[i], indexed("song.tracks", i)));
+  for (std::size_t i = 0; i < tracks->size(); ++i)
+    song.tracks.push_back(readTrack((*tracks)[i], indexed("song.tracks", i)));
   return song;
 }
-
 
 class FileDescriptor {
  public:
@@ -204,12 +208,10 @@ std::optional<Song> parseSong(std::string_view text, std::string& error) {
   constexpr int kDeepest = 16;
   bool deep = false;
   try {
-    const json parsed = json::parse(
-        text,
-        [&](int depth, json::parse_event_t, json&) {
-          deep = deep || depth > kDeepest;
-          return !deep;
-        });
+    const json parsed = json::parse(text, [&](int depth, json::parse_event_t, json&) {
+      deep = deep || depth > kDeepest;
+      return !deep;
+    });
     if (deep) {
       error = "nested deeper than a song can be";
       return std::nullopt;

@@ -28,12 +28,24 @@ namespace {
 using namespace cocoa;
 
 constexpr void (*kDefinitions[])() = {
-    defineViews,       defineMixerData,        defineMixerWindow,
-    defineMANode,      defineMATextNode,       defineMAStripNode,
-    defineMAButtonNode, defineMASymbolButtonNode, defineMAKnobNode,
-    defineMAFaderNode, defineMALevelNode,      defineMAScaleNode,
-    defineMADisplayNode, defineMAEQThumbnailNode, defineMAGainReductionMeterNode,
-    defineMAImageNode, attachStepSequencerColours, registerLook,
+    defineViews,
+    defineMixerData,
+    defineMixerWindow,
+    defineMANode,
+    defineMATextNode,
+    defineMAStripNode,
+    defineMAButtonNode,
+    defineMASymbolButtonNode,
+    defineMAKnobNode,
+    defineMAFaderNode,
+    defineMALevelNode,
+    defineMAScaleNode,
+    defineMADisplayNode,
+    defineMAEQThumbnailNode,
+    defineMAGainReductionMeterNode,
+    defineMAImageNode,
+    attachStepSequencerColours,
+    registerLook,
 };
 
 void defineClasses() {
@@ -101,9 +113,12 @@ void Application::runFrame() {
 
 NSWindow Application::window(WindowKind kind) const {
   switch (kind) {
-    case WindowKind::kMixer: return mixer_->window();
-    case WindowKind::kDocument: return document_->window();
-    case WindowKind::kStepSequencer: break;
+    case WindowKind::kMixer:
+      return mixer_->window();
+    case WindowKind::kDocument:
+      return document_->window();
+    case WindowKind::kStepSequencer:
+      break;
   }
   return sequencer_->window();
 }

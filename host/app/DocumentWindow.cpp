@@ -72,9 +72,8 @@ DocumentWindow::DocumentWindow(const Song& song, double scale) {
   window_ = openKitWindow("MAKitWindow", {kWidth, rows + kTransportHeight}, song.title + " - Tracks", scale);
   call<"setSubtitle:">(window_.get(), string(std::to_string(song.tracks.size()) + " tracks"));
   const NSView content = window_->contentView();
-  content.addSubview(drawnView(CGRectMake(0, 0, kWidth, rows), [&song](CGRect bounds, CGContextRef context) {
-    drawTracks(song, bounds, context);
-  }));
+  content.addSubview(drawnView(CGRectMake(0, 0, kWidth, rows),
+                               [&song](CGRect bounds, CGContextRef context) { drawTracks(song, bounds, context); }));
   content.addSubview(drawnView(CGRectMake(0, rows, kWidth, kTransportHeight), drawTransport));
 }
 

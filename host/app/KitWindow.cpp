@@ -20,8 +20,8 @@ Ref<NSWindow> openKitWindow(const char* className, CGSize content, std::string_v
 }
 
 Ref<NSView> drawnView(CGRect frame, DrawContents draw) {
-  const auto view = Ref<NSView>::adopt(
-      NSView(call<"initWithFrame:", id>(call<"alloc", id>(classNamed("CLgToolbarView")), frame)));
+  const auto view =
+      Ref<NSView>::adopt(NSView(call<"initWithFrame:", id>(call<"alloc", id>(classNamed("CLgToolbarView")), frame)));
   stateOf<CLgToolbarView>(view.get()).draw = std::move(draw);
   return view;
 }

@@ -19,7 +19,7 @@ struct Row {
   const char* name;
   unsigned steps;  // one bit a step, the first lowest
 };
-constexpr Row kRows[] = {{"Kick", 0x1111}, {"Snare", 0x1010}, {"Clap", 0x9010},
+constexpr Row kRows[] = {{"Kick", 0x1111},       {"Snare", 0x1010},    {"Clap", 0x9010},
                          {"Closed Hat", 0x5555}, {"Open Hat", 0x4444}, {"Shaker", 0xBBBB}};
 
 NSColor stepSequencerRowHeadersBackgroundColor(Class /*self*/) { return catalogueColour(Look::kRowHeaderBackground); }
@@ -36,8 +36,7 @@ void drawSteps(const Painter& painter, const Row& row, double y) {
 void drawSequencer(CGRect bounds, CGContextRef context) {
   const Painter painter(context);
   painter.fill(bounds, look(Look::kMixerBackground));
-  const auto headers =
-      call<"stepSequencerRowHeadersBackgroundColor", NSColor>(asObject(classNamed<"NSColor">()));
+  const auto headers = call<"stepSequencerRowHeadersBackgroundColor", NSColor>(asObject(classNamed<"NSColor">()));
   painter.fill(CGRectMake(0, 0, kHeaderWidth, bounds.size.height), headers);
   double y = bounds.size.height - kRowHeight - 6;
   for (const Row& row : kRows) {
@@ -52,7 +51,8 @@ void drawSequencer(CGRect bounds, CGContextRef context) {
 
 StepSequencerPanel::StepSequencerPanel(double scale) {
   constexpr double kBelowRows = 40;
-  const CGSize content{kHeaderWidth + 12 + kStepWidth * kSteps, kRowHeight * static_cast<double>(std::size(kRows)) + kBelowRows};
+  const CGSize content{kHeaderWidth + 12 + kStepWidth * kSteps,
+                       kRowHeight * static_cast<double>(std::size(kRows)) + kBelowRows};
   panel_ = openKitWindow("MAKitPanel", content, "Step Sequencer", scale);
   panel_->contentView().addSubview(drawnView({{0, 0}, content}, drawSequencer));
 }

@@ -33,8 +33,8 @@ void MAFaderNode::setValue(double position) {
   const CGSize size = node.frame.size;
   const NSObject knob = call<"childNodeWithName:", NSObject>(self, literal<"fader knob">());
   const double travel = size.height - kCapHeight;
-  call<"setFrame:">(knob, CGRectMake(std::floor((size.width - kCapWidth) / 2), std::round(travel * value), kCapWidth,
-                                     kCapHeight));
+  call<"setFrame:">(
+      knob, CGRectMake(std::floor((size.width - kCapWidth) / 2), std::round(travel * value), kCapWidth, kCapHeight));
 }
 
 void MAFaderNode::drawRect(CGRect rect, CGContextRef context) {

@@ -17,14 +17,17 @@ struct IconRow {
   Shape shape;
 };
 constexpr IconRow kIcons[] = {
-    {"drums", Shape::kDrum},    {"kick", Shape::kDrum},        {"snare", Shape::kDrum},  {"hat", Shape::kCymbal},
-    {"overhead", Shape::kCymbal}, {"bass", Shape::kStrings},   {"guitar", Shape::kStrings}, {"strings", Shape::kStrings},
-    {"piano", Shape::kKeys},    {"keys", Shape::kKeys},        {"synth", Shape::kWave},  {"reverb", Shape::kWave},
-    {"delay", Shape::kDots},    {"mic", Shape::kMicrophone},   {"bus", Shape::kDots},    {"out", Shape::kWave},
+    {"drums", Shape::kDrum},     {"kick", Shape::kDrum},       {"snare", Shape::kDrum},
+    {"hat", Shape::kCymbal},     {"overhead", Shape::kCymbal}, {"bass", Shape::kStrings},
+    {"guitar", Shape::kStrings}, {"strings", Shape::kStrings}, {"piano", Shape::kKeys},
+    {"keys", Shape::kKeys},      {"synth", Shape::kWave},      {"reverb", Shape::kWave},
+    {"delay", Shape::kDots},     {"mic", Shape::kMicrophone},  {"bus", Shape::kDots},
+    {"out", Shape::kWave},
 };
 
 Shape shapeFor(const std::string& name) {
-  const auto* found = std::find_if(std::begin(kIcons), std::end(kIcons), [&](const auto& row) { return row.name == name; });
+  const auto* found =
+      std::find_if(std::begin(kIcons), std::end(kIcons), [&](const auto& row) { return row.name == name; });
   return found == std::end(kIcons) ? Shape::kDots : found->shape;
 }
 
@@ -56,8 +59,8 @@ void drawKeys(const Painter& painter, double x, double y) {
 void drawWave(const Painter& painter, double x, double y) {
   constexpr double kHeights[] = {3, 7, 12, 16, 11, 6, 9, 4};
   for (std::size_t bar = 0; bar < std::size(kHeights); ++bar) {
-    painter.fillRounded(CGRectMake(x - 10 + 2.6 * static_cast<double>(bar), y - kHeights[bar] / 2, 1.6, kHeights[bar]), 0.8,
-                        look(Look::kIcon));
+    painter.fillRounded(CGRectMake(x - 10 + 2.6 * static_cast<double>(bar), y - kHeights[bar] / 2, 1.6, kHeights[bar]),
+                        0.8, look(Look::kIcon));
   }
 }
 

@@ -24,8 +24,7 @@ void drawBar(const Painter& painter, CGRect bar, double level) {
     const double top = std::min(level, zone.to);
     if (top <= zone.from) continue;
     const double y = std::round(inner.size.height * zone.from);
-    painter.fill(CGRectMake(inner.minX(), inner.minY() + y, inner.size.width,
-                            std::round(inner.size.height * top) - y),
+    painter.fill(CGRectMake(inner.minX(), inner.minY() + y, inner.size.width, std::round(inner.size.height * top) - y),
                  look(zone.colour));
   }
 }

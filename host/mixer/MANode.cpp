@@ -103,9 +103,8 @@ void MANode::updatePresentationObject(NSObject presentation, NSObject presenting
   target.setFrame(frame);
   const double scale = call<"backingScale", double>(presentingView);
   if (drawsContents && (needsUpdateContents || contentsScale != scale)) {
-    const auto image = drawnImage(frame.size, scale, [&](CGContextRef context) {
-      call<"drawRect:inContext:">(self, bounds(), context);
-    });
+    const auto image = drawnImage(frame.size, scale,
+                                  [&](CGContextRef context) { call<"drawRect:inContext:">(self, bounds(), context); });
     target.setContentsScale(scale);
     target.setContents(bridged(image.get()));
     contentsScale = scale;

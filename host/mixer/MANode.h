@@ -16,7 +16,7 @@ struct MANode : cocoa::ObjectState {
   cocoa::Ref<NSObject> representedObject;
   cocoa::Ref<NSMutableArray> childrenArray;
   cocoa::Ref<CALayer> layer;
-  NSObject parent;      // owns this node
+  NSObject parent;         // owns this node
   NSObject ownController;  // set on the root; owns the tree
   NSObject ownView;        // likewise
   CGRect frame;

@@ -15,8 +15,8 @@ struct Mark {
   double decibels;
   const char* label;
 };
-constexpr Mark kVolumeMarks[] = {{6, "6"},     {3, "3"},     {0, "0"},    {-3, "3"},
-                                 {-6, "6"},    {-12, "12"},  {-18, "18"}, {-30, "30"}};
+constexpr Mark kVolumeMarks[] = {{6, "6"},  {3, "3"},    {0, "0"},    {-3, "3"},
+                                 {-6, "6"}, {-12, "12"}, {-18, "18"}, {-30, "30"}};
 constexpr Mark kLevelMarks[] = {{6, "0"}, {0, "6"}, {-6, "12"}, {-15, "24"}, {-30, "48"}};
 constexpr double kInset = 19;  // the middle of a fader cap at the end of its travel
 

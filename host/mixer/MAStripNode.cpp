@@ -70,8 +70,7 @@ void MAStripNode::updateTexts() {
     const bool plain = text->backgroundColor.get() == look(stripLook.background) ||
                        text->backgroundColor.get() == look(stripLook.highlight);
     if (plain) {
-      call<"setBackgroundColor:">(child,
-                                  look(node.highlightState != 0 ? stripLook.highlight : stripLook.background));
+      call<"setBackgroundColor:">(child, look(node.highlightState != 0 ? stripLook.highlight : stripLook.background));
     }
   }
 }

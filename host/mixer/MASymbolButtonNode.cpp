@@ -13,7 +13,7 @@ struct SymbolLook {
 };
 
 constexpr SymbolLook kSymbolLooks[] = {
-    {"mute", Look::kMuteOn},      {"solo", Look::kSoloOn}, {"record", Look::kRecordOn},
+    {"mute", Look::kMuteOn},          {"solo", Look::kSoloOn}, {"record", Look::kRecordOn},
     {"monitoring", Look::kMonitorOn}, {"dim", Look::kMuteOn},  {"bounce", Look::kButtonTop},
 };
 

@@ -28,7 +28,8 @@ struct ChannelStripConfigController : ObjectState {};
 
 NSColor trackColour(const Track& track) {
   if (!track.colour) return {};
-  return NSColor::colorWithSRGBRed(track.colour->red / 255.0, track.colour->green / 255.0, track.colour->blue / 255.0, 1);
+  return NSColor::colorWithSRGBRed(track.colour->red / 255.0, track.colour->green / 255.0, track.colour->blue / 255.0,
+                                   1);
 }
 
 NSInteger CLgMixerDataSource::typeOfStrip(NSObject strip) {

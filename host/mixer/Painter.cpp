@@ -39,8 +39,7 @@ void Painter::verticalGradient(CGRect rect, double radius, NSColor top, NSColor 
   top.getComponents(components);
   bottom.getComponents(components + 4);
   const auto space = CFRef<CGColorSpaceRef>::adopt(CGColorSpaceCreateWithName(kCGColorSpaceSRGB));
-  const auto gradient =
-      CFRef<CGGradientRef>::adopt(CGGradientCreateWithColorComponents(space, components, nullptr, 2));
+  const auto gradient = CFRef<CGGradientRef>::adopt(CGGradientCreateWithColorComponents(space, components, nullptr, 2));
   CGContextSaveGState(context_);
   addRounded(rect, radius);
   CGContextClip(context_);

@@ -89,11 +89,20 @@ Sections sectionsOf(const Track& track) {
     return s;
   }
   switch (track.type) {
-    case StripType::kAudio: break;
-    case StripType::kInstrument: s.midi = true; break;
-    case StripType::kAux: s.record = false; break;
-    case StripType::kBus: s.record = s.input = false; break;
-    case StripType::kStereoOut: s.record = s.solo = s.input = s.output = s.sends = s.group = false; break;
+    case StripType::kAudio:
+      break;
+    case StripType::kInstrument:
+      s.midi = true;
+      break;
+    case StripType::kAux:
+      s.record = false;
+      break;
+    case StripType::kBus:
+      s.record = s.input = false;
+      break;
+    case StripType::kStereoOut:
+      s.record = s.solo = s.input = s.output = s.sends = s.group = false;
+      break;
     case StripType::kMaster:
       s = {false, false, false, false, false, false, false, false, false, false, true, false, false, true};
       break;
@@ -114,13 +123,20 @@ std::string decibels(double value) {
 const char* labelOf(const Track& track) {
   if (track.folder) return "Stack";
   switch (track.type) {
-    case StripType::kAudio: return "Audio";
-    case StripType::kInstrument: return "Inst";
-    case StripType::kAux: return "Aux";
-    case StripType::kBus: return "Bus";
-    case StripType::kStereoOut: return "Output";
-    case StripType::kMaster: return "Master";
-    case StripType::kOther: break;
+    case StripType::kAudio:
+      return "Audio";
+    case StripType::kInstrument:
+      return "Inst";
+    case StripType::kAux:
+      return "Aux";
+    case StripType::kBus:
+      return "Bus";
+    case StripType::kStereoOut:
+      return "Output";
+    case StripType::kMaster:
+      return "Master";
+    case StripType::kOther:
+      break;
   }
   return "Other";
 }
@@ -192,11 +208,13 @@ class StripBuilder {
       if (track_.selected) addLibraryIndicator(frame);
     }
     if (sections_.reduction) {
-      const NSObject meter = add("MAGainReductionMeterNode", "gainReductionMeter", row(rows_.reduction, kReductionHeight));
+      const NSObject meter =
+          add("MAGainReductionMeterNode", "gainReductionMeter", row(rows_.reduction, kReductionHeight));
       stateOf<MAGainReductionMeterNode>(meter).reduction = track_.gainReduction;
     }
     if (sections_.equalizer) {
-      const NSObject thumbnail = add("MAEQThumbnailNode", "equalizerThumbnail", row(rows_.equalizer, kEqualizerHeight), "EQ");
+      const NSObject thumbnail =
+          add("MAEQThumbnailNode", "equalizerThumbnail", row(rows_.equalizer, kEqualizerHeight), "EQ");
       stateOf<MAEQThumbnailNode>(thumbnail).curve = track_.equalizer ? static_cast<unsigned>(number_) : 0;
     }
   }
@@ -226,7 +244,8 @@ class StripBuilder {
       }
       return;
     }
-    addSymbol("channelMode", CGRectMake(frame.minX(), frame.minY(), 18, kSlotHeight), track_.stereo ? "oo" : "o", false);
+    addSymbol("channelMode", CGRectMake(frame.minX(), frame.minY(), 18, kSlotHeight), track_.stereo ? "oo" : "o",
+              false);
     frame = CGRectMake(frame.minX() + 20, frame.minY(), frame.size.width - 20, kSlotHeight);
     if (track_.input.empty()) {
       leaveEmpty(frame, "Input");
@@ -269,7 +288,8 @@ class StripBuilder {
   }
 
   void addRouting() {
-    if (sections_.output) addButton("output", kOutput, track_.output.empty() ? "No Output" : track_.output, "Buttons.Default");
+    if (sections_.output)
+      addButton("output", kOutput, track_.output.empty() ? "No Output" : track_.output, "Buttons.Default");
     if (sections_.group) {
       const NSObject group = add("MADisplayNode", "group", kGroup, track_.group.empty() ? "Group" : track_.group);
       stateOf<MANode>(group).assetSetPath = string(track_.group.empty() ? "Displays.Empty" : "Displays.Default");
@@ -305,7 +325,7 @@ class StripBuilder {
     call<"setTextColor:">(volume, look(Look::kDisplayText));
     const NSObject peak = add("MADisplayNode", "peak", CGRectMake(kMargin + half + 2, kReadoutY, half, kReadoutHeight),
                               decibels(track_.peak));
-    call<"setTextColor:">(peak, look(track_.peak >= 0 ? Look::kPeakMaximum
+    call<"setTextColor:">(peak, look(track_.peak >= 0   ? Look::kPeakMaximum
                                      : track_.peak > -3 ? Look::kPeakWarning
                                                         : Look::kPeakNormal));
     stateOf<MAScaleNode>(add("MAScaleNode", "volumeScale", kScale)).type = 2;

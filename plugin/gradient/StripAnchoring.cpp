@@ -17,7 +17,7 @@ namespace {
 
 using namespace cocoa;
 
-constexpr double kLowestStrip = 2;         // points; below it nothing can be placed
+constexpr double kLowestStrip = 2;        // points; below it nothing can be placed
 constexpr double kSameLocation = 0.0005;  // of a strip's height: stops this near meet at a hard edge
 
 /// Pulls stops that meet at a hard edge apart, never past their neighbours.
@@ -42,8 +42,7 @@ VLRStripGradient* gradientFor(const ThemeUtility& theme, bool highlighted, bool 
 }
 
 /// From 0 at the top edge of the strip to 1 at its bottom edge; nothing where the border lies below it.
-std::optional<double> locationOf(MAStripNode strip, double height, const VLRStripGradient& gradient,
-                                 std::size_t stop) {
+std::optional<double> locationOf(MAStripNode strip, double height, const VLRStripGradient& gradient, std::size_t stop) {
   double location = gradient.locations[stop];
   if (const auto& anchor = gradient.anchors[stop]; anchor) {
     const double y = boundaryYForAnchor(strip, *anchor);
@@ -89,8 +88,7 @@ NSColor applyStripGradient(MAStripNode strip, NSColor base, bool highlighted, NS
   const VLRStripBevel* bevel = theme.bevel(theme.mixerStripBevel);
   const NSInteger style = bevel == nullptr ? 0 : bevel->styleForHighlighted(highlighted);
   if (!overlay && !(base && (gradient != nullptr || style != 0))) return base;
-  PatternLook look{
-      .base = base, .size = strip.frame().size, .bevel = bevel, .bevelStyle = style, .overlay = overlay};
+  PatternLook look{.base = base, .size = strip.frame().size, .bevel = bevel, .bevelStyle = style, .overlay = overlay};
   GradientStops stops;
   if (gradient != nullptr && resolveGradient(strip, *gradient, base, stops)) {
     look.stops = &stops;

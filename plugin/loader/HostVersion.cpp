@@ -8,8 +8,8 @@ namespace {
 using namespace cocoa;
 
 const Ref<NSString>& hostVersion() {
-  static const Ref<NSString> version = as<NSString>(
-      NSBundle::mainBundle().infoDictionary().objectForKey(literal<"CFBundleShortVersionString">()));
+  static const Ref<NSString> version =
+      as<NSString>(NSBundle::mainBundle().infoDictionary().objectForKey(literal<"CFBundleShortVersionString">()));
   return version;
 }
 

@@ -53,9 +53,12 @@ constexpr KindRow kKinds[2][3] = {
 
 Kind kindOf(MAStripNode strip) {
   switch (trackTypeOf(strip)) {
-    case TrackType::kFolder: return kFolder;
-    case TrackType::kAux: return kAux;
-    default: return kNormal;
+    case TrackType::kFolder:
+      return kFolder;
+    case TrackType::kAux:
+      return kAux;
+    default:
+      return kNormal;
   }
 }
 

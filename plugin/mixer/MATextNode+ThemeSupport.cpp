@@ -80,8 +80,8 @@ NSColor customBackgroundColor(MATextNode text) {
   const ThemeUtility& theme = ThemeUtility::shared();
   const bool highlighted = strip.isHighlighted();
   if (isStripStyled(theme, highlighted) && !VLRGradientsDisabled()) return NSColor::clearColor();
-  const NSColor themed = theme.colorForKey(highlighted ? ThemeKey::kStripHighlightBackgroundColor
-                                                       : ThemeKey::kStripBackgroundColor);
+  const NSColor themed =
+      theme.colorForKey(highlighted ? ThemeKey::kStripHighlightBackgroundColor : ThemeKey::kStripBackgroundColor);
   return themed ? themed : host;
 }
 

@@ -93,8 +93,7 @@ TEST_F(Runtime, CatchesWhatTheHostRaisesAndGoesOn) {
 TEST(Encoding, IsTheRuntimesOwn) {
   const Method range = class_getInstanceMethod(classNamed("NSString"), selector<"rangeOfString:options:range:">());
   EXPECT_EQ((methodEncoding<NSRange, NSString, NSUInteger, NSRange>()), method_getTypeEncoding(range));
-  EXPECT_EQ((methodEncoding<void, CGRect, void*>()),
-            "v56@0:8{CGRect={CGPoint=dd}{CGSize=dd}}16^v48");
+  EXPECT_EQ((methodEncoding<void, CGRect, void*>()), "v56@0:8{CGRect={CGPoint=dd}{CGSize=dd}}16^v48");
 }
 
 TEST(Encoding, ComparesHowTypesArePassedNotHowTheyAreSpelled) {

@@ -71,12 +71,18 @@ const std::vector<AnchorCase>& anchors() {
       {"eq", {"gainReductionMeter", "setting", "libraryIndicator"}, {"equalizerThumbnail"}, 524},
       {"midifx", {"setting", "gainReductionMeter", "equalizerThumbnail", "libraryIndicator"}, {"midiPlugIn"}, 480},
       {"input", {"midiPlugIn", "equalizerThumbnail"}, {"input", "channelMode"}, 465},
-      {"audiofx", {"input", "channelMode", "midiPlugIn", "equalizerThumbnail"}, {"audioPlugIn", "masteringAssistant"}, 440},
+      {"audiofx",
+       {"input", "channelMode", "midiPlugIn", "equalizerThumbnail"},
+       {"audioPlugIn", "masteringAssistant"},
+       440},
       {"inserts",
        {"setting", "gainReductionMeter", "equalizerThumbnail", "libraryIndicator"},
        {"midiPlugIn", "input", "audioPlugIn", "sendButton", "output", "channelMode", "masteringAssistant"},
        490},
-      {"sends", {"midiPlugIn", "input", "audioPlugIn", "channelMode", "masteringAssistant"}, {"sendButton", "output"}, 395},
+      {"sends",
+       {"midiPlugIn", "input", "audioPlugIn", "channelMode", "masteringAssistant"},
+       {"sendButton", "output"},
+       395},
       {"automation",
        {"midiPlugIn", "input", "audioPlugIn", "sendButton", "output", "channelMode", "masteringAssistant"},
        {"group", "automation", "icon"},
@@ -185,18 +191,27 @@ TEST_F(Anchoring, PlacesSortsAndSmoothsStops) {
   };
   const Case kCases[] = {
       {"no anchor, no smoothing: as written", "LinearGradient:{{1,1,1,100,30},{2,2,2,100,60},V}", 1, {0.3, 0.6}},
-      {"an anchor in its place", "LinearGradient:{{1,1,1,100,0},{2,2,2,100,@fader},{3,3,3,100,100},V}", 600,
+      {"an anchor in its place",
+       "LinearGradient:{{1,1,1,100,0},{2,2,2,100,@fader},{3,3,3,100,100},V}",
+       600,
        {0, 1 - 254 / 600.0, 1}},
       {"an anchor above a stop written before it",
-       "LinearGradient:{{1,1,1,100,0},{2,2,2,100,90},{3,3,3,100,@fader},V}", 600, {0, 1 - 254 / 600.0, 0.9}},
+       "LinearGradient:{{1,1,1,100,0},{2,2,2,100,90},{3,3,3,100,@fader},V}",
+       600,
+       {0, 1 - 254 / 600.0, 0.9}},
       {"an anchor beyond the strip", "LinearGradient:{{1,1,1,100,50},{2,2,2,100,@eq},V}", 300, {0, 0.5}},
       {"smoothing parts a hard edge",
-       "LinearGradient:{{1,1,1,100,0},{2,2,2,100,50},{3,3,3,100,50},{4,4,4,100,100},V,S6}", 600, {0, 0.495, 0.505, 1}},
+       "LinearGradient:{{1,1,1,100,0},{2,2,2,100,50},{3,3,3,100,50},{4,4,4,100,100},V,S6}",
+       600,
+       {0, 0.495, 0.505, 1}},
       {"never past the neighbours",
-       "LinearGradient:{{1,1,1,100,49},{2,2,2,100,50},{3,3,3,100,50},{4,4,4,100,51},V,S60}", 600,
+       "LinearGradient:{{1,1,1,100,49},{2,2,2,100,50},{3,3,3,100,50},{4,4,4,100,51},V,S60}",
+       600,
        {0.49, 0.49, 0.49, 0.56}},  // the second edge meets the stop that the first one moved
       {"three stops in one place: from those already moved",
-       "LinearGradient:{{1,1,1,100,50},{2,2,2,100,50},{3,3,3,100,50},V,S6}", 600, {0.495, 0.495, 0.505}},
+       "LinearGradient:{{1,1,1,100,50},{2,2,2,100,50},{3,3,3,100,50},V,S6}",
+       600,
+       {0.495, 0.495, 0.505}},
       {"edges at the ends stay inside", "LinearGradient:{{1,1,1,100,0},{2,2,2,100,0},V,S6}", 600, {0, 0.005}},
       {"too low for an anchor", "LinearGradient:{{1,1,1,100,0},{2,2,2,100,@fader},V}", 1.9, {}},
       {"too low for smoothing", "LinearGradient:{{1,1,1,100},{2,2,2,100},V,S4}", 1.9, {}},
@@ -225,8 +240,8 @@ TEST_F(Anchoring, FailsOnABorderBelowTheStrip) {
 /// What a strip is given for a base, a state and an overlay: the base itself, nothing, or the colour at the
 /// middle of its top row.
 std::string applied(NSObject strip, NSColor base, bool highlighted, NSColor overlay) {
-  const auto result = call<"vlrApplyStripGradient:highlighted:overlayColor:", NSColor>(strip, base, BOOL(highlighted),
-                                                                                      overlay);
+  const auto result =
+      call<"vlrApplyStripGradient:highlighted:overlayColor:", NSColor>(strip, base, BOOL(highlighted), overlay);
   if (!result) return "nil";
   if (result == base) return "base";
   std::ostringstream text;
@@ -237,7 +252,8 @@ std::string applied(NSObject strip, NSColor base, bool highlighted, NSColor over
 TEST_F(Anchoring, ChoosesTheGradientOfTheStrip) {
   const std::string plain = "LinearGradient:{{10,10,10,100},{10,10,10,100},V}";
   const std::string selected = "LinearGradient:{{20,20,20,100},{20,20,20,100},V}";
-  const ThemeFile both = ThemeFile().text("mixerStripBGGradient", plain).text("mixerStripHighlightBGGradient", selected);
+  const ThemeFile both =
+      ThemeFile().text("mixerStripBGGradient", plain).text("mixerStripHighlightBGGradient", selected);
   const NSColor base = NSColor::colorWithSRGBRed(0.4, 0.4, 0.4, 1);
   const NSColor veil = NSColor::colorWithSRGBRed(1, 0, 0, 1);
   const NSColor none;
@@ -263,11 +279,11 @@ TEST_F(Anchoring, ChoosesTheGradientOfTheStrip) {
       {"a highlight gradient alone", ThemeFile().text("mixerStripHighlightBGGradient", selected), base, false, none,
        "base"},
       {"a gradient without a base", both, none, false, none, "nil"},
-      {"track colours without an auto gradient",
-       ThemeFile(both).flag("useTrackColorAsStripBackground", true), base, false, none, "base"},
+      {"track colours without an auto gradient", ThemeFile(both).flag("useTrackColorAsStripBackground", true), base,
+       false, none, "base"},
       {"track colours: the auto gradient", autos, base, false, none, "(153, 153, 153, 100%)"},
-      {"an overlay: the theme's gradient below it", autos, base, true,
-       NSColor::colorWithSRGBRed(1, 0, 0, 0), "(20, 20, 20, 100%)"},
+      {"an overlay: the theme's gradient below it", autos, base, true, NSColor::colorWithSRGBRed(1, 0, 0, 0),
+       "(20, 20, 20, 100%)"},
       {"an overlay covers", autos, base, false, veil, "(255, 0, 0, 100%)"},
       {"an overlay alone", ThemeFile(), none, false, veil, "(255, 0, 0, 100%)"},
       {"a bevel without a base", bevel, none, false, none, "nil"},

@@ -49,9 +49,7 @@ class Patterns : public testing::Test {
                          request.size, static_cast<NSArray>(colours), static_cast<NSArray>(locations),
                          parsed("VLRStripBevel", "bevelFromString:", request.bevel), request.style, request.overlay);
   }
-  [[nodiscard]] NSMutableDictionary cache() const {
-    return call<"gradientPatternCache", NSMutableDictionary>(theme_);
-  }
+  [[nodiscard]] NSMutableDictionary cache() const { return call<"gradientPatternCache", NSMutableDictionary>(theme_); }
   /// The fields of the one key in the cache.
   [[nodiscard]] std::vector<std::string> keyFields() const {
     const NSArray keys = cache().allKeys();
@@ -147,16 +145,16 @@ TEST_F(Patterns, RunAlongTheCompassBearing) {
   const Rgba last{0, 0, 255};
   const Rgba middle{128, 0, 128};
   const Case kCases[] = {
-      {"V", first, first, last, last},       {"H", first, last, first, last},
-      {"A0", last, last, first, first},      {"A270", last, first, last, first},
-      {"A135", first, middle, middle, last}, {"A-45", last, middle, middle, first},
+      {"V", first, first, last, last},    {"H", first, last, first, last},       {"A0", last, last, first, first},
+      {"A270", last, first, last, first}, {"A135", first, middle, middle, last}, {"A-45", last, middle, middle, first},
   };
   for (const Case& c : kCases) {
     const std::string text = std::string("LinearGradient:{{0,0,0,1},{0,0,0,1},") + c.direction + "}";
-    const NSColor made = pattern({.gradient = text.c_str(),
-                                  .size = {200, 200},
-                                  .colours = {NSColor::colorWithSRGBRed(1, 0, 0, 1), NSColor::colorWithSRGBRed(0, 0, 1, 1)},
-                                  .locations = {0, 1}});
+    const NSColor made =
+        pattern({.gradient = text.c_str(),
+                 .size = {200, 200},
+                 .colours = {NSColor::colorWithSRGBRed(1, 0, 0, 1), NSColor::colorWithSRGBRed(0, 0, 1, 1)},
+                 .locations = {0, 1}});
     const long right = static_cast<long>(patternSize(made).width) - 1;
     const long bottom = static_cast<long>(patternSize(made).height) - 1;
     EXPECT_TRUE(support::near(patternPixel(made, 0, 0), c.topLeft, 3)) << c.direction << patternPixel(made, 0, 0);
@@ -202,11 +200,16 @@ TEST_F(Patterns, AreCachedByEverythingThatTheyShow) {
   EXPECT_EQ(pattern(same), first);
   using Change = void (*)(Request&);
   constexpr Change kChanges[] = {
-      [](Request& r) { r.colours[0] = grey(0.001); }, [](Request& r) { r.locations[1] = 0.999999; },
-      [](Request& r) { r.size.width = 101.1; },       [](Request& r) { r.size.height = 301.1; },
-      [](Request& r) { r.gradient = kHorizontal; },   [](Request& r) { r.style = 2; },
-      [](Request& r) { r.bevel = "Bevel:{R,3,30}"; }, [](Request& r) { r.bevel = "Bevel:{R,2,31}"; },
-      [](Request& r) { r.overlay = grey(1, 0.51); },  [](Request& r) { r.overlay = NSColor(); },
+      [](Request& r) { r.colours[0] = grey(0.001); },
+      [](Request& r) { r.locations[1] = 0.999999; },
+      [](Request& r) { r.size.width = 101.1; },
+      [](Request& r) { r.size.height = 301.1; },
+      [](Request& r) { r.gradient = kHorizontal; },
+      [](Request& r) { r.style = 2; },
+      [](Request& r) { r.bevel = "Bevel:{R,3,30}"; },
+      [](Request& r) { r.bevel = "Bevel:{R,2,31}"; },
+      [](Request& r) { r.overlay = grey(1, 0.51); },
+      [](Request& r) { r.overlay = NSColor(); },
       [](Request& r) { r.colours[0] = NSColor::colorWithCalibratedRed(0, 0, 0, 1); },
   };
   for (const Change change : kChanges) {

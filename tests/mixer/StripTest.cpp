@@ -44,8 +44,9 @@ class Strips : public testing::Test {
   enum Index : NSUInteger { kAudio, kFolder, kAux, kBus, kInstrument, kOther };
 
   void start(const ThemeFile& theme, const std::string& reference = {}, host::HostOptions options = {}) {
-    host::Song song = support::songOf({track(StripType::kAudio), track(StripType::kAudio, true), track(StripType::kAux),
-                                       track(StripType::kBus), track(StripType::kInstrument), track(StripType::kOther)});
+    host::Song song =
+        support::songOf({track(StripType::kAudio), track(StripType::kAudio, true), track(StripType::kAux),
+                         track(StripType::kBus), track(StripType::kInstrument), track(StripType::kOther)});
     application_ = support::start(support::writeTheme(theme.list(), reference), std::move(song), std::move(options));
     ASSERT_TRUE(application_);
   }
@@ -198,8 +199,8 @@ TEST_F(Strips, PutTheMixersBackgroundBehindThem) {
 // ---- Empty slots --------------------------------------------------------------------------------
 
 Ref<NSBitmapImageRep> drawnFrame(NSObject strip, bool knob) {
-  const Ref<NSBitmapImageRep> bitmap = NSBitmapImageRep::withBitmapDataPlanes(nullptr, 40, 20, 8, 4, true, false,
-                                                                              NSDeviceRGBColorSpace, 0, 32);
+  const Ref<NSBitmapImageRep> bitmap =
+      NSBitmapImageRep::withBitmapDataPlanes(nullptr, 40, 20, 8, 4, true, false, NSDeviceRGBColorSpace, 0, 32);
   const CGContextRef context = NSGraphicsContext::graphicsContextWithBitmapImageRep(bitmap).CGContext();
   const CGRect rect = CGRectMake(2, 2, 36, 16);
   if (knob) {
@@ -219,9 +220,8 @@ TEST_F(Strips, DrawEmptySlotsAndKnobs) {
     Rgba middle;
     Rgba nearCorner;  // 4 points in, 1 up: inside a corner of radius 4, outside one of radius 8
   };
-  const ThemeFile colours = ThemeFile()
-                                .text("emptySlotBGColor", colour(10, 120, 30))
-                                .text("emptySlotSelectedBGColor", colour(200, 20, 30));
+  const ThemeFile colours =
+      ThemeFile().text("emptySlotBGColor", colour(10, 120, 30)).text("emptySlotSelectedBGColor", colour(200, 20, 30));
   const Rgba hostFill{50, 51, 54};
   const Rgba hostSelected{74, 77, 83};
   const Rgba clear{0, 0, 0, 0};
@@ -236,8 +236,12 @@ TEST_F(Strips, DrawEmptySlotsAndKnobs) {
       {"rounder slot", ThemeFile(colours).integer("emptySlotBGCornerRadius", 8), false, false, {10, 120, 30}, clear},
       {"rounder, no colour: the edge alone", ThemeFile().integer("emptySlotBGCornerRadius", 8), false, false, clear,
        clear},
-      {"a radius beyond the slot", ThemeFile(colours).integer("emptySlotBGCornerRadius", 4000), false, false,
-       {10, 120, 30}, clear},
+      {"a radius beyond the slot",
+       ThemeFile(colours).integer("emptySlotBGCornerRadius", 4000),
+       false,
+       false,
+       {10, 120, 30},
+       clear},
   };
   for (const Case& c : kCases) {
     EXPECT_TRUE(support::inChild([&] {
@@ -253,7 +257,8 @@ TEST_F(Strips, DrawEmptySlotsAndKnobs) {
 }
 
 CGImageRef titleImage(NSObject strip, const char* title, CGSize size, double scale) {
-  return call<"cachedElementTitleImageForLocalizedTitle:imageSize:scale:", CGImageRef>(strip, string(title), size, scale);
+  return call<"cachedElementTitleImageForLocalizedTitle:imageSize:scale:", CGImageRef>(strip, string(title), size,
+                                                                                       scale);
 }
 
 TEST_F(Strips, DrawTitlesOfEmptySlotsOncePerTitleAndSize) {
@@ -329,8 +334,10 @@ TEST_F(Strips, ShowThroughBehindTextsThatHaveNoColourOfTheirOwn) {
       {"gradient", ThemeFile(colours).text("mixerStripBGGradient", gradient), clear, clear},
       {"highlight gradient", ThemeFile(colours).text("mixerStripHighlightBGGradient", gradient), {10, 20, 30}, clear},
       {"bevel", ThemeFile(colours).text("mixerStripBevel", "Bevel:{R,2,30}"), clear, clear},
-      {"auto gradient, unused", ThemeFile(colours).text("UseTrackColorGradient_Mixer", "AutoGradient:{9,-9,V}"),
-       {10, 20, 30}, {40, 50, 60}},
+      {"auto gradient, unused",
+       ThemeFile(colours).text("UseTrackColorGradient_Mixer", "AutoGradient:{9,-9,V}"),
+       {10, 20, 30},
+       {40, 50, 60}},
       {"auto gradient",
        ThemeFile(colours)
            .text("UseTrackColorGradient_Mixer", "AutoGradient:{9,-9,V}")
@@ -338,7 +345,8 @@ TEST_F(Strips, ShowThroughBehindTextsThatHaveNoColourOfTheirOwn) {
        clear, clear},
       {"highlight gradient beside track colours",
        ThemeFile(colours).text("mixerStripHighlightBGGradient", gradient).flag("useTrackColorAsStripBackground", true),
-       {10, 20, 30}, {40, 50, 60}},
+       {10, 20, 30},
+       {40, 50, 60}},
   };
   for (const Case& c : kCases) {
     EXPECT_TRUE(support::inChild([&] {
@@ -455,9 +463,9 @@ TEST_F(SwitchFileStrips, TurnsGradientsOff) {
             .text("mixerStripBGGradient", "LinearGradient:{{1,1,1,100},{2,2,2,100},V}"));
   EXPECT_EQ(rgba(background(kAudio)), (Rgba{10, 20, 30}));
   EXPECT_EQ(rgba(call<"backgroundColor", NSColor>(section(kAudio, "number"))), (Rgba{10, 20, 30}));
-  EXPECT_EQ(rgba(call<"vlrMixerBackgroundColor", NSColor>(
-                call<"sharedInstance", NSObject>(classNamed("ThemeUtility")))),
-            (Rgba{9, 8, 7}));
+  EXPECT_EQ(
+      rgba(call<"vlrMixerBackgroundColor", NSColor>(call<"sharedInstance", NSObject>(classNamed("ThemeUtility")))),
+      (Rgba{9, 8, 7}));
   std::filesystem::remove(kSwitch);
 }
 

@@ -27,9 +27,7 @@ Rgba patternPixel(NSColor pattern, long x, long y) {
   return pixel(NSBitmapImageRep::withCGImage(image), x, y);
 }
 
-CGSize patternSize(NSColor pattern) {
-  return rgba(pattern).red == -2 ? pattern.patternImage().size() : CGSize();
-}
+CGSize patternSize(NSColor pattern) { return rgba(pattern).red == -2 ? pattern.patternImage().size() : CGSize(); }
 
 bool near(const Rgba& a, const Rgba& b, long tolerance) {
   return std::labs(a.red - b.red) <= tolerance && std::labs(a.green - b.green) <= tolerance &&

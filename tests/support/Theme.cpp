@@ -57,9 +57,8 @@ std::string writeTheme(const std::string& settings, const std::string& reference
   const std::string contents = folder + "/Companion.bundle/Contents";
   fs::create_directories(contents + "/Resources");
   writeFile(folder + "/PluginHelper.plist", settings);
-  writeFile(contents + "/Info.plist",
-            listOf("<key>CFBundleIdentifier</key><string>com.velura.companion</string>"
-                   "<key>CFBundlePackageType</key><string>BNDL</string>"));
+  writeFile(contents + "/Info.plist", listOf("<key>CFBundleIdentifier</key><string>com.velura.companion</string>"
+                                             "<key>CFBundlePackageType</key><string>BNDL</string>"));
   if (!reference.empty()) writeFile(contents + "/Resources/PluginHelper.plist", reference);
   return folder;
 }

@@ -33,8 +33,7 @@ std::string colour(int red, int green, int blue, int alpha = 100);
 std::string writeTheme(const std::string& settings, const std::string& reference = {});
 
 /// Starts the host with a theme folder ("" for the host alone, "default" for the theme "Default").
-std::unique_ptr<host::Application> start(const std::string& theme, host::Song song,
-                                         host::HostOptions options = {});
+std::unique_ptr<host::Application> start(const std::string& theme, host::Song song, host::HostOptions options = {});
 
 /// A song with one audio strip for each name; the first field of every track can be changed by the caller.
 host::Song songOf(std::initializer_list<host::Track> tracks);
