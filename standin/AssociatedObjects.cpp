@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "cocoa/Association.h"
 #include "cocoa/Override.h"
 #include "standin/Objects.h"
 

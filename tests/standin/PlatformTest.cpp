@@ -7,15 +7,10 @@
 #include <fstream>
 
 #include "Canvas.h"
+#include "cocoa/Association.h"
 #include "cocoa/ClassDefinition.h"
 #include "standin/Clock.h"
 #include "standin/MainBundle.h"
-
-extern "C" {
-void objc_setAssociatedObject(id object, const void* key, id value, std::uintptr_t policy);
-id objc_getAssociatedObject(id object, const void* key);
-void objc_removeAssociatedObjects(id object);
-}
 
 namespace {
 
@@ -72,7 +67,7 @@ TEST(Association, IsReplacedAndRemoved) {
   Counted::living = 0;
   static const char key = 0;
   const auto holder = make<NSObject>();
-  for (int i = 0; i < 3; ++i) objc_setAssociatedObject(holder->object, &key, counted()->object, 1);
+  for (int i = 0; i < 3; ++i) associate(holder, &key, counted());
   EXPECT_EQ(Counted::living, 1);
   objc_removeAssociatedObjects(holder->object);
   EXPECT_EQ(Counted::living, 0);
