@@ -10,6 +10,11 @@
 #include <filesystem>
 #include <fstream>
 
+#if defined(__SANITIZE_ADDRESS__)
+/// What the runtime and Foundation keep for the life of a process is no leak. Read before `main` runs.
+extern "C" const char* __asan_default_options() { return "detect_leaks=0"; }  // NOLINT(bugprone-reserved-identifier)
+#endif
+
 namespace session {
 namespace {
 
