@@ -79,6 +79,9 @@ std::optional<Raised> guarded(F&& f) {
     exception = NSException(detail::exceptionInFlight());
     if (!exception) throw;
   }
+  // Any object may be thrown; only an exception has a name and a reason.
+  if (!as<NSException>(exception))
+    return Raised{toStdString(exception->className()), toStdString(exception->description())};
   return Raised{toStdString(exception->name()), toStdString(exception->reason())};
 }
 

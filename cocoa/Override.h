@@ -1,7 +1,8 @@
 #pragma once
 // Overrides: a host method and its replacement exchange implementations at run time.
 
-#include <optional>
+#include <algorithm>
+#include <cstdlib>
 
 #include "cocoa/ClassDefinition.h"
 

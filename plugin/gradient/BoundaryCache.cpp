@@ -168,7 +168,8 @@ double BoundaryCache::boundary(MAStripNode strip, StripAnchor anchor) {
   const double now = CFAbsoluteTimeGetCurrent();
   enter(parent, strip.frame().size.height, strips.count(), now);
   Border& border = borders_[static_cast<std::size_t>(anchor)];
-  if (!border.known) {
+  // One that was taken over is as old as the walk that found it.
+  if (!border.known || now - border.walkedAt > kLongestUse) {
     if (!stillHolds(strips, strip, anchor, now, border)) walk(strips, anchor, now, border);
     border.known = true;
   }

@@ -61,17 +61,28 @@ class PatternKey {
   std::string text_;
 };
 
+/// A letter for a colour space of which there is one object; nothing for any other.
+std::string_view nameOfSpace(NSColorSpace space) {
+  if (space == NSColorSpace::sRGBColorSpace()) return "s";
+  if (space == NSColorSpace::genericRGBColorSpace()) return "c";
+  if (space == NSColorSpace::deviceRGBColorSpace()) return "d";
+  if (space == NSColorSpace::genericGrayColorSpace()) return "w";
+  return {};
+}
+
 /// A component colour is described by its space and components; another by its own description.
 void PatternKey::addColour(NSColor colour) {
-  constexpr NSInteger kMostComponents = 5;
-  if (colour.type() != NSColorTypeComponentBased || colour.numberOfComponents() > kMostComponents) {
+  constexpr NSInteger kMostComponents = 4;
+  const bool hasComponents = colour.type() == NSColorTypeComponentBased;
+  const std::string_view space = hasComponents ? nameOfSpace(colour.colorSpace()) : std::string_view();
+  const NSInteger count = hasComponents ? colour.numberOfComponents() : 0;
+  if (space.empty() || count > kMostComponents) {
     text_ += toStdString(colour.description());
     return;
   }
   double components[kMostComponents]{};
   colour.getComponents(components);
-  const NSInteger count = colour.numberOfComponents();
-  add(reinterpret_cast<long>(colour.colorSpace().object));
+  text_ += space;
   for (NSInteger i = 0; i < count; ++i) {
     text_ += ' ';
     addExact(components[i]);
@@ -194,15 +205,19 @@ bool readStops(NSArray colours, NSArray locations, GradientStops& out) {
 }  // namespace
 
 NSColor patternColour(const PatternLook& look) {
+  return patternColour(look, ThemeUtility::shared().gradientPatternCache);
+}
+
+NSColor patternColour(const PatternLook& look, NSMutableDictionary cache) {
   if (!isRenderable(look.size.width) || !isRenderable(look.size.height)) return look.base;
   const Plan plan = planFor(look);
   if (!look.overlay && !plan.gradient) {
     if (!plan.bevel) return look.base;
     if (!look.base) return {};
   }
-  const NSMutableDictionary cache = ThemeUtility::shared().gradientPatternCache;
   const Ref<NSString> key = makeString(keyFor(look, plan).text());
-  if (const auto cached = cast<NSColor>(cache.objectForKey(key.get()))) return cached;
+  // Retained for the caller: the cache may be emptied before the caller is done with the colour.
+  if (Ref<NSColor> cached = cast<NSColor>(cache.objectForKey(key.get()))) return autoreleased(std::move(cached));
   const NSColor pattern = rendered(look, plan);
   if (!pattern || !key) return pattern;
   if (cache.count() > kMostCachedPatterns) cache.removeAllObjects();
@@ -220,7 +235,7 @@ NSColor ThemeUtility::patternColorForGradient(NSObject gradient, NSColor base, C
     if (readStops(stopColors, stopLocations, stops)) look.stops = &stops;
   }
   look.bevel = stateIfKind<VLRStripBevel>(bevel);
-  return patternColour(look);
+  return patternColour(look, gradientPatternCache);
 }
 
 NSColor ThemeUtility::patternColorForGradientWithoutOverlay(NSObject gradient, NSColor base, CGSize size,

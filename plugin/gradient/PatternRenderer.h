@@ -42,6 +42,10 @@ struct PatternLook {
 
 /// The pattern colour of a look, from the theme's cache or freshly drawn. Answers the base colour itself
 /// when there is nothing to render or the size lies outside 2 to 4096 points, and nil for a bevel alone.
+/// `cache` holds the finished patterns by key.
+NSColor patternColour(const PatternLook& look, NSMutableDictionary cache);
+
+/// The same with the cache of the theme in force.
 NSColor patternColour(const PatternLook& look);
 
 }  // namespace velura

@@ -46,7 +46,7 @@ std::optional<double> locationOf(MAStripNode strip, double height, const VLRStri
   double location = gradient.locations[stop];
   if (const auto& anchor = gradient.anchors[stop]; anchor) {
     const double y = boundaryYForAnchor(strip, *anchor);
-    if (y < 0) return std::nullopt;
+    if (!(y >= 0)) return std::nullopt;
     location = 1 - y / height;
   }
   return std::clamp(location, 0.0, 1.0);

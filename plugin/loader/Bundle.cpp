@@ -1,6 +1,9 @@
 // What happens while the bundle is loaded, before anything is sent to it: its classes are registered and
 // its categories attached, as the platform does for a bundle whose compiler knew them.
 
+#include <algorithm>
+#include <iterator>
+
 #include "cocoa/Memory.h"
 #include "plugin/gradient/VLRStripBevel.h"
 #include "plugin/gradient/VLRStripGradient.h"
@@ -13,8 +16,16 @@
 namespace velura {
 namespace {
 
+/// Whether another bundle of the process has taken one of our class names. The host then stays as it is.
+bool isNameTaken() {
+  constexpr const char* kNames[] = {"VLRStripGradient", "VLRStripBevel", "ThemeUtility", "Utility", "LoaderClass"};
+  return std::any_of(std::begin(kNames), std::end(kNames),
+                     [](const char* name) { return cocoa::classNamed(name) != nullptr; });
+}
+
 [[gnu::constructor]] void loadBundle() {
   const cocoa::AutoreleasePool pool;
+  if (isNameTaken()) return;
   defineVLRStripGradient();
   defineVLRStripBevel();
   defineThemeUtility();

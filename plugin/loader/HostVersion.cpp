@@ -7,9 +7,11 @@ namespace {
 
 using namespace cocoa;
 
-const Ref<NSString>& hostVersion() {
-  static const Ref<NSString> version =
-      as<NSString>(NSBundle::mainBundle().infoDictionary().objectForKey(literal<"CFBundleShortVersionString">()));
+NSString hostVersion() {
+  static const NSString version =
+      Ref<NSString>(
+          as<NSString>(NSBundle::mainBundle().infoDictionary().objectForKey(literal<"CFBundleShortVersionString">())))
+          .detach();
   return version;
 }
 
@@ -17,12 +19,7 @@ const Ref<NSString>& hostVersion() {
 
 bool isHostEqualOrNewerThan(std::string_view version) {
   return hostVersion() &&
-         send<BOOL>(hostVersion().get().object, selector<"isEqualOrNewerThanVersion:">(), string(version)) != 0;
-}
-
-bool isHostOlderThan(std::string_view version) {
-  return !hostVersion() ||
-         send<BOOL>(hostVersion().get().object, selector<"isOlderThanVersion:">(), string(version)) != 0;
+         send<BOOL>(hostVersion().object, selector<"isEqualOrNewerThanVersion:">(), string(version)) != 0;
 }
 
 }  // namespace velura

@@ -8,7 +8,4 @@ namespace velura {
 /// any version. Read from the main bundle once: a host does not change while it runs.
 bool isHostEqualOrNewerThan(std::string_view version);
 
-/// Whether the host's short version string is below `version`.
-bool isHostOlderThan(std::string_view version);
-
 }  // namespace velura

@@ -17,7 +17,11 @@ void install(const ThemedClass& themed) {
 
 struct LoaderClass : ObjectState {
   void initialize() {
-    if (!VLRIsCustomThemeSelected()) return;
+    if (VLRIsCustomThemeSelected()) installOverrides();
+  }
+
+ private:
+  static void installOverrides() {
     if (ThemeUtility::shared().useTrackColorAsArrangeStripBackground) install(themedString());
     for (const ThemedClass& themed : themedClasses()) install(themed);
     if (isHostEqualOrNewerThan("11.2")) install(themedImageNode());

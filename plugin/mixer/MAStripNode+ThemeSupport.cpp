@@ -172,6 +172,11 @@ CFRef<CGPathRef> roundedRect(CGRect rect, double radius) {
   return CFRef<CGPathRef>::adopt(CGPathCreateWithRoundedRect(rect, x, y, nullptr));
 }
 
+bool isFinite(CGRect rect) {
+  return std::isfinite(rect.minX()) && std::isfinite(rect.minY()) && std::isfinite(rect.maxX()) &&
+         std::isfinite(rect.maxY());
+}
+
 void customDrawSlotFrame(MAStripNode strip, CGRect rect, CGContextRef context) {
   constexpr std::uint64_t kHostRadius = 4;
   const NSColor colour = emptySlotColor(strip);
@@ -180,6 +185,7 @@ void customDrawSlotFrame(MAStripNode strip, CGRect rect, CGContextRef context) {
     DrawSlotFrame::callHost(strip, rect, context);
     return;
   }
+  if (!isFinite(rect)) return;
   drawPath(roundedRect(rect, static_cast<double>(radius)), context, colour, emptySlotEdgeColor());
 }
 
@@ -189,6 +195,7 @@ void customDrawKnobFrame(MAStripNode strip, CGRect rect, CGContextRef context) {
     DrawKnobFrame::callHost(strip, rect, context);
     return;
   }
+  if (!isFinite(rect)) return;
   drawPath(CFRef<CGPathRef>::adopt(CGPathCreateWithEllipseInRect(rect, nullptr)), context, colour,
            emptySlotEdgeColor());
 }
@@ -208,6 +215,9 @@ void drawTitle(NSString title, CGSize size, NSColor colour) {
 }
 
 Ref<NSBitmapImageRep> titleBitmap(NSString title, CGSize size, double scale, NSColor colour) {
+  constexpr double kLargestSide = 16'384;
+  const auto fits = [&](double points) { return points * scale >= 1 && points * scale <= kLargestSide; };
+  if (!fits(size.width) || !fits(size.height)) return {};
   const auto pixels = [&](double points) { return static_cast<NSInteger>(std::trunc(points * scale)); };
   const Ref<NSBitmapImageRep> bitmap = NSBitmapImageRep::withBitmapDataPlanes(
       nullptr, pixels(size.width), pixels(size.height), 8, 4, true, false, NSDeviceRGBColorSpace, 0, 32);
@@ -226,12 +236,12 @@ CGImageRef customElementTitleImage(MAStripNode strip, NSString title, CGSize siz
   const NSColor colour = ThemeUtility::shared().colorForKey(ThemeKey::kEmptySlotButtonLabelColor);
   if (!colour) return ElementTitleImage::callHost(strip, title, size, scale);
   // Fed from the few titles of empty slots; the scale is the screen's and no part of the key.
-  static const Ref<NSMutableDictionary> bitmaps = make<NSMutableDictionary>();
+  static const NSMutableDictionary bitmaps = make<NSMutableDictionary>().detach();
   const NSString key = string(toStdString(title) + "_" + toStdString(NSString(NSStringFromSize(size))));
-  if (const auto cached = cast<NSBitmapImageRep>(bitmaps->objectForKey(key))) return cached.CGImage();
+  if (const auto cached = cast<NSBitmapImageRep>(bitmaps.objectForKey(key))) return cached.CGImage();
   const Ref<NSBitmapImageRep> bitmap = titleBitmap(title, size, scale, colour);
   if (!bitmap) return nullptr;
-  bitmaps->setObject(bitmap.get(), key);
+  bitmaps.setObject(bitmap.get(), key);
   return bitmap->CGImage();
 }
 

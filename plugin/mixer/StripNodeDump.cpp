@@ -1,5 +1,6 @@
 #include "plugin/mixer/StripNodeDump.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -15,7 +16,7 @@ using namespace cocoa;
 
 constexpr const char* kSwitchFile = "/tmp/vlr_dump_strip_nodes";
 constexpr const char* kDumpFile = "/tmp/vlr_strip_nodes_dump.txt";
-constexpr const char* kDumpInApplicationSupport = "/Velura/strip-nodes-dump.txt";
+constexpr const char* kDumpName = "/strip-nodes-dump.txt";
 constexpr std::size_t kMostLayouts = 12;
 constexpr NSInteger kDeepestRecursion = 2;
 
@@ -27,7 +28,7 @@ std::string layoutSignature(MAStripNode strip) {
   for (const MANode section : items<MANode>(strip.childrenArray())) names.push_back(toStdString(section.name()));
   std::sort(names.begin(), names.end());
   std::string signature;
-  for (const std::string& name : names) signature += (signature.empty() ? "" : ",") + name;
+  for (const std::string& name : names) signature += name + ",";
   return signature;
 }
 
@@ -37,6 +38,15 @@ struct Dump {
   std::string text;
 };
 
+/// Where a dump goes that cannot be written to the temporary folder. A failure here has no consequence.
+void writeToApplicationSupport(const std::string& text) {
+  const std::string support = applicationSupportFolder();
+  if (support.empty()) return;
+  const std::string folder = support + "/Velura";
+  ::mkdir(folder.c_str(), S_IRWXU);
+  writeAtomically(folder + kDumpName, text);
+}
+
 void dump(MAStripNode strip, Dump& state) {
   std::string signature = layoutSignature(strip);
   if (state.layouts.count(signature) != 0 || state.layouts.size() >= kMostLayouts) return;
@@ -44,20 +54,19 @@ void dump(MAStripNode strip, Dump& state) {
   state.text += "==== strip '" + toStdString(strip.name()) + "' frame=" + frameText(strip) +
                 " parent=" + toStdString(strip.parent().className()) + " ====\n";
   appendNodeTree(strip, 0, state.text);
-  if (!writeAtomically(kDumpFile, state.text)) {
-    writeAtomically(applicationSupportFolder() + kDumpInApplicationSupport, state.text);
-  }
+  if (!writeAtomically(kDumpFile, state.text)) writeToApplicationSupport(state.text);
 }
 
 }  // namespace
 
 void dumpStripNodesIfArmed(MAStripNode strip) {
-  static Dump state;
+  static Dump& state = *new Dump;  // kept for the life of the process
   if (state.armed) dump(strip, state);
 }
 
 void appendNodeTree(MANode node, NSInteger depth, std::string& text) {
-  text += std::string(static_cast<std::size_t>(std::max<NSInteger>(depth, 0)) * 2, ' ') +
+  constexpr NSInteger kDeepestIndent = 64;
+  text += std::string(static_cast<std::size_t>(std::clamp<NSInteger>(depth, 0, kDeepestIndent)) * 2, ' ') +
           toStdString(node.className()) + " '" + toStdString(node.name()) + "' frame=" + frameText(node) + "\n";
   if (depth > kDeepestRecursion) return;
   for (const MANode child : items<MANode>(node.childrenArray())) appendNodeTree(child, depth + 1, text);

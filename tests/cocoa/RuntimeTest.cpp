@@ -1,6 +1,7 @@
 // The runtime seen from C++: classes with states, messages, exceptions of the host.
 
 #include <gtest/gtest.h>
+#include <objc/objc-exception.h>
 
 #include "cocoa/Call.h"
 #include "cocoa/Exception.h"
@@ -86,6 +87,9 @@ TEST_F(Runtime, CatchesWhatTheHostRaisesAndGoesOn) {
   }
   EXPECT_EQ(guarded([] { static_cast<void>(NSArray::array().objectAtIndex(7)); })->name, "NSRangeException");
   EXPECT_EQ(guarded([&] { call<"noSuchMessage">(object.get()); })->name, "NSInvalidArgumentException");
+  const auto thrown = guarded([] { objc_exception_throw(string("no exception at all").object); });
+  ASSERT_TRUE(thrown) << "anything may be thrown";
+  EXPECT_EQ(thrown->reason, "no exception at all");
   EXPECT_FALSE(guarded([] {}));
   EXPECT_THROW(static_cast<void>(guarded([] { throw std::runtime_error("ours"); })), std::runtime_error);
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <sstream>
 
 #include "cocoa/Call.h"
@@ -167,7 +168,24 @@ TEST_F(Anchoring, RemembersBordersOfOneLayoutForTwoSeconds) {
   const Ref<NSObject> elsewhere = host::makeNode("MANode", "mixer", CGRectMake(0, 0, 800, 600));
   const Ref<NSObject> other = host::makeNode("MAStripNode", "strip", CGRectMake(0, 0, 84, 480));
   call<"addChild:">(elsewhere.get(), other.get());
+  call<"addChild:">(elsewhere.get(), host::makeNode("MAStripNode", "strip", CGRectMake(0, 0, 84, 480)).get());
   EXPECT_EQ(boundary(other.get(), "pan"), 297) << "the mixer";
+}
+
+TEST_F(Anchoring, TakesOverNoBorderThatIsOlderThanTwoSeconds) {
+  start(ThemeFile());
+  const NSObject tall = addStrip();
+  const NSObject small = addStrip(500);
+  const NSObject third = addStrip();
+  addSection(tall, "icon", 320, 20);
+  addSection(tall, "pan", 280, 30);
+  const NSObject later = addSection(third, "pan", 200, 30);
+  EXPECT_EQ(boundary(tall, "pan"), 315);
+  standin::setClock(1001.9);
+  EXPECT_EQ(boundary(small, "pan"), 315) << "taken over for the other height";
+  call<"setFrame:">(later, CGRectMake(0, 288, 80, 30));
+  standin::setClock(1002.5);
+  EXPECT_EQ(boundary(small, "pan"), 319) << "two seconds after the walk, not after the taking over";
 }
 
 TEST_F(Anchoring, AsksAboutSectionsThatAreGoneWithoutHarm) {
@@ -224,6 +242,13 @@ TEST_F(Anchoring, PlacesSortsAndSmoothsStops) {
     for (std::size_t i = 0; i < found.size(); ++i) EXPECT_NEAR(found[i], c.expected[i], 1e-9) << c.what << ", " << i;
   }
   EXPECT_EQ(locations(addStrip(), "AutoGradient:{10,-10,V}", NSColor::whiteColor()).size(), 2U);
+  id colours = nullptr;
+  id places = nullptr;
+  static_cast<void>(call<"vlrResolveGradient:baseColor:outColors:outLocations:", BOOL>(
+      addStrip(), gradient("LinearGradient:{{1,1,1,100,0},{2,2,2,100,90},{3,3,3,100,@fader},V}"), NSColor(), &colours,
+      &places));
+  EXPECT_EQ(support::rgba(cast<NSColor>(NSArray(colours).objectAtIndex(1))), (support::Rgba{3, 3, 3}))
+      << "the colours move with their locations";
 }
 
 TEST_F(Anchoring, FailsOnABorderBelowTheStrip) {
@@ -233,6 +258,22 @@ TEST_F(Anchoring, FailsOnABorderBelowTheStrip) {
   addSection(strip, "pan", -60, 10);
   EXPECT_EQ(boundary(strip, "pan"), -35);
   EXPECT_TRUE(locations(strip, "LinearGradient:{{1,1,1,100,0},{2,2,2,100,@pan},V}").empty());
+  call<"removeAllChildren">(root_.get());
+  const NSObject endless = addStrip();
+  addSection(endless, "icon", INFINITY, 10);
+  addSection(endless, "pan", -INFINITY, 10);
+  EXPECT_TRUE(locations(endless, "LinearGradient:{{1,1,1,100,0},{2,2,2,100,@pan},V}").empty()) << "no number";
+}
+
+TEST_F(Anchoring, DrawsTheRestWhereTheGradientFails) {
+  start(ThemeFile().text("mixerStripBGGradient",
+                         "LinearGradient:{{250,0,0,100,0},{250,0,0,100,50},{250,0,0,100,@pan},V}"));
+  const NSObject strip = addStrip();
+  addSection(strip, "icon", -20, 10);
+  addSection(strip, "pan", -60, 10);
+  const auto pattern = call<"vlrApplyStripGradient:highlighted:overlayColor:", NSColor>(
+      strip, NSColor::colorWithSRGBRed(0, 0, 0.8, 1), BOOL(0), NSColor::colorWithSRGBRed(0, 0.4, 0, 0.5));
+  EXPECT_TRUE(support::near(support::patternPixel(pattern, 0, 0), {0, 51, 102})) << "base and overlay alone";
 }
 
 // ---- Which gradient a strip takes ------------------------------------------------------------------

@@ -254,4 +254,20 @@ TEST_F(Patterns, AreForgottenAllAtOnceWhenTooMany) {
   EXPECT_FALSE(pattern({.base = grey(0.5), .size = {84, 100}, .overlay = grey(1, 0.5)}) == first);
 }
 
+TEST_F(Patterns, OutliveTheCacheThatTheyCameFrom) {
+  const NSColor base = grey(0.5);
+  const NSColor veil = NSColor::colorWithSRGBRed(1, 0, 0, 1);
+  const auto ask = [&](double height) { return pattern({.base = base, .size = {84, height}, .overlay = veil}); };
+  {
+    const AutoreleasePool inner;
+    static_cast<void>(ask(100));
+  }
+  const NSColor held = ask(100);  // from the cache, which alone owns it now
+  for (int i = 1; i <= 66; ++i) {
+    const AutoreleasePool inner;
+    static_cast<void>(ask(100.0 + i));
+  }
+  EXPECT_EQ(patternPixel(held, 0, 0), (Rgba{255, 0, 0}));
+}
+
 }  // namespace

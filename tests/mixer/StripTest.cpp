@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <filesystem>
 
 #include "cocoa/Call.h"
@@ -196,6 +198,16 @@ TEST_F(Strips, PutTheMixersBackgroundBehindThem) {
   }
 }
 
+TEST_F(Strips, LeaveAViewAloneThatTakesNoBackground) {
+  start(ThemeFile().text("mixerBackgroundColor", colour(9, 8, 7)));
+  const Ref<NSView> view = NSView::withFrame(CGRectMake(0, 0, 10, 10));
+  const Ref<NSObject> root = host::makeNode("MANode", "mixer", {});
+  stateOf<host::MANode>(root.get()).ownView = view.get();
+  const Ref<NSObject> bare = host::makeNode("MAStripNode", "strip", {});
+  call<"addChild:">(root.get(), bare.get());
+  EXPECT_FALSE(guarded([&] { call<"willUpdatePresentationObject">(bare.get()); }));
+}
+
 // ---- Empty slots --------------------------------------------------------------------------------
 
 Ref<NSBitmapImageRep> drawnFrame(NSObject strip, bool knob) {
@@ -251,6 +263,8 @@ TEST_F(Strips, DrawEmptySlotsAndKnobs) {
       EXPECT_TRUE(support::near(support::pixel(bitmap, 20, 10), c.middle)) << support::pixel(bitmap, 20, 10);
       const Rgba corner = support::pixel(bitmap, 4, 16);
       EXPECT_EQ(corner.alpha > 50, c.nearCorner.alpha > 50) << corner;
+      const Rgba edge = support::pixel(bitmap, 20, 1);  // half of the edge line lies outside of the rectangle
+      EXPECT_TRUE(edge.alpha == 2 || edge.alpha == 3) << edge;
       return true;
     })) << c.what;
   }
@@ -280,6 +294,23 @@ TEST_F(Strips, DrawTitlesOfEmptySlotsOncePerTitleAndSize) {
     }
   }
   EXPECT_GT(red, 10) << "drawn in the label colour";
+  long left = 60;
+  long right = 0;
+  long top = 18;
+  long bottom = 0;
+  for (long x = 0; x < 60; ++x) {
+    for (long y = 0; y < 18; ++y) {
+      if (support::pixel(bitmap, x, y).alpha < 20) continue;
+      left = std::min(left, x);
+      right = std::max(right, x);
+      top = std::min(top, y);
+      bottom = std::max(bottom, y);
+    }
+  }
+  EXPECT_NEAR(static_cast<double>(left + right) / 2, 30, 1.5) << "centred";
+  EXPECT_NEAR(static_cast<double>(top + bottom) / 2, 9, 2.5) << "in the middle of the slot";
+  EXPECT_EQ(titleImage(strip(kAudio), "Huge", {1e9, 18}, 1), nullptr);
+  EXPECT_EQ(titleImage(strip(kAudio), "NaN", {std::nan(""), 18}, 1), nullptr);
   EXPECT_NE(titleImage(strip(kAudio), "", {60, 18}, 1), nullptr) << "an empty title draws nothing";
   EXPECT_EQ(titleImage(strip(kAudio), "None", {0, 18}, 1), nullptr);
 }
@@ -417,6 +448,27 @@ TEST_F(Strips, ColourTheTitlesOfTheHostsWindowsAndItsCatalogue) {
   EXPECT_EQ(rgba(call<"stepSequencerRowHeadersBackgroundColor", NSColor>(classNamed("NSColor"))), (Rgba{4, 5, 6}));
 }
 
+TEST_F(Strips, AnswerTheHelpersOfTheirCategory) {
+  start(ThemeFile());
+  const auto children = call<"childrenArray", NSArray>(strip(kAudio));
+  const auto found = [&](const char* name) {
+    return call<"getNodeWithName:name:", NSObject>(strip(kAudio), children, string(name));
+  };
+  EXPECT_EQ(found("pan"), section(kAudio, "pan"));
+  EXPECT_FALSE(found("Pan"));
+  const auto text = send<NSObject>(classNamed("NSMutableString"), selector<"string">());
+  NSObject parent = strip(kAudio);
+  for (const char* name : {"one", "two", "three", "four"}) {
+    const Ref<NSObject> child = host::makeNode("MANode", name, {});
+    call<"addChild:">(parent, child.get());
+    parent = child;
+  }
+  call<"vlrDumpNodeTree:depth:into:">(strip(kAudio), strip(kAudio), NSInteger(0), text);
+  const std::string dump = toStdString(cast<NSString>(text));
+  EXPECT_NE(dump.find("\n      MANode 'three'"), std::string::npos) << dump;
+  EXPECT_EQ(dump.find("'four'"), std::string::npos) << "four levels are shown";
+}
+
 // ---- Diagnostics: these tests create files under /tmp and run alone --------------------------------
 
 class SwitchFileStrips : public Strips {};
@@ -452,6 +504,22 @@ TEST_F(SwitchFileStrips, DumpsTwelveLayoutsOfStrips) {
   EXPECT_NE(dump.find("\n  MAFaderNode 'volumeFader' frame={{21, 98}, {26, 146}}\n    MAFaderKnobNode 'fader knob'"),
             std::string::npos);
   EXPECT_EQ(support::fileContents(victim), "untouched") << "a link is replaced, not followed";
+}
+
+TEST_F(SwitchFileStrips, DumpsIntoApplicationSupportWhereTheTemporaryFolderRefuses) {
+  namespace fs = std::filesystem;
+  constexpr const char* kSwitch = "/tmp/vlr_dump_strip_nodes";
+  constexpr const char* kDump = "/tmp/vlr_strip_nodes_dump.txt";
+  support::writeFile(kSwitch, "");
+  fs::remove(kDump);
+  fs::create_directories(std::string(kDump) + "/in the way");
+  application_ = support::start(support::writeTheme(ThemeFile().flag("x", true).list()),
+                                support::songOf({track(StripType::kAudio)}));
+  fs::remove(kSwitch);
+  fs::remove_all(kDump);
+  const NSArray paths(NSSearchPathForDirectoriesInDomains(NSApplicationSupportDirectory, NSUserDomainMask, BOOL(1)));
+  const std::string folder = toStdString(cast<NSString>(paths.objectAtIndex(0)));
+  EXPECT_TRUE(support::fileContents(folder + "/Velura/strip-nodes-dump.txt").starts_with("==== strip 'strip'"));
 }
 
 TEST_F(SwitchFileStrips, TurnsGradientsOff) {
