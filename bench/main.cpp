@@ -46,7 +46,7 @@ void addRow(const Row& row, const Body& ours, const Body& baseline, bool manual 
   rows().push_back(row);
   for (const auto& [side, body] : {std::pair("ours", &ours), std::pair("baseline", &baseline)}) {
     auto* registered = benchmark::RegisterBenchmark((row.name + "/" + side).c_str(), *body);
-    registered->MinTime(0.05);
+    registered->MinTime(0.1);
     if (manual) registered->UseManualTime();
   }
 }
@@ -466,7 +466,7 @@ int main(int argc, char** argv) {
   addLoadRow();
   addFrameRows(workers);
 
-  std::vector<std::string> options{argv[0], "--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=9",
+  std::vector<std::string> options{argv[0], "--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=11",
                                    "--benchmark_report_aggregates_only=true"};
   if (const char* filter = std::getenv("BENCH_FILTER"); filter != nullptr) {
     options.push_back(std::string("--benchmark_filter=") + filter);
