@@ -207,7 +207,7 @@ class ClassDefinition {
   static id allocWithZone(Class self, SEL sel, void* zone) {
     const id object = sendSuper<id>(metaclassOf(DefinedClass<State>::cls), asObject(self), sel, zone);
     if (object != nullptr) {
-      State* state = ::new (static_cast<void*>(&stateOf<State>(object))) State();
+      auto* state = ::new (static_cast<void*>(&stateOf<State>(object))) State();
       state->self = object;
     }
     return object;

@@ -219,7 +219,7 @@ Ref<NSBitmapImageRep> titleBitmap(NSString title, CGSize size, double scale, NSC
   const auto fits = [&](double points) { return points * scale >= 1 && points * scale <= kLargestSide; };
   if (!fits(size.width) || !fits(size.height)) return {};
   const auto pixels = [&](double points) { return static_cast<NSInteger>(std::trunc(points * scale)); };
-  const Ref<NSBitmapImageRep> bitmap = NSBitmapImageRep::withBitmapDataPlanes(
+  Ref<NSBitmapImageRep> bitmap = NSBitmapImageRep::withBitmapDataPlanes(
       nullptr, pixels(size.width), pixels(size.height), 8, 4, true, false, NSDeviceRGBColorSpace, 0, 32);
   if (!bitmap) return bitmap;
   const NSGraphicsContext context = NSGraphicsContext::graphicsContextWithBitmapImageRep(bitmap);

@@ -8,7 +8,7 @@ using namespace cocoa;
 
 NSString VLRSelectedThemeName() {
   const Ref<NSUserDefaults> suite = NSUserDefaults::suiteNamed(literal<kCompanionSuite>());
-  const NSString name = as<NSString>(suite->objectForKey(literal<"kLastSelectedTheme">()));
+  const auto name = as<NSString>(suite->objectForKey(literal<"kLastSelectedTheme">()));
   if (!name) return literal<"Default">();
   // The suite may take the string along when it goes.
   return autoreleased(Ref<NSString>(name));

@@ -38,8 +38,8 @@ bool isKept(NSString key) {
 /// Equal character by character: `isEqualToString:` may take two spellings of an accented letter for one.
 bool areSameString(NSObject a, NSObject b) {
   constexpr NSUInteger kLiteralSearch = 2;
-  const NSString first = as<NSString>(a);
-  const NSString second = as<NSString>(b);
+  const auto first = as<NSString>(a);
+  const auto second = as<NSString>(b);
   return first && second && first.length() == second.length() &&
          send<NSInteger>(first.object, selector<"compare:options:">(), second, kLiteralSearch) == 0;
 }

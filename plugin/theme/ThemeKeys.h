@@ -139,7 +139,7 @@ struct ThemeKeyRow {
   std::string_view effect;  // what it colours or changes: a sentence for theme authors
   Kept kept = Kept::kNo;
   Used used = Used::kYes;
-  std::string_view hostVersion = "";  // the oldest host on which it has an effect; any if empty
+  std::string_view hostVersion{};  // the oldest host on which it has an effect; any if empty
 };
 
 // clang-format off

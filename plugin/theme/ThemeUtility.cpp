@@ -82,7 +82,7 @@ BOOL isShared(std::uint32_t record, NSInteger type) {
 
 /// A group of plug-ins with the colours of its colour strings added.
 NSObject withColours(NSObject group, const ThemeUtility& theme) {
-  const NSDictionary stored = as<NSDictionary>(group);
+  const auto stored = as<NSDictionary>(group);
   if (!stored) return group;
   const NSMutableDictionary completed = NSMutableDictionary::dictionaryWithDictionary(stored);
   for (const PluginGroupColour& colour : kPluginGroupColours) {
@@ -165,7 +165,7 @@ void ThemeUtility::applyGradientsAndBevels(NSDictionary theme) {
 }
 
 void ThemeUtility::applyPluginGroups(NSDictionary theme) {
-  const NSDictionary stored = as<NSDictionary>(ThemeValues(theme).object(ThemeKey::kPluginGroupMapV2));
+  const auto stored = as<NSDictionary>(ThemeValues(theme).object(ThemeKey::kPluginGroupMapV2));
   if (!stored) return;
   const auto groups = make<NSMutableDictionary>();
   for (const NSObject key : items(stored.allKeys()))
