@@ -92,6 +92,16 @@ void layPeriod(Pixel* to, int count, const Pixel* tileRow, int tileWidth, int ph
   }
 }
 
+/// Writes a row that is no wider than the tile, from the tile's left edge: what lies between the ends of its
+/// run of equal columns is filled without being read.
+void layTileRowByRun(Pixel* to, int width, const Pixel* tileRow, const Tile& tile, int scale) {
+  const int start = std::min(tile.runStart * scale, width);
+  const int end = std::min(tile.runEnd * scale, width);
+  for (int i = 0; i < start; ++i) to[i] = tileRow[i / scale];
+  std::fill(to + start, to + end, tileRow[tile.runStart]);
+  for (int i = end; i < width; ++i) to[i] = tileRow[i / scale];
+}
+
 /// Writes the tile's row across `width` pixels: one period is laid and then copied on.
 void layTileRow(Pixel* to, int width, const Pixel* tileRow, int tileWidth, int phase, int scale) {
   const int period = tileWidth * scale;
@@ -204,13 +214,22 @@ void multiplyByAlpha(const PixelView& target, const PixelRect& area, const Pixel
 
 Tile::Tile(std::shared_ptr<const Surface> pixels) : surface(std::move(pixels)) {
   const int width = surface->width();
-  for (int y = 0; y < surface->height() && (isOpaque || hasEqualColumns); ++y) {
+  std::vector<unsigned char> differs(static_cast<std::size_t>(width));  // from the column to the left, in some row
+  for (int y = 0; y < surface->height(); ++y) {
     const Pixel* row = surface->view().at(0, y);
     for (int x = 0; x < width; ++x) {
       isOpaque = isOpaque && alphaOf(row[x]) == 255;
-      hasEqualColumns = hasEqualColumns && row[x] == row[0];
+      if (row[x] != row[std::max(x - 1, 0)]) differs[static_cast<std::size_t>(x)] = 1;
     }
   }
+  for (int x = 0, start = 0; x < width; ++x) {
+    if (differs[static_cast<std::size_t>(x)] != 0) start = x;
+    if (x + 1 - start > runEnd - runStart) {
+      runStart = start;
+      runEnd = x + 1;
+    }
+  }
+  hasEqualColumns = runEnd - runStart == width;
 }
 
 void fillTiled(const PixelView& target, const PixelRect& area, const Tile& tile, const TilePlacement& placement) {
@@ -220,6 +239,8 @@ void fillTiled(const PixelView& target, const PixelRect& area, const Tile& tile,
   const int width = area.width();
   const int phase = modulo(area.left - placement.left, tileWidth * placement.scaleX);
   std::vector<Pixel> scratch(tile.isOpaque || tile.hasEqualColumns ? 0 : static_cast<std::size_t>(width));
+  const bool isMostlyRun = (tile.runEnd - tile.runStart) * 4 > tileWidth * 3;
+  const bool byRun = isMostlyRun && tile.isOpaque && phase == 0 && width <= tileWidth * placement.scaleX;
   for (int y = area.top; y < area.bottom; ++y) {
     const int up = floorDivided(placement.bottom - 1 - y, placement.scaleY);
     const Pixel* tileRow = pixels.at(0, tileHeight - 1 - modulo(up, tileHeight));
@@ -230,6 +251,8 @@ void fillTiled(const PixelView& target, const PixelRect& area, const Tile& tile,
       } else if (*tileRow != 0) {
         overRow(row, static_cast<std::size_t>(width), *tileRow);
       }
+    } else if (byRun) {
+      layTileRowByRun(row, width, tileRow, tile, placement.scaleX);
     } else if (tile.isOpaque) {
       layTileRow(row, width, tileRow, tileWidth, phase, placement.scaleX);
     } else {

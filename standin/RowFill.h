@@ -30,6 +30,9 @@ struct Tile {
   std::shared_ptr<const Surface> surface;
   bool isOpaque = true;
   bool hasEqualColumns = true;
+  /// The widest run of columns that are equal in every row: what lies between the edges of a bevel.
+  int runStart = 0;
+  int runEnd = 0;
 };
 
 /// Where tiles lie: the device position of a tile's bottom left corner, and the size of a tile pixel in

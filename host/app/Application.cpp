@@ -132,8 +132,14 @@ Ref<NSBitmapImageRep> Application::draw(WindowKind kind) {
       nullptr, pixels(size.width), pixels(size.height), 8, 4, true, false, NSDeviceRGBColorSpace, 0, 32);
   if (!bitmap) return bitmap;
   bitmap->setSize(size);
-  frame.displayRectIgnoringOpacity(frame.bounds(), NSGraphicsContext::graphicsContextWithBitmapImageRep(bitmap));
+  draw(kind, bitmap);
   return bitmap;
+}
+
+void Application::draw(WindowKind kind, NSBitmapImageRep bitmap) {
+  const AutoreleasePool pool;
+  const NSView frame = window(kind).contentView().superview();
+  frame.displayRectIgnoringOpacity(frame.bounds(), NSGraphicsContext::graphicsContextWithBitmapImageRep(bitmap));
 }
 
 }  // namespace host

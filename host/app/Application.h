@@ -37,8 +37,10 @@ class Application {
   /// One turn of the event loop: windows update, presentations follow.
   void runFrame();
 
-  /// Draws a window, title bar and all, into a bitmap of the host's scale.
+  /// Draws a window, title bar and all, into a new bitmap of the host's scale.
   [[nodiscard]] cocoa::Ref<NSBitmapImageRep> draw(WindowKind kind);
+  /// The same into a bitmap that an earlier call made, as a screen keeps its backing store.
+  void draw(WindowKind kind, NSBitmapImageRep bitmap);
 
   [[nodiscard]] NSWindow window(WindowKind kind) const;
   [[nodiscard]] MixerWindow& mixer() { return *mixer_; }
