@@ -13,6 +13,7 @@
 #include "host/mixer/MAScaleNode.h"
 #include "host/mixer/MAStripNode.h"
 #include "host/mixer/MATextNode.h"
+#include "host/mixer/MixerData.h"
 
 namespace host {
 namespace {
@@ -139,10 +140,6 @@ const char* labelOf(const Track& track) {
       break;
   }
   return "Other";
-}
-
-NSColor colourOf(SongColour colour) {
-  return NSColor::colorWithSRGBRed(colour.red / 255.0, colour.green / 255.0, colour.blue / 255.0, 1);
 }
 
 bool isBright(SongColour colour) { return colour.red * 299 + colour.green * 587 + colour.blue * 114 > 105'000; }
@@ -376,7 +373,7 @@ class StripBuilder {
     if (leftToDataSource) {
       call<"setBackgroundColor:">(name, NSColor());
     } else if (coloured) {
-      call<"setBackgroundColor:">(name, colourOf(*track_.colour));
+      call<"setBackgroundColor:">(name, trackColour(track_));
     }
   }
   NSObject addText(const char* name, CGRect frame, std::string_view text, NSColor colour, TextStyle style) {
