@@ -6,9 +6,11 @@
 #include "cocoa/CoreGraphics.h"
 #include "cocoa/QuartzCore.h"
 
+struct NSAppearance;
 struct NSApplication;
 struct NSBitmapImageRep;
 struct NSBezierPath;
+struct NSEvent;
 struct NSFont;
 struct NSGraphicsContext;
 struct NSImage;
@@ -92,6 +94,18 @@ inline constexpr NSUInteger NSWindowStyleMaskMiniaturizable = 4;
 inline constexpr NSUInteger NSWindowStyleMaskResizable = 8;
 inline constexpr NSUInteger NSBackingStoreBuffered = 2;
 
+enum NSEventType : NSUInteger {
+  NSEventTypeLeftMouseDown = 1,
+  NSEventTypeLeftMouseUp = 2,
+  NSEventTypeLeftMouseDragged = 6
+};
+
+enum NSAlertStyle : NSUInteger { NSAlertStyleWarning = 0, NSAlertStyleInformational = 1, NSAlertStyleCritical = 2 };
+inline constexpr NSInteger NSAlertFirstButtonReturn = 1000;
+inline constexpr NSInteger NSAlertSecondButtonReturn = 1001;
+inline constexpr NSInteger NSControlStateValueOff = 0;
+inline constexpr NSInteger NSControlStateValueOn = 1;
+
 inline constexpr CGFloat NSFontWeightUltraLight = -0.8;
 inline constexpr CGFloat NSFontWeightThin = -0.6;
 inline constexpr CGFloat NSFontWeightLight = -0.4;
@@ -117,6 +131,10 @@ extern NSString NSCalibratedWhiteColorSpace;
 extern NSString NSDeviceWhiteColorSpace;
 extern NSString NSNamedColorSpace;
 extern NSString NSPatternColorSpace;
+extern NSString NSAppearanceNameVibrantDark;
+extern NSString NSAccessibilityLayoutItemRole;
+extern NSString NSAccessibilityGroupRole;
+extern NSString NSAccessibilityDisclosureTriangleRole;
 extern NSApplication NSApp;
 
 /// Replaces what is there by the current colour.
@@ -369,6 +387,9 @@ struct NSBitmapImageRep : NSImageRep {
     return cocoa::call<"colorAtX:y:", NSColor>(object, x, y);
   }
   void setColor(NSColor color, NSInteger x, NSInteger y) const { cocoa::call<"setColor:atX:y:">(object, color, x, y); }
+  [[nodiscard]] NSString colorSpaceName() const { return cocoa::call<"colorSpaceName", NSString>(object); }
+  [[nodiscard]] bool isPlanar() const { return cocoa::asks<"isPlanar">(object); }
+  [[nodiscard]] NSData TIFFRepresentation() const { return cocoa::call<"TIFFRepresentation", NSData>(object); }
   [[nodiscard]] NSData representationUsingType(NSBitmapImageFileType type, NSDictionary properties) const {
     return cocoa::call<"representationUsingType:properties:", NSData>(object, type, properties);
   }
@@ -404,6 +425,8 @@ struct NSImage : NSObject {
   }
   /// Autoreleased. All arguments may be null.
   CGImageRef CGImageForProposedRect(NSRect* rect, NSGraphicsContext context, NSDictionary hints) const;
+  /// All representations, one frame each; nil for an image without any.
+  [[nodiscard]] NSData TIFFRepresentation() const { return cocoa::call<"TIFFRepresentation", NSData>(object); }
   [[nodiscard]] bool isTemplate() const { return cocoa::asks<"isTemplate">(object); }
   void setTemplate(bool isTemplate) const { cocoa::call<"setTemplate:">(object, BOOL(isTemplate)); }
 };
@@ -521,6 +544,9 @@ struct NSResponder : NSObject {
   using NSObject::NSObject;
   [[nodiscard]] NSResponder nextResponder() const { return cocoa::call<"nextResponder", NSResponder>(object); }
   void setNextResponder(NSResponder next) const { cocoa::call<"setNextResponder:">(object, next); }
+  void mouseDown(NSEvent event) const;
+  void mouseDragged(NSEvent event) const;
+  void mouseUp(NSEvent event) const;
 };
 
 struct NSView : NSResponder {
@@ -574,6 +600,16 @@ struct NSView : NSResponder {
   /// Draws the view and its descendants, the origin of its bounds at the origin of the context.
   void displayRectIgnoringOpacity(NSRect rect, NSGraphicsContext context) const {
     cocoa::call<"displayRectIgnoringOpacity:inContext:">(object, rect, context);
+  }
+
+  /// An empty bitmap that fits what `cacheDisplayInRect` draws: at the window's pixels a point, nil for an
+  /// empty rectangle.
+  [[nodiscard]] NSBitmapImageRep bitmapImageRepForCachingDisplayInRect(NSRect rect) const {
+    return cocoa::call<"bitmapImageRepForCachingDisplayInRect:", NSBitmapImageRep>(object, rect);
+  }
+  /// Draws the view and its descendants, the rectangle filling the bitmap.
+  void cacheDisplayInRect(NSRect rect, NSBitmapImageRep bitmap) const {
+    cocoa::call<"cacheDisplayInRect:toBitmapImageRep:">(object, rect, bitmap);
   }
 
   /// A nil view stands for the window.
@@ -739,6 +775,17 @@ struct NSWindow : NSResponder {
   [[nodiscard]] bool isVisible() const { return cocoa::asks<"isVisible">(object); }
   [[nodiscard]] bool isKeyWindow() const { return cocoa::asks<"isKeyWindow">(object); }
   [[nodiscard]] bool isMainWindow() const { return cocoa::asks<"isMainWindow">(object); }
+  /// Between the window's base coordinates and the screen's, y up in both.
+  [[nodiscard]] NSRect convertRectToScreen(NSRect rect) const {
+    return cocoa::call<"convertRectToScreen:", NSRect>(object, rect);
+  }
+  [[nodiscard]] NSRect convertRectFromScreen(NSRect rect) const {
+    return cocoa::call<"convertRectFromScreen:", NSRect>(object, rect);
+  }
+  [[nodiscard]] NSAppearance appearance() const;
+  void setAppearance(NSAppearance appearance) const;
+  /// Brings a mouse event to the view under it, and what follows until the release to the same view.
+  void sendEvent(NSEvent event) const;
   void orderFront(NSObject sender) const { cocoa::call<"orderFront:">(object, sender); }
   void orderOut(NSObject sender) const { cocoa::call<"orderOut:">(object, sender); }
   void makeKeyAndOrderFront(NSObject sender) const { cocoa::call<"makeKeyAndOrderFront:">(object, sender); }
@@ -774,6 +821,74 @@ struct NSApplication : NSResponder {
   /// Sends `update` to every visible window.
   void updateWindows() const { cocoa::call<"updateWindows">(object); }
 };
+
+// ---- Events, alerts, the workspace ------------------------------------------------------------------
+
+struct NSEvent : NSObject {
+  static constexpr cocoa::FixedString kClassName{"NSEvent"};
+  using NSObject::NSObject;
+  /// Bit 0 is the primary button.
+  static NSUInteger pressedMouseButtons() { return cocoa::callClass<NSEvent, "pressedMouseButtons", NSUInteger>(); }
+  static NSEvent mouseEventWithType(NSEventType type, NSPoint location, NSUInteger modifierFlags, double timestamp,
+                                    NSInteger windowNumber, NSObject context, NSInteger eventNumber,
+                                    NSInteger clickCount, float pressure) {
+    return cocoa::callClass<NSEvent,
+                            "mouseEventWithType:location:modifierFlags:timestamp:windowNumber:context:eventNumber:"
+                            "clickCount:pressure:">(type, location, modifierFlags, timestamp, windowNumber, context,
+                                                    eventNumber, clickCount, pressure);
+  }
+  [[nodiscard]] NSEventType type() const { return cocoa::call<"type", NSEventType>(object); }
+  /// In the window's base coordinates.
+  [[nodiscard]] NSPoint locationInWindow() const { return cocoa::call<"locationInWindow", NSPoint>(object); }
+  [[nodiscard]] NSInteger clickCount() const { return cocoa::call<"clickCount", NSInteger>(object); }
+};
+
+struct NSAppearance : NSObject {
+  static constexpr cocoa::FixedString kClassName{"NSAppearance"};
+  using NSObject::NSObject;
+  static NSAppearance appearanceNamed(NSString name) {
+    return cocoa::callClass<NSAppearance, "appearanceNamed:">(name);
+  }
+  [[nodiscard]] NSString name() const { return cocoa::call<"name", NSString>(object); }
+};
+
+struct NSAlert : NSObject {
+  static constexpr cocoa::FixedString kClassName{"NSAlert"};
+  using NSObject::NSObject;
+  /// The first button added is the default one. Without a target of its own a button ends the alert.
+  NSButton addButtonWithTitle(NSString title) const {
+    return cocoa::call<"addButtonWithTitle:", NSButton>(object, title);
+  }
+  [[nodiscard]] NSArray buttons() const { return cocoa::call<"buttons", NSArray>(object); }
+  [[nodiscard]] NSString messageText() const { return cocoa::call<"messageText", NSString>(object); }
+  void setMessageText(NSString text) const { cocoa::call<"setMessageText:">(object, text); }
+  [[nodiscard]] NSString informativeText() const { return cocoa::call<"informativeText", NSString>(object); }
+  void setInformativeText(NSString text) const { cocoa::call<"setInformativeText:">(object, text); }
+  [[nodiscard]] NSAlertStyle alertStyle() const { return cocoa::call<"alertStyle", NSAlertStyle>(object); }
+  void setAlertStyle(NSAlertStyle style) const { cocoa::call<"setAlertStyle:">(object, style); }
+  [[nodiscard]] bool showsSuppressionButton() const { return cocoa::asks<"showsSuppressionButton">(object); }
+  void setShowsSuppressionButton(bool shows) const { cocoa::call<"setShowsSuppressionButton:">(object, BOOL(shows)); }
+  [[nodiscard]] NSButton suppressionButton() const { return cocoa::call<"suppressionButton", NSButton>(object); }
+  [[nodiscard]] NSWindow window() const { return cocoa::call<"window", NSWindow>(object); }
+  /// `NSAlertFirstButtonReturn` and upwards, by the button that ended the alert.
+  [[nodiscard]] NSInteger runModal() const { return cocoa::call<"runModal", NSInteger>(object); }
+};
+
+struct NSWorkspace : NSObject {
+  static constexpr cocoa::FixedString kClassName{"NSWorkspace"};
+  using NSObject::NSObject;
+  static NSWorkspace sharedWorkspace() { return cocoa::callClass<NSWorkspace, "sharedWorkspace">(); }
+  [[nodiscard]] bool openURL(NSURL url) const { return cocoa::asks<"openURL:">(object, url); }
+};
+
+inline void NSResponder::mouseDown(NSEvent event) const { cocoa::call<"mouseDown:">(object, event); }
+inline void NSResponder::mouseDragged(NSEvent event) const { cocoa::call<"mouseDragged:">(object, event); }
+inline void NSResponder::mouseUp(NSEvent event) const { cocoa::call<"mouseUp:">(object, event); }
+inline NSAppearance NSWindow::appearance() const { return cocoa::call<"appearance", NSAppearance>(object); }
+inline void NSWindow::setAppearance(NSAppearance appearance) const {
+  cocoa::call<"setAppearance:">(object, appearance);
+}
+inline void NSWindow::sendEvent(NSEvent event) const { cocoa::call<"sendEvent:">(object, event); }
 
 inline NSWindow NSView::window() const { return cocoa::call<"window", NSWindow>(object); }
 inline void NSView::viewWillMoveToWindow(NSWindow window) const {

@@ -135,6 +135,24 @@ NSString literal() {
 struct NSValue : NSObject {
   static constexpr cocoa::FixedString kClassName{"NSValue"};
   using NSObject::NSObject;
+  static NSValue valueWithRect(CGRect rect) {
+    return cocoa::send<NSValue>(cocoa::classNamed<"NSValue">(), cocoa::selector<"valueWithRect:">(), rect);
+  }
+  static NSValue valueWithPoint(CGPoint point) {
+    return cocoa::send<NSValue>(cocoa::classNamed<"NSValue">(), cocoa::selector<"valueWithPoint:">(), point);
+  }
+  static NSValue valueWithSize(CGSize size) {
+    return cocoa::send<NSValue>(cocoa::classNamed<"NSValue">(), cocoa::selector<"valueWithSize:">(), size);
+  }
+  /// Equal for equal pointers; what it points to is not retained.
+  static NSValue valueWithPointer(const void* pointer) {
+    return cocoa::send<NSValue>(cocoa::classNamed<"NSValue">(), cocoa::selector<"valueWithPointer:">(), pointer);
+  }
+  /// The type encoding of what is held.
+  [[nodiscard]] const char* objCType() const { return cocoa::send<const char*>(object, cocoa::selector<"objCType">()); }
+  [[nodiscard]] CGRect rectValue() const { return cocoa::send<CGRect>(object, cocoa::selector<"rectValue">()); }
+  [[nodiscard]] CGPoint pointValue() const { return cocoa::send<CGPoint>(object, cocoa::selector<"pointValue">()); }
+  [[nodiscard]] CGSize sizeValue() const { return cocoa::send<CGSize>(object, cocoa::selector<"sizeValue">()); }
 };
 
 struct NSNumber : NSValue {
@@ -247,6 +265,25 @@ struct NSData : NSObject {
   [[nodiscard]] NSUInteger length() const { return cocoa::send<NSUInteger>(object, cocoa::selector<"length">()); }
 };
 
+struct NSMutableData : NSData {
+  static constexpr cocoa::FixedString kClassName{"NSMutableData"};
+  using NSData::NSData;
+  static NSMutableData data() {
+    return cocoa::send<NSMutableData>(cocoa::classNamed<"NSMutableData">(), cocoa::selector<"data">());
+  }
+};
+
+struct NSURL : NSObject {
+  static constexpr cocoa::FixedString kClassName{"NSURL"};
+  using NSObject::NSObject;
+  static NSURL URLWithString(NSString text) {
+    return cocoa::send<NSURL>(cocoa::classNamed<"NSURL">(), cocoa::selector<"URLWithString:">(), text);
+  }
+  [[nodiscard]] NSString absoluteString() const {
+    return cocoa::send<NSString>(object, cocoa::selector<"absoluteString">());
+  }
+};
+
 struct NSException : NSObject {
   static constexpr cocoa::FixedString kClassName{"NSException"};
   using NSObject::NSObject;
@@ -282,8 +319,14 @@ struct NSNotificationCenter : NSObject {
   void removeObserver(NSObject observer) const {
     cocoa::send<void>(object, cocoa::selector<"removeObserver:">(), observer);
   }
+  void removeObserver(NSObject observer, NSString name, NSObject sender) const {
+    cocoa::send<void>(object, cocoa::selector<"removeObserver:name:object:">(), observer, name, sender);
+  }
   void postNotificationName(NSString name, NSObject sender) const {
     cocoa::send<void>(object, cocoa::selector<"postNotificationName:object:">(), name, sender);
+  }
+  void postNotificationName(NSString name, NSObject sender, NSDictionary userInfo) const {
+    cocoa::send<void>(object, cocoa::selector<"postNotificationName:object:userInfo:">(), name, sender, userInfo);
   }
 };
 
