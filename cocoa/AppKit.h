@@ -467,6 +467,19 @@ struct NSGraphicsContext : NSObject {
   }
 };
 
+namespace cocoa {
+
+/// Saves the current context and its state, and brings both back at the end of the scope.
+class SavedGraphicsState {
+ public:
+  SavedGraphicsState() { NSGraphicsContext::saveGraphicsState(); }
+  SavedGraphicsState(const SavedGraphicsState&) = delete;
+  SavedGraphicsState& operator=(const SavedGraphicsState&) = delete;
+  ~SavedGraphicsState() { NSGraphicsContext::restoreGraphicsState(); }
+};
+
+}  // namespace cocoa
+
 inline CGImageRef NSImage::CGImageForProposedRect(NSRect* rect, NSGraphicsContext context, NSDictionary hints) const {
   return cocoa::call<"CGImageForProposedRect:context:hints:", CGImageRef>(object, rect, context, hints);
 }
@@ -791,6 +804,8 @@ struct NSWindow : NSResponder {
   void makeKeyAndOrderFront(NSObject sender) const { cocoa::call<"makeKeyAndOrderFront:">(object, sender); }
   /// Posts NSWindowDidUpdateNotification with the window.
   void update() const { cocoa::call<"update">(object); }
+  /// Whether any view that shows in the window needs display.
+  [[nodiscard]] bool viewsNeedDisplay() const { return cocoa::asks<"viewsNeedDisplay">(object); }
   void display() const { cocoa::call<"display">(object); }
   void close() const { cocoa::call<"close">(object); }
 };

@@ -12,6 +12,8 @@ namespace standin {
 
 namespace {
 
+constexpr NSInteger kMostMemory = NSInteger{256} << 20U;  // bytes
+
 /// State of an NSBitmapImageRep. The common layout is red, green, blue and premultiplied alpha of 8 bits
 /// each; its memory is drawn into and copied as it is.
 struct Bitmap : ObjectState {
@@ -96,7 +98,8 @@ id Bitmap::initWithFormat(unsigned char** planes, NSInteger width, NSInteger hei
   bitsPerPixel = pixelBits > 0 ? pixelBits : sampleBits * samples;
   bytesPerRow = rowBytes > 0 ? rowBytes : (width * bitsPerPixel / 8 + 3) / 4 * 4;
   const bool fits = bitsPerPixel % 8 == 0 && bitsPerPixel >= sampleBits * samples && bitsPerPixel <= 128 &&
-                    bytesPerRow >= width * bitsPerPixel / 8 && bytesPerRow <= NSInteger{kLongestSide} * 32;
+                    bytesPerRow >= width * bitsPerPixel / 8 && bytesPerRow <= NSInteger{kLongestSide} * 32 &&
+                    height <= kMostMemory / bytesPerRow;
   if (!fits) return refused();
   format = bitmapFormat;
   colorSpaceName = space;

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "standin/BitmapImageRep.h"
+#include "standin/Display.h"
+
 using namespace cocoa;
 
 namespace standin {
@@ -50,6 +53,25 @@ NSRect spanning(NSPoint a, NSPoint b) {
   return {{std::fmin(a.x, b.x), std::fmin(a.y, b.y)}, {std::abs(a.x - b.x), std::abs(a.y - b.y)}};
 }
 
+/// A rectangle of the view's own space, measured from its lower left corner, y up.
+NSRect fromCorner(ViewState& view, NSRect r) {
+  return spanning(fromCorner(view, NSPoint{r.minX(), r.minY()}), fromCorner(view, NSPoint{r.maxX(), r.maxY()}));
+}
+
+NSRect joined(NSRect a, NSRect b) {
+  if (a.isEmpty()) return b;
+  if (b.isEmpty()) return a;
+  const NSPoint low{std::fmin(a.minX(), b.minX()), std::fmin(a.minY(), b.minY())};
+  return {low, {std::fmax(a.maxX(), b.maxX()) - low.x, std::fmax(a.maxY(), b.maxY()) - low.y}};
+}
+
+/// Transforms leave traces of rounding.
+bool covers(NSRect outer, NSRect inner) {
+  constexpr double kSlop = 1e-3;
+  return inner.isEmpty() || (outer.minX() <= inner.minX() + kSlop && outer.minY() <= inner.minY() + kSlop &&
+                             outer.maxX() >= inner.maxX() - kSlop && outer.maxY() >= inner.maxY() - kSlop);
+}
+
 BOOL notFlipped(NSView) { return NO; }
 BOOL notOpaque(NSView) { return NO; }
 NSInteger noTag(NSView) { return -1; }
@@ -94,34 +116,101 @@ void drawOwn(ViewState& view, Context& context, CGContextRef target, const CGAff
   view.view().drawRect(CGRectIntersection(context.clipBounds(), view.bounds()));
 }
 
-void renderParts(ViewState& view, Context& context, CGContextRef target, const CGAffineTransform& toDevice) {
+/// A part that was drawn settles a mark that lies inside of it. What cannot show needs no drawing.
+void settle(ViewState& view, const Context& context) {
+  if (!view.needsDisplay) return;
+  const NSRect drawn = context.clipBounds();
+  const NSRect pending = view.dirty();
+  if (covers(drawn, fromCorner(view, pending)) ||
+      covers(drawn, fromCorner(view, CGRectIntersection(pending, view.visibleRect())))) {
+    view.needsDisplay = false;
+  }
+}
+
+void renderParts(ViewState& view, Context& context, CGContextRef target, const CGAffineTransform& toDevice,
+                 Marks marks) {
+  if (marks == Marks::kSettle) settle(view, context);
   if (view.layer) {
     const SavedState saved(context);
     LayerState& layer = stateOf<LayerState>(view.layer);
     renderLayer(layer, context, toDevice, layer.geometryFlipped);
   }
   if (drawsRect(view.self)) drawOwn(view, context, target, toDevice);
-  view.needsDisplay = false;
   const auto below = view.subviews;  // drawing may change them
   for (const auto& subview : below) {
     ViewState& state = stateOf<ViewState>(subview);
     const NSPoint corner = cornerIn(view, state);
-    renderView(state, context, target, CGAffineTransformTranslate(toDevice, corner.x, corner.y));
+    renderView(state, context, target, CGAffineTransformTranslate(toDevice, corner.x, corner.y), marks);
   }
+}
+
+/// What of a view and its descendants needs display. `corner` is its lower left corner and `clip` what can
+/// show of it, in the space of the outermost view.
+NSRect dirtyBelow(ViewState& view, NSPoint corner, NSRect clip) {
+  if (view.hidden || !(view.alphaValue > 0)) return {};
+  const NSRect visible = CGRectIntersection({corner, view.frame.size}, clip);
+  if (visible.isEmpty()) return {};
+  NSRect all;
+  if (view.needsDisplay) {
+    all = CGRectIntersection(fromCorner(view, view.dirty()).offsetBy(corner.x, corner.y), visible);
+  }
+  for (const auto& subview : view.subviews) {
+    ViewState& below = stateOf<ViewState>(subview);
+    const NSPoint step = cornerIn(view, below);
+    all = joined(all, dirtyBelow(below, {corner.x + step.x, corner.y + step.y}, visible));
+  }
+  return all;
+}
+
+/// The pixels that a length takes; nothing for what no bitmap can have.
+std::optional<NSInteger> pixelCount(double points, double scale) {
+  constexpr double kMost = 1e6;
+  const double pixels = std::ceil(points * scale);
+  if (!(pixels >= 1 && pixels <= kMost)) return std::nullopt;
+  return static_cast<NSInteger>(pixels);
+}
+
+double scaleOf(ViewState& view) {
+  const NSWindow window = view.windowHandle();
+  return window ? window.backingScaleFactor() : 1;
+}
+
+/// Pixels a point along one side of a bitmap that stands for `points`. The last pixel may be covered in part.
+double pixelsPerPoint(NSInteger pixels, double points, double scale) {
+  return pixelCount(points, scale) == pixels ? scale : static_cast<double>(pixels) / points;
 }
 
 }  // namespace
 
-void renderView(ViewState& view, Context& context, CGContextRef target, const CGAffineTransform& toDevice) {
+bool windowNeedsDisplay(NSWindow window) { return !windowDirtyRect(window).isEmpty(); }
+
+NSRect windowDirtyRect(NSWindow window) {
+  NSView outermost = window.contentView();
+  while (outermost.superview()) outermost = outermost.superview();
+  if (!outermost) return {};
+  ViewState& view = stateOf<ViewState>(outermost);
+  return dirtyBelow(view, {}, {{}, view.frame.size});
+}
+
+NSRect dirtyRect(NSView view) { return view ? stateOf<ViewState>(view).dirty() : NSRect{}; }
+
+void renderView(ViewState& view, Context& context, CGContextRef target, const CGAffineTransform& toDevice,
+                Marks marks) {
   if (view.hidden || !(view.alphaValue > 0)) return;
+  const PixelRect& clip = context.state().clip;
+  const CGRect place = CGRectApplyAffineTransform({{}, view.frame.size}, toDevice);
+  if (place.maxX() <= clip.left || place.minX() >= clip.right || place.maxY() <= clip.top ||
+      place.minY() >= clip.bottom) {
+    return;
+  }
   const SavedState saved(context);
   context.setTransform(toDevice);
   context.clipToRect({{}, view.frame.size});
   if (context.state().clip.isEmpty()) return;
-  if (!(view.alphaValue < 1)) return renderParts(view, context, target, toDevice);
+  if (!(view.alphaValue < 1)) return renderParts(view, context, target, toDevice, marks);
   context.state().alpha = view.alphaValue;
   context.beginLayer();
-  renderParts(view, context, target, toDevice);
+  renderParts(view, context, target, toDevice, marks);
   context.endLayer();
 }
 
@@ -141,27 +230,77 @@ id ViewState::initWithFrame(NSRect rect) {
 }
 
 void ViewState::setFrame(NSRect rect) {
+  const NSRect before = frame;
+  changingFrame = true;
   call<"setFrameOrigin:">(self, rect.origin);
   call<"setFrameSize:">(self, rect.size);
+  changingFrame = false;
+  if (!(frame == before)) frameChanged();
 }
 
 void ViewState::setFrameSize(NSSize size) {
   if (size == frame.size) return;
+  markPlace();
   frame.size = size;
+  markPlace();
   placeLayer();
-  needsDisplay = true;
-  if (postsFrameChanges) {
-    NSNotificationCenter::defaultCenter().postNotificationName(NSViewFrameDidChangeNotification, view());
-  }
+  setNeedsDisplay(YES);
+  frameChanged();
 }
 
 void ViewState::setFrameOrigin(NSPoint origin) {
   if (origin == frame.origin) return;
+  markPlace();
   frame.origin = origin;
+  markPlace();
   placeLayer();
-  if (postsFrameChanges) {
-    NSNotificationCenter::defaultCenter().postNotificationName(NSViewFrameDidChangeNotification, view());
-  }
+  frameChanged();
+}
+
+void ViewState::frameChanged() {
+  if (!postsFrameChanges || changingFrame) return;
+  NSNotificationCenter::defaultCenter().postNotificationName(NSViewFrameDidChangeNotification, view());
+}
+
+void ViewState::setBoundsOrigin(NSPoint origin) {
+  if (origin == boundsOrigin) return;
+  boundsOrigin = origin;
+  setNeedsDisplay(YES);
+}
+
+void ViewState::setHidden(BOOL hides) {
+  if (hidden == (hides != 0)) return;
+  hidden = hides != 0;
+  markPlace();
+}
+
+void ViewState::setAlphaValue(CGFloat alpha) {
+  if (alpha == alphaValue) return;
+  alphaValue = alpha;
+  markPlace();
+}
+
+void ViewState::setNeedsDisplay(BOOL needs) {
+  needsDisplay = needs != 0;
+  marked = {};
+}
+
+void ViewState::setNeedsDisplayInRect(NSRect rect) {
+  const NSRect shown = CGRectIntersection(rect, bounds());
+  if (shown.isEmpty() || (needsDisplay && marked.isEmpty())) return;
+  marked = needsDisplay ? joined(marked, shown) : shown;
+  needsDisplay = true;
+}
+
+BOOL ViewState::needsToDrawRect(NSRect rect) { return static_cast<BOOL>(CGRectIntersectsRect(rect, dirty())); }
+
+NSRect ViewState::dirty() {
+  if (!needsDisplay) return {};
+  return marked.isEmpty() ? bounds() : CGRectIntersection(marked, bounds());
+}
+
+void ViewState::markPlace() {
+  if (superview != nullptr) stateOf<ViewState>(superview).setNeedsDisplayInRect(frame);
 }
 
 NSRect ViewState::visibleRect() {
@@ -213,6 +352,7 @@ void ViewState::insertSubview(NSView added, std::size_t index) {
   subviews.insert(subviews.begin() + static_cast<std::ptrdiff_t>(std::min(index, subviews.size())), kept);
   subviewsSnapshot = {};
   below.superview = self;
+  below.setNeedsDisplay(YES);
   // A view controller stands between its view and what comes after.
   const id answering = below.controller != nullptr ? below.controller : added.object;
   stateOf<ResponderState>(answering).next = self;
@@ -225,7 +365,7 @@ void ViewState::removeFromSuperview() {
   ViewState& above = stateOf<ViewState>(superview);
   std::erase_if(above.subviews, [this](const auto& each) { return each.get().object == self; });
   above.subviewsSnapshot = {};
-  above.needsDisplay = true;
+  markPlace();
   superview = nullptr;
   stateOf<ResponderState>(controller != nullptr ? controller : self).next = nullptr;
   moveToWindow(nullptr);
@@ -281,7 +421,7 @@ void ViewState::displayIfNeeded() {
 }
 void ViewState::display() {
   if (layer) layer->displayIfNeeded();
-  needsDisplay = false;
+  setNeedsDisplay(NO);
 }
 
 void ViewState::displayRect(NSRect rect, NSGraphicsContext graphics) {
@@ -289,11 +429,34 @@ void ViewState::displayRect(NSRect rect, NSGraphicsContext graphics) {
   if (target == nullptr) return;
   Context& context = contextState(target);
   const SavedState saved(context);
-  const NSPoint low = fromCorner(*this, {rect.minX(), rect.minY()});
-  const NSPoint high = fromCorner(*this, {rect.maxX(), rect.maxY()});
-  context.clipToRect(spanning(low, high));
+  context.clipToRect(fromCorner(*this, rect));
   const CGAffineTransform toDevice = context.state().ctm;
-  renderView(*this, context, target, toDevice);
+  renderView(*this, context, target, toDevice, Marks::kSettle);
+}
+
+NSBitmapImageRep ViewState::bitmapForCaching(NSRect rect) {
+  const double scale = scaleOf(*this);
+  const auto width = pixelCount(rect.size.width, scale);
+  const auto height = pixelCount(rect.size.height, scale);
+  if (!width || !height) return {};
+  const auto bitmap =
+      NSBitmapImageRep::withBitmapDataPlanes(nullptr, *width, *height, 8, 4, true, false, NSDeviceRGBColorSpace, 0, 0);
+  if (bitmap) bitmap->setSize(rect.size);
+  return autoreleased(bitmap);
+}
+
+/// Of a bitmap that cannot be drawn into nothing is changed.
+void ViewState::cacheDisplay(NSRect rect, NSBitmapImageRep bitmap) {
+  if (rect.isEmpty() || !std::isfinite(rect.minX() + rect.minY() + rect.maxX() + rect.maxY())) return;
+  const auto target = CFRef<CGContextRef>::adopt(makeBitmapContext(bitmap));
+  if (!target) return;
+  Context& context = contextState(target);
+  const NSRect part = fromCorner(*this, rect);
+  const double scale = scaleOf(*this);
+  const double scaleX = pixelsPerPoint(bitmap.pixelsWide(), rect.size.width, scale);
+  const double scaleY = pixelsPerPoint(bitmap.pixelsHigh(), rect.size.height, scale);
+  const CGAffineTransform toDevice{scaleX, 0, 0, -scaleY, -part.minX() * scaleX, part.maxY() * scaleY};
+  renderView(*this, context, target, toDevice, Marks::kKeep);
 }
 
 NSPoint ViewState::pointTo(NSPoint point, NSView other) {
@@ -341,8 +504,10 @@ void registerViews() {
                         .method<"setWantsLayer:", &ViewState::setWantsLayer>()
                         .method<"layer", &ViewState::layerHandle>()
                         .method<"setLayer:", &ViewState::setLayer>()
-                        .property<"isHidden", "setHidden:", &ViewState::hidden>()
-                        .property<"alphaValue", "setAlphaValue:", &ViewState::alphaValue>()
+                        .getter<"isHidden", &ViewState::hidden>()
+                        .method<"setHidden:", &ViewState::setHidden>()
+                        .getter<"alphaValue", &ViewState::alphaValue>()
+                        .method<"setAlphaValue:", &ViewState::setAlphaValue>()
                         .property<"identifier", "setIdentifier:", &ViewState::identifier>()
                         .property<"autoresizingMask", "setAutoresizingMask:", &ViewState::autoresizingMask>()
                         .property<"postsFrameChangedNotifications",
@@ -350,9 +515,12 @@ void registerViews() {
                         .getter<"needsDisplay", &ViewState::needsDisplay>()
                         .method<"setNeedsDisplay:", &ViewState::setNeedsDisplay>()
                         .method<"setNeedsDisplayInRect:", &ViewState::setNeedsDisplayInRect>()
+                        .method<"needsToDrawRect:", &ViewState::needsToDrawRect>()
                         .method<"display", &ViewState::display>()
                         .method<"displayIfNeeded", &ViewState::displayIfNeeded>()
                         .method<"displayRectIgnoringOpacity:inContext:", &ViewState::displayRect>()
+                        .method<"bitmapImageRepForCachingDisplayInRect:", &ViewState::bitmapForCaching>()
+                        .method<"cacheDisplayInRect:toBitmapImageRep:", &ViewState::cacheDisplay>()
                         .method<"convertPoint:toView:", &ViewState::pointTo>()
                         .method<"convertPoint:fromView:", &ViewState::pointFrom>()
                         .method<"convertRect:toView:", &ViewState::rectTo>()

@@ -1,5 +1,6 @@
 // NSWindow and NSPanel.
 
+#include "standin/Display.h"
 #include "standin/Window.h"
 
 using namespace cocoa;
@@ -91,6 +92,9 @@ struct Window : ObjectState {
     NSNotificationCenter::defaultCenter().postNotificationName(NSWindowDidUpdateNotification, NSWindow(self));
   }
   void display() { frameView->display(); }
+  BOOL viewsNeedDisplay() { return static_cast<BOOL>(windowNeedsDisplay(NSWindow(self))); }
+  NSRect toScreen(NSRect rect) { return rect.offsetBy(frame.minX(), frame.minY()); }
+  NSRect fromScreen(NSRect rect) { return rect.offsetBy(-frame.minX(), -frame.minY()); }
   void close() {
     NSNotificationCenter::defaultCenter().postNotificationName(NSWindowWillCloseNotification, NSWindow(self));
     call<"orderOut:">(self, NSObject());
@@ -130,6 +134,9 @@ void registerWindows() {
       .method<"makeKeyAndOrderFront:", &Window::makeKey>()
       .method<"update", &Window::update>()
       .method<"display", &Window::display>()
+      .method<"viewsNeedDisplay", &Window::viewsNeedDisplay>()
+      .method<"convertRectToScreen:", &Window::toScreen>()
+      .method<"convertRectFromScreen:", &Window::fromScreen>()
       .method<"close", &Window::close>()
       .registered();
   ClassDefinition<Panel>("NSPanel", "NSWindow").registered();

@@ -32,7 +32,9 @@ struct ViewState : cocoa::ObjectState {
   bool hidden = false;
   bool wantsLayer = false;
   bool needsDisplay = true;
-  bool postsFrameChanges = false;
+  NSRect marked;  // what of the bounds needs display; empty for everything
+  bool postsFrameChanges = true;
+  bool changingFrame = false;  // origin and size are one change, told of once
 
   ~ViewState();
 
@@ -45,8 +47,8 @@ struct ViewState : cocoa::ObjectState {
   void setFrameSize(NSSize size);
   void setFrameOrigin(NSPoint origin);
   /// The scale of a view never changes: only the origin is taken.
-  void setBounds(NSRect rect) { boundsOrigin = rect.origin; }
-  void setBoundsOrigin(NSPoint origin) { boundsOrigin = origin; }
+  void setBounds(NSRect rect) { setBoundsOrigin(rect.origin); }
+  void setBoundsOrigin(NSPoint origin);
   NSRect visibleRect();
 
   NSView superviewHandle() { return NSView(superview); }
@@ -66,11 +68,21 @@ struct ViewState : cocoa::ObjectState {
   void setLayer(CALayer changed);
   void placeLayer();
 
-  void setNeedsDisplay(BOOL needs) { needsDisplay = needs != 0; }
-  void setNeedsDisplayInRect(NSRect) { needsDisplay = true; }
+  void setHidden(BOOL hides);
+  void setAlphaValue(CGFloat alpha);
+  void setNeedsDisplay(BOOL needs);
+  void setNeedsDisplayInRect(NSRect rect);
+  BOOL needsToDrawRect(NSRect rect);
+  /// What of the bounds needs display; empty when nothing does.
+  NSRect dirty();
+  /// The place that the view takes in its superview shows something else now.
+  void markPlace();
+  void frameChanged();
   void displayIfNeeded();
   void display();
   void displayRect(NSRect rect, NSGraphicsContext graphics);
+  NSBitmapImageRep bitmapForCaching(NSRect rect);
+  void cacheDisplay(NSRect rect, NSBitmapImageRep bitmap);
 
   NSPoint pointTo(NSPoint point, NSView other);
   NSPoint pointFrom(NSPoint point, NSView other);
@@ -78,7 +90,10 @@ struct ViewState : cocoa::ObjectState {
   NSRect rectFrom(NSRect rect, NSView other);
 };
 
+/// Whether drawing settles what was marked as needing display. A copy made off the screen does not.
+enum class Marks : std::uint8_t { kSettle, kKeep };
+
 /// Draws a view and its descendants. `toDevice` leads from the view's lower left corner, y up, to the device.
-void renderView(ViewState& view, Context& context, CGContextRef target, const CGAffineTransform& toDevice);
+void renderView(ViewState& view, Context& context, CGContextRef target, const CGAffineTransform& toDevice, Marks marks);
 
 }  // namespace standin
