@@ -74,6 +74,13 @@ class Fields {
     read(name, number, least, most);
     out = static_cast<int>(number);
   }
+  /// Stays empty when the field is missing.
+  void read(const char* name, std::optional<int>& out, int least, int most) const {
+    if (find(name) == nullptr) return;
+    int number = least;
+    read(name, number, least, most);
+    out = number;
+  }
   [[nodiscard]] const json* array(const char* name, std::size_t most) const {
     const json* value = find(name);
     if (value == nullptr) return nullptr;
@@ -131,6 +138,80 @@ void readType(const Fields& fields, Track& track) {
   track.folder = found != std::end(kTypes) && found->folder;
 }
 
+constexpr int kLowestTrack = 12;
+constexpr int kHighestTrack = 400;
+
+/// The order in which things follow in time.
+constexpr auto kByStart = [](const auto& a, const auto& b) { return a.start < b.start; };
+
+void readRegions(const Fields& fields, std::vector<Region>& out) {
+  const json* list = fields.array("regions", kMostRegions);
+  for (std::size_t i = 0; list != nullptr && i < list->size(); ++i) {
+    const Fields entry((*list)[i], indexed(fields.where("regions"), i));
+    Region& region = out.emplace_back();
+    entry.read("name", region.name);
+    entry.read("start", region.start, 1, kFurthestBar);
+    entry.read("length", region.length, 0, kFurthestBar);
+    readColour(entry, "colour", region.colour);
+    entry.read("selected", region.selected);
+    entry.read("muted", region.muted);
+    entry.read("loop", region.loop);
+  }
+  std::stable_sort(out.begin(), out.end(), kByStart);
+}
+
+void readMarkers(const Fields& fields, std::vector<Marker>& out) {
+  const json* list = fields.array("markers", kMostMarkers);
+  for (std::size_t i = 0; list != nullptr && i < list->size(); ++i) {
+    const Fields entry((*list)[i], indexed(fields.where("markers"), i));
+    Marker& marker = out.emplace_back();
+    entry.read("name", marker.name);
+    entry.read("start", marker.start, 1, kFurthestBar);
+    marker.end = marker.start + 1;
+    entry.read("end", marker.end, marker.start, kFurthestBar);
+    readColour(entry, "colour", marker.colour);
+  }
+  std::stable_sort(out.begin(), out.end(), kByStart);
+}
+
+void readCycle(const Fields& fields, Cycle& cycle) {
+  const json* value = fields.find("cycle");
+  if (value == nullptr) return;
+  const Fields entry(*value, fields.where("cycle"));
+  entry.read("start", cycle.start, 1, kFurthestBar);
+  cycle.end = std::max(cycle.start, cycle.end);
+  entry.read("end", cycle.end, cycle.start, kFurthestBar);
+  entry.read("on", cycle.on);
+}
+
+void readHeaders(const Fields& fields, HeaderSetup& headers) {
+  constexpr int kMostBars = 12;
+  const json* value = fields.find("headers");
+  if (value == nullptr) return;
+  const Fields entry(*value, fields.where("headers"));
+  entry.read("trackNumbers", headers.trackNumbers);
+  entry.read("colourBars", headers.colourBars);
+  entry.read("controlSurfaceBars", headers.controlSurfaceBars, 0, kMostBars);
+}
+
+void readArrangement(const Fields& song, Arrangement& arrange) {
+  constexpr double kFurthestScroll = kFurthestBar * kLargestZoom;
+  constexpr int kMostParts = 16;
+  const json* value = song.find("arrange");
+  if (value == nullptr) return;
+  const Fields fields(*value, song.where("arrange"));
+  fields.read("zoom", arrange.zoom, kSmallestZoom, kLargestZoom);
+  fields.read("scroll", arrange.scroll, 0, kFurthestScroll);
+  fields.read("beatsPerBar", arrange.beatsPerBar, 1, kMostParts);
+  fields.read("division", arrange.division, 1, kMostParts);
+  fields.read("bars", arrange.bars, 1, static_cast<int>(kFurthestBar) - 1);
+  fields.read("playhead", arrange.playhead, 1, kFurthestBar);
+  fields.read("trackHeight", arrange.trackHeight, kLowestTrack, kHighestTrack);
+  readCycle(fields, arrange.cycle);
+  readMarkers(fields, arrange.markers);
+  readHeaders(fields, arrange.headers);
+}
+
 Track readTrack(const json& value, const std::string& place) {
   const Fields fields(value, place);
   Track track;
@@ -160,6 +241,8 @@ Track readTrack(const json& value, const std::string& place) {
   fields.read("soloed", track.soloed);
   fields.read("recordArmed", track.recordArmed);
   fields.read("monitoring", track.monitoring);
+  fields.read("height", track.height, kLowestTrack, kHighestTrack);
+  readRegions(fields, track.regions);
   return track;
 }
 
@@ -172,8 +255,15 @@ Song readWhole(const json& value) {
   fields.read("trackColours", song.trackColours);
   const json* tracks = fields.array("tracks", kMostTracks);
   if (tracks == nullptr) throw SongError{"song.tracks: missing"};
-  for (std::size_t i = 0; i < tracks->size(); ++i)
+  std::size_t regions = 0;
+  for (std::size_t i = 0; i < tracks->size(); ++i) {
     song.tracks.push_back(readTrack((*tracks)[i], indexed("song.tracks", i)));
+    regions += song.tracks.back().regions.size();
+    if (regions > kMostRegions) {
+      throw SongError{"song.tracks: more than " + std::to_string(kMostRegions) + " regions"};
+    }
+  }
+  readArrangement(fields, song.arrange);
   return song;
 }
 

@@ -1,5 +1,5 @@
 #pragma once
-// The song that the simulated host opens: tracks with what a mixer strip shows of them.
+// The song that the simulated host opens: tracks with what a mixer strip shows of them, and their arrangement.
 
 #include <array>
 #include <optional>
@@ -23,6 +23,53 @@ struct PlugInSlot {
 struct SendSlot {
   std::string bus;
   double level = 0;  // 0 to 1
+};
+
+/// A stretch of material on a track. Bars count from 1 and may be fractional.
+struct Region {
+  std::string name;
+  double start = 1;
+  double length = 4;
+  std::optional<SongColour> colour;  // the track's when there is none
+  bool selected = false;
+  bool muted = false;
+  bool loop = false;
+
+  [[nodiscard]] double end() const { return start + length; }
+};
+
+struct Marker {
+  std::string name;
+  double start = 1;
+  double end = 2;
+  std::optional<SongColour> colour;  // grey when there is none
+};
+
+struct Cycle {
+  double start = 1;
+  double end = 5;
+  bool on = false;
+};
+
+/// What a track header shows besides its track's name.
+struct HeaderSetup {
+  bool trackNumbers = true;
+  bool colourBars = true;
+  std::optional<int> controlSurfaceBars;  // how many; shown at all when there is a number, even 0
+};
+
+/// How the song is laid out in time and shown in the arrange window. Sizes in points.
+struct Arrangement {
+  double zoom = 32;  // a bar
+  double scroll = 0;
+  int beatsPerBar = 4;
+  int division = 4;  // of a beat
+  int bars = 64;
+  double playhead = 1;
+  int trackHeight = 40;
+  Cycle cycle;
+  std::vector<Marker> markers;  // in the order of their starts
+  HeaderSetup headers;
 };
 
 /// What the host's mixer data source answers for a strip, and the folder's own mark.
@@ -55,6 +102,8 @@ struct Track {
   bool soloed = false;
   bool recordArmed = false;
   bool monitoring = false;
+  std::optional<int> height;    // in the arrange window, in points
+  std::vector<Region> regions;  // in the order of their starts
 };
 
 struct Song {
@@ -63,9 +112,15 @@ struct Song {
   int audioRows = 5;         // insert rows shown
   int sendRows = 3;          // send rows shown
   bool trackColours = true;  // the mixer is configured to show track colours
+  Arrangement arrange;
 };
 
 inline constexpr std::size_t kMostTracks = 20'000;
+inline constexpr std::size_t kMostRegions = 100'000;  // on all tracks together
+inline constexpr std::size_t kMostMarkers = 2'000;
+inline constexpr double kSmallestZoom = 4;
+inline constexpr double kLargestZoom = 2'000;
+inline constexpr double kFurthestBar = 10'001;
 inline constexpr std::size_t kLargestSongFile = 64U << 20U;
 
 /// Reads a song. Fields that are missing keep their defaults; an unknown track type is shown as a strip of

@@ -29,6 +29,33 @@ TEST(Song, ReadsTracksAndKeepsDefaultsForWhatIsMissing) {
   EXPECT_EQ(song->tracks[3].type, StripType::kAudio);
 }
 
+TEST(Song, ReadsAnArrangementInTheOrderOfTimeAndKeepsItWithinBounds) {
+  std::string error;
+  const auto song =
+      parseSong(R"({"arrange": {"zoom": 1e9, "scroll": -5, "beatsPerBar": 3, "bars": 1e308, "trackHeight": 2,
+      "cycle": {"start": 9, "end": 3, "on": true}, "headers": {"controlSurfaceBars": 40},
+      "markers": [{"name": "B", "start": 9, "end": -4}, {"name": "A", "colour": "#102030"}]},
+    "tracks": [{"height": 1e6, "regions": [{"name": "late", "start": 7.5, "length": -1}, {"start": -3, "length": 2.25}]}]})",
+                error);
+  ASSERT_TRUE(song) << error;
+  const host::Arrangement& arrange = song->arrange;
+  EXPECT_EQ(arrange.zoom, host::kLargestZoom);
+  EXPECT_EQ(arrange.scroll, 0);
+  EXPECT_EQ(arrange.bars, 10'000);
+  EXPECT_GE(arrange.trackHeight, 8);
+  EXPECT_EQ(arrange.cycle.end, 9) << "not before its start";
+  EXPECT_EQ(arrange.headers.controlSurfaceBars, 12);
+  ASSERT_EQ(arrange.markers.size(), 2U);
+  EXPECT_EQ(arrange.markers[0].name, "A");
+  EXPECT_EQ(arrange.markers[1].end, 9);
+  const auto& regions = song->tracks[0].regions;
+  ASSERT_EQ(regions.size(), 2U);
+  EXPECT_EQ(regions[0].start, 1);
+  EXPECT_EQ(regions[0].end(), 3.25);
+  EXPECT_EQ(regions[1].length, 0);
+  EXPECT_FALSE(parseSong(R"({"tracks": []})", error)->arrange.headers.controlSurfaceBars) << "not shown";
+}
+
 TEST(Song, SaysWhereAndWhyItIsNone) {
   struct Case {
     std::string text;
@@ -43,6 +70,11 @@ TEST(Song, SaysWhereAndWhyItIsNone) {
       {R"({"tracks": [{"name": 3}]})", "song.tracks[0].name: expected a string"},
       {R"({"tracks": [{}, {"colour": "red"}]})", "song.tracks[1].colour: expected a colour"},
       {R"({"tracks": [{"sends": [{"level": "loud"}]}]})", "song.tracks[0].sends[0].level: expected a number"},
+      {R"({"tracks": [], "arrange": []})", "song.arrange: expected an object"},
+      {R"({"tracks": [], "arrange": {"markers": [{"start": "1"}]}})",
+       "song.arrange.markers[0].start: expected a number"},
+      {R"({"tracks": [], "arrange": {"headers": 1}})", "song.arrange.headers: expected an object"},
+      {R"({"tracks": [{"regions": [{"colour": "#12"}]}]})", "song.tracks[0].regions[0].colour: expected a colour"},
       {R"({"tracks": [{"muted": 1}]})", "song.tracks[0].muted: expected true or false"},
       {R"({"tracks": [{"audioPlugIns": [{},{},{},{},{},{},{},{},{},{},{},{},{},{},{},{}]}]})", "more than 15"},
       {"{\"tracks\": [{\"name\": \"\xff\xfe\"}]}", "invalid string"},
@@ -66,6 +98,13 @@ TEST(Song, HoldsTenThousandTracksAndRefusesMoreThanItCan) {
   std::string error;
   EXPECT_EQ(parseSong(tracks(10'000), error)->tracks.size(), 10'000U);
   EXPECT_FALSE(parseSong(tracks(host::kMostTracks + 1), error));
+  // Two tracks of which each is within the bound, together they are not.
+  std::string regions = "{}";
+  for (std::size_t i = 0; i < host::kMostRegions / 2; ++i) regions += ",{}";
+  const std::string track = "{\"regions\": [" + regions + "]}";
+  EXPECT_TRUE(parseSong("{\"tracks\": [" + track + "]}", error)) << error;
+  EXPECT_FALSE(parseSong("{\"tracks\": [" + track + "," + track + "]}", error));
+  EXPECT_NE(error.find("more than 100000 regions"), std::string::npos) << error;
 }
 
 TEST(Song, FilesThatAreNoneAreNamed) {
