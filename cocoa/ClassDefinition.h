@@ -12,6 +12,10 @@
 #include "cocoa/Encoding.h"
 #include "cocoa/Foundation.h"
 
+#if !defined(__APPLE__)
+extern "C" void __objc_update_dispatch_table_for_class(Class cls);  // exported by libobjc
+#endif
+
 namespace cocoa {
 
 /// Base of every state: knows the object that it belongs to.
@@ -102,6 +106,18 @@ bool addFunction(Class cls) {
   static_assert(Selector.arguments() == Thunk::kArguments,
                 "the selector names another number of arguments than the function takes");
   return class_addMethod(cls, selector<Selector>(), asImplementation(&Thunk::call), Thunk::encoding().c_str()) != 0;
+}
+
+/// Puts a function into the class's own method list, whatever stands there.
+template <FixedString Selector, auto Function>
+void replaceFunction(Class cls) {
+  using Thunk = FunctionThunk<Function>;
+  static_assert(Selector.arguments() == Thunk::kArguments,
+                "the selector names another number of arguments than the function takes");
+  class_replaceMethod(cls, selector<Selector>(), asImplementation(&Thunk::call), Thunk::encoding().c_str());
+#if !defined(__APPLE__)
+  __objc_update_dispatch_table_for_class(cls);
+#endif
 }
 
 template <class T>
@@ -233,6 +249,12 @@ class CategoryDefinition {
   template <FixedString Selector, auto Function>
   CategoryDefinition& classMethod() {
     if (cls_ != nullptr) detail::addFunction<Selector, Function>(metaclassOf(cls_));
+    return *this;
+  }
+  /// The same where the class may have a method of that name itself, which is then replaced.
+  template <FixedString Selector, auto Function>
+  CategoryDefinition& ownMethod() {
+    if (cls_ != nullptr) detail::replaceFunction<Selector, Function>(cls_);
     return *this;
   }
   /// The function that stands in for a host method under the override's replacement name.

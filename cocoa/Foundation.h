@@ -273,6 +273,12 @@ struct NSMutableData : NSData {
   }
 };
 
+struct NSDate : NSObject {
+  static constexpr cocoa::FixedString kClassName{"NSDate"};
+  using NSObject::NSObject;
+  static NSDate date() { return cocoa::send<NSDate>(cocoa::classNamed<"NSDate">(), cocoa::selector<"date">()); }
+};
+
 struct NSURL : NSObject {
   static constexpr cocoa::FixedString kClassName{"NSURL"};
   using NSObject::NSObject;
@@ -281,6 +287,14 @@ struct NSURL : NSObject {
   }
   [[nodiscard]] NSString absoluteString() const {
     return cocoa::send<NSString>(object, cocoa::selector<"absoluteString">());
+  }
+};
+
+struct NSThread : NSObject {
+  static constexpr cocoa::FixedString kClassName{"NSThread"};
+  using NSObject::NSObject;
+  static bool isMainThread() {
+    return cocoa::send<BOOL>(cocoa::classNamed<"NSThread">(), cocoa::selector<"isMainThread">()) != 0;
   }
 };
 
@@ -348,9 +362,22 @@ struct NSUserDefaults : NSObject {
   [[nodiscard]] NSString stringForKey(NSString key) const {
     return cocoa::send<NSString>(object, cocoa::selector<"stringForKey:">(), key);
   }
+  [[nodiscard]] NSInteger integerForKey(NSString key) const {
+    return cocoa::send<NSInteger>(object, cocoa::selector<"integerForKey:">(), key);
+  }
+  [[nodiscard]] bool boolForKey(NSString key) const {
+    return cocoa::send<BOOL>(object, cocoa::selector<"boolForKey:">(), key) != 0;
+  }
   void setObject(NSObject value, NSString key) const {
     cocoa::send<void>(object, cocoa::selector<"setObject:forKey:">(), value, key);
   }
+  void setInteger(NSInteger value, NSString key) const {
+    cocoa::send<void>(object, cocoa::selector<"setInteger:forKey:">(), value, key);
+  }
+  void setBool(bool value, NSString key) const {
+    cocoa::send<void>(object, cocoa::selector<"setBool:forKey:">(), static_cast<BOOL>(value), key);
+  }
+  void synchronize() const { cocoa::send<BOOL>(object, cocoa::selector<"synchronize">()); }
 };
 
 struct NSBundle : NSObject {
@@ -418,6 +445,8 @@ id NSStringFromRect(NSRect rect);
 id NSStringFromSize(NSSize size);
 /// Seconds since 1 January 2001.
 double CFAbsoluteTimeGetCurrent();
+/// Writes a line to the system's log; the format's arguments follow.
+void NSLog(id format, ...);
 }
 
 namespace cocoa {

@@ -6,10 +6,6 @@
 
 #include "cocoa/ClassDefinition.h"
 
-#if !defined(__APPLE__)
-extern "C" void __objc_update_dispatch_table_for_class(Class cls);  // exported by libobjc
-#endif
-
 namespace cocoa {
 
 namespace detail {

@@ -33,6 +33,14 @@ struct MAStripNode : MANode {
   using MANode::MANode;
 };
 
+/// Shows a picture, a Core Graphics image.
+struct MAImageNode : MANode {
+  static constexpr cocoa::FixedString kClassName{"MAImageNode"};
+  using MANode::MANode;
+  [[nodiscard]] NSObject contents() const { return cocoa::call<"contents", NSObject>(object); }
+  void setContents(NSObject image) const { cocoa::call<"setContents:">(object, image); }
+};
+
 struct MATextNode : MANode {
   static constexpr cocoa::FixedString kClassName{"MATextNode"};
   using MANode::MANode;

@@ -4,9 +4,16 @@
 
 namespace velura {
 
+void attachMAImageNodeThemeSupport();
 void attachMAStripNodeThemeSupport();
 void attachMATextNodeThemeSupport();
+void attachMAViewThemeSupport();
 void attachNSColorThemeSupport();
 void attachNSStringCompareToVersion();
+void attachNSStringThemeSupport();
+
+// What other folders add to the plug-in's own class `Utility`.
+void attachUtilityRecolouring();
+void attachUtilityTrackColourWarning();
 
 }  // namespace velura

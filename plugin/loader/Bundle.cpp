@@ -5,8 +5,11 @@
 #include <iterator>
 
 #include "cocoa/Memory.h"
+#include "plugin/arrange/VLRGridSettingsReader.h"
 #include "plugin/gradient/VLRStripBevel.h"
 #include "plugin/gradient/VLRStripGradient.h"
+#include "plugin/imaging/MyNSBitmapImageRep.h"
+#include "plugin/imaging/RectToSourceColorData.h"
 #include "plugin/loader/Attach.h"
 #include "plugin/loader/Categories.h"
 #include "plugin/loader/LoaderClass.h"
@@ -18,7 +21,9 @@ namespace {
 
 /// Whether another bundle of the process has taken one of our class names. The host then stays as it is.
 bool isNameTaken() {
-  constexpr const char* kNames[] = {"VLRStripGradient", "VLRStripBevel", "ThemeUtility", "Utility", "LoaderClass"};
+  constexpr const char* kNames[] = {"VLRStripGradient", "VLRStripBevel",         "ThemeUtility",
+                                    "Utility",          "RectToSourceColorData", "MyNSBitmapImageRep",
+                                    "LoaderClass",      "VLRGridSettingsReader"};
   return std::any_of(std::begin(kNames), std::end(kNames),
                      [](const char* name) { return cocoa::classNamed(name) != nullptr; });
 }
@@ -30,8 +35,13 @@ bool isNameTaken() {
   defineVLRStripBevel();
   defineThemeUtility();
   defineUtility();
+  defineRectToSourceColorData();
+  defineMyNSBitmapImageRep();
+  defineVLRGridSettingsReader();
   defineLoaderClass();
   attachNSStringCompareToVersion();
+  attachUtilityRecolouring();
+  attachUtilityTrackColourWarning();
   attachCategories();
 }
 

@@ -10,7 +10,7 @@ namespace velura {
 namespace {
 
 constexpr ThemedClass kThemedClasses[] = {
-    {"MAView", nullptr},
+    {"MAView", attachMAViewThemeSupport},
     {"MATextNode", attachMATextNodeThemeSupport},
     {"MAScaleNode", nullptr},
     {"MAStripNode", attachMAStripNodeThemeSupport},
@@ -60,8 +60,8 @@ constexpr ThemedClass kThemedClasses[] = {
 };
 static_assert(std::size(kThemedClasses) == 47, "start-up themes 47 classes");
 
-constexpr ThemedClass kImageNode{"MAImageNode", nullptr};
-constexpr ThemedClass kString{"NSString", nullptr};
+constexpr ThemedClass kImageNode{"MAImageNode", attachMAImageNodeThemeSupport};
+constexpr ThemedClass kString{"NSString", attachNSStringThemeSupport};
 
 /// What was attached when the bundle was loaded: a class that the host brings along later has no category.
 std::array<const ThemedClass*, std::size(kThemedClasses) + 2> attachedClasses{};

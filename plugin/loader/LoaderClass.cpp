@@ -1,6 +1,7 @@
 #include "plugin/loader/LoaderClass.h"
 
 #include "cocoa/ClassDefinition.h"
+#include "plugin/arrange/VLRGridSettingsReader.h"
 #include "plugin/loader/Categories.h"
 #include "plugin/loader/HostVersion.h"
 #include "plugin/theme/SelectedTheme.h"
@@ -18,6 +19,7 @@ void install(const ThemedClass& themed) {
 struct LoaderClass : ObjectState {
   void initialize() {
     if (VLRIsCustomThemeSelected()) installOverrides();
+    VLRGridSettingsReader::shared().startWatching();
   }
 
  private:

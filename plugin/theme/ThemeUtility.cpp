@@ -2,6 +2,7 @@
 
 #include <mutex>
 
+#include "plugin/arrange/Utility+TrackColourWarning.h"
 #include "plugin/gradient/GradientSwitch.h"
 #include "plugin/theme/ColourString.h"
 #include "plugin/theme/SelectedTheme.h"
@@ -139,6 +140,9 @@ id ThemeUtility::init() {
   apply(loadThemeSettings());
   NSNotificationCenter::defaultCenter().addObserver(NSObject(self), selector<"windowDidUpdate:">(),
                                                     NSWindowDidUpdateNotification, NSObject());
+  NSNotificationCenter::defaultCenter().addObserver(NSObject(self), selector<"handleDocumentDidOpen:">(),
+                                                    literal<"CLgDocumentControllerNotification_documentDidOpen">(),
+                                                    NSObject());
   return self;
 }
 
@@ -226,6 +230,8 @@ void ThemeUtility::windowDidUpdate(NSNotification notification) {
   titleField(cast<NSWindow>(notification.sender())).setTextColor(title);
 }
 
+void ThemeUtility::handleDocumentDidOpen(NSNotification notification) { checkOpenedDocument(notification); }
+
 void defineThemeUtility() {
   if (DefinedClass<ThemeUtility>::cls != nullptr) return;
   using ColourByName = NSColor (ThemeUtility::*)(NSString) const;
@@ -240,10 +246,13 @@ void defineThemeUtility() {
       .method<"useSharedFaderType:", &ThemeUtility::useSharedFaderType>()
       .method<"vlrMixerBackgroundColor", &ThemeUtility::mixerBackgroundColor>()
       .method<"windowDidUpdate:", &ThemeUtility::windowDidUpdate>()
+      .method<"handleDocumentDidOpen:", &ThemeUtility::handleDocumentDidOpen>()
       .method<"patternColorForGradient:baseColor:size:stopColors:stopLocations:bevel:bevelStyle:overlayColor:",
               &ThemeUtility::patternColorForGradient>()
       .method<"patternColorForGradient:baseColor:size:stopColors:stopLocations:bevel:bevelStyle:",
               &ThemeUtility::patternColorForGradientWithoutOverlay>()
+      .method<"getImage:size:", &ThemeUtility::getImage>()
+      .method<"flipImageVertically:", &ThemeUtility::flipImageVertically>()
       .method<"colorCollection", &ThemeUtility::colorCollection>()
       .method<"setColorCollection:", &ThemeUtility::setColorCollection>()
       .property<"useDifferentPannerTypes", "setUseDifferentPannerTypes:", &ThemeUtility::useDifferentPannerTypes>()

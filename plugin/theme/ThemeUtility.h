@@ -46,12 +46,21 @@ struct ThemeUtility : cocoa::ObjectState {
   /// Colours the title of a window or panel of the host.
   void windowDidUpdate(NSNotification notification);
 
+  /// Warns of a document without colour bars under a theme that needs them.
+  void handleDocumentDidOpen(NSNotification notification);
+
   /// A cached pattern that shows a gradient, an overlay and a bevel over a base colour. Implemented with
   /// the renderer.
   NSColor patternColorForGradient(NSObject gradient, NSColor base, CGSize size, NSArray stopColors,
                                   NSArray stopLocations, NSObject bevel, NSInteger bevelStyle, NSColor overlay);
   NSColor patternColorForGradientWithoutOverlay(NSObject gradient, NSColor base, CGSize size, NSArray stopColors,
                                                 NSArray stopLocations, NSObject bevel, NSInteger bevelStyle);
+
+  /// An image of the theme by its name; nil when there is none. A size of zero keeps the image's own. Pointer
+  /// images come mirrored. Implemented with the images.
+  NSImage getImage(NSString name, CGSize size);
+  /// The image upside down, all of its frames; nil when it cannot be read.
+  NSImage flipImageVertically(NSImage image);
 
   [[nodiscard]] NSDictionary colorCollection() const { return colorCollection_; }
   /// The collection must not change afterwards.

@@ -1,0 +1,317 @@
+#include "plugin/arrange/BandWalk.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+
+#include "plugin/theme/Truncated.h"
+
+namespace velura {
+namespace {
+
+constexpr double kLeftmostStart = -2;  // points: segments that start further left are out of sight
+constexpr int kOtherColour = 51;       // sum of channel differences at which two colours are different
+constexpr long kMostSamples = 96;      // pixels that decide a column's colour
+
+int distance(const BandColour& a, const BandColour& b) {
+  return std::abs(a.red - b.red) + std::abs(a.green - b.green) + std::abs(a.blue - b.blue);
+}
+
+/// The colours of the columns of a band. Pixels are taken over in blocks of a few columns: a column at a time
+/// would touch another cache line for every pixel.
+class ColumnColours {
+ public:
+  ColumnColours(const RulerPixels& ruler, BandRows band) : ruler_(ruler), band_(band) {
+    constexpr long kMostSteps = 80;
+    step_ = std::max(1L, (band.bottom - band.top + 1) / kMostSteps);
+    tested_ = (band.bottom - band.top) / step_ + 1;
+    block_.resize(static_cast<std::size_t>(tested_ * kBlock));
+  }
+
+  std::vector<std::optional<BandColour>> all() {
+    std::vector<std::optional<BandColour>> colours;
+    colours.reserve(static_cast<std::size_t>(ruler_.width));
+    for (long first = 0; first < ruler_.width; first += kBlock) {
+      const long count = std::min(kBlock, ruler_.width - first);
+      load(first, count);
+      for (long i = 0; i < count; ++i) colours.push_back(colourOf(i));
+    }
+    return colours;
+  }
+
+ private:
+  using Pixel = std::array<std::uint8_t, 3>;
+  static constexpr long kBlock = 16;
+
+  void load(long first, long count) {
+    Pixel* out = block_.data();
+    for (long y = band_.top; y <= band_.bottom; y += step_, out += kBlock) {
+      const std::uint8_t* pixel = ruler_.row(y) + first * ruler_.bytesPerPixel;
+      for (long i = 0; i < count; ++i, pixel += ruler_.bytesPerPixel) {
+        out[i] = {pixel[0], pixel[1], pixel[2]};
+      }
+    }
+  }
+
+  std::optional<BandColour> colourOf(long column) {
+    samples_.clear();
+    bool uniform = true;
+    for (long i = 0; i < tested_ && static_cast<long>(samples_.size()) < kMostSamples; ++i) {
+      const Pixel& pixel = block_[static_cast<std::size_t>(i * kBlock + column)];
+      if (!isColoured(pixel.data())) continue;
+      uniform = uniform && (samples_.empty() || pixel == samples_.front());
+      samples_.push_back(pixel);
+    }
+    constexpr long kFewest = 2;
+    constexpr long kShare = 4;
+    if (static_cast<long>(samples_.size()) < std::max(kFewest, tested_ / kShare)) return std::nullopt;
+    if (uniform) return BandColour{samples_[0][0], samples_[0][1], samples_[0][2]};
+    return BandColour{median(0), median(1), median(2)};
+  }
+
+  int median(std::size_t channel) {
+    const auto middle = samples_.begin() + static_cast<std::ptrdiff_t>(samples_.size() / 2);
+    std::ranges::nth_element(samples_, middle, {}, [channel](const Pixel& pixel) { return pixel[channel]; });
+    return (*middle)[channel];
+  }
+
+  const RulerPixels& ruler_;
+  BandRows band_;
+  long step_ = 1;
+  long tested_ = 1;
+  std::vector<Pixel> block_;  // rows of kBlock pixels
+  std::vector<Pixel> samples_;
+};
+
+/// Follows the colours from left to right and tells the sink where a stretch begins. A colour must hold for a
+/// few columns before it ends the run before it: a marker's name does not split its cell.
+template <class Sink>
+class Walk {
+ public:
+  Walk(long persistence, Sink& sink) : persistence_(persistence), sink_(sink) {}
+
+  void uncoloured(long column) {
+    if (run_.isOpen()) emitRun();
+    if (gapCount_ == 0) gapStart_ = column;
+    ++gapCount_;
+  }
+
+  void coloured(long column, const BandColour& colour) {
+    if (gapCount_ > 0) {
+      endGap();
+      candidate_ = {};
+      run_ = {column, colour, 1};
+    } else if (!run_.isOpen()) {
+      run_ = {column, colour, 1};
+    } else if (distance(colour, run_.colour) < kOtherColour) {
+      candidate_ = {};
+    } else if (candidate_.isOpen() && distance(colour, candidate_.colour) < kOtherColour) {
+      if (++candidate_.count >= persistence_) takeOverCandidate();
+    } else {
+      candidate_ = {column, colour, 1};
+    }
+  }
+
+  void end() {
+    if (run_.isOpen()) emitRun();
+    endGap();
+  }
+
+ private:
+  struct Run {
+    long start = 0;
+    BandColour colour;
+    long count = 0;  // 0 while there is none
+    [[nodiscard]] bool isOpen() const { return count > 0; }
+  };
+
+  void emitRun() {
+    sink_.run(run_.start, run_.colour);
+    run_ = {};
+    candidate_ = {};
+  }
+  void takeOverCandidate() {
+    const Run next = candidate_;
+    emitRun();
+    run_ = next;
+  }
+  void endGap() {
+    if (gapCount_ >= persistence_) sink_.gap(gapStart_);
+    gapCount_ = 0;
+  }
+
+  long persistence_;
+  Sink& sink_;
+  Run run_;
+  Run candidate_;
+  long gapStart_ = 0;
+  long gapCount_ = 0;
+};
+
+/// Columns that a colour or a gap must hold for.
+long persistenceOf(const RulerPixels& ruler) {
+  constexpr double kPoints = 5;
+  constexpr double kFewest = 2;
+  constexpr double kMost = 1e6;  // keeps hostile scales harmless
+  return static_cast<long>(std::clamp(kPoints * ruler.pixelsPerPoint, kFewest, kMost));
+}
+
+template <class Sink>
+void walk(const RulerPixels& ruler, const std::vector<std::optional<BandColour>>& colours, Sink& sink) {
+  Walk<Sink> state(persistenceOf(ruler), sink);
+  for (long column = 0; column < static_cast<long>(colours.size()); ++column) {
+    if (const auto& colour = colours[static_cast<std::size_t>(column)]) {
+      state.coloured(column, *colour);
+    } else {
+      state.uncoloured(column);
+    }
+  }
+  state.uncoloured(ruler.width);  // closes what is open
+  state.end();
+}
+
+/// View x of a column.
+double startOf(const RulerPixels& ruler, long column, double sectionLeft) {
+  return ruler.screenX(column) - sectionLeft;
+}
+
+struct SegmentSink {
+  const RulerPixels& ruler;
+  double sectionLeft;
+  std::vector<BandSegment> segments;
+  void run(long column, const BandColour& colour) { add(column, colour); }
+  void gap(long column) { add(column, std::nullopt); }
+
+ private:
+  void add(long column, std::optional<BandColour> colour) {
+    const double start = startOf(ruler, column, sectionLeft);
+    if (!(start < kLeftmostStart)) segments.push_back({start, colour});
+  }
+};
+
+struct ColourCounter {
+  const RulerPixels& ruler;
+  double sectionLeft;
+  std::vector<BandColour> colours;
+  void run(long column, const BandColour& colour) {
+    constexpr int kStep = 48;
+    constexpr std::size_t kMost = 24;
+    if (startOf(ruler, column, sectionLeft) < kLeftmostStart) return;
+    const BandColour coarse{colour.red / kStep, colour.green / kStep, colour.blue / kStep};
+    if (colours.size() < kMost && std::ranges::find(colours, coarse) == colours.end()) colours.push_back(coarse);
+  }
+  void gap(long) {}
+};
+
+std::vector<BandSegment> segmentsOf(const RulerPixels& ruler, const std::vector<std::optional<BandColour>>& colours,
+                                    double sectionLeft) {
+  SegmentSink sink{ruler, sectionLeft, {}};
+  walk(ruler, colours, sink);
+  return std::move(sink.segments);
+}
+
+int scoreOf(const RulerPixels& ruler, const std::vector<std::optional<BandColour>>& colours, double sectionLeft) {
+  ColourCounter counter{ruler, sectionLeft, {}};
+  walk(ruler, colours, counter);
+  return static_cast<int>(counter.colours.size());
+}
+
+bool isUsable(const RulerPixels& ruler) {
+  return ruler.bytes != nullptr && ruler.width > 0 && ruler.height > 0 && ruler.pixelsPerPoint > 0;
+}
+
+bool isInside(const RulerPixels& ruler, BandRows band) {
+  return isUsable(ruler) && band.top >= 0 && band.top <= band.bottom && band.bottom < ruler.height;
+}
+
+long rowThresholdOf(long width) {
+  constexpr double kShare = 0.02;
+  constexpr long kFewest = 5;
+  constexpr long kSmall = 4;
+  const auto threshold = static_cast<long>(static_cast<double>((width + 1) / 2) * kShare);
+  return threshold < kFewest ? kSmall : threshold;
+}
+
+/// Runs of two coloured rows and more.
+std::vector<ColouredBand> bandsOf(const RulerPixels& ruler, long rowThreshold) {
+  std::vector<ColouredBand> bands;
+  long top = -1;
+  for (long y = 0; y <= ruler.height; ++y) {
+    const bool coloured = y < ruler.height && colouredPixelsIn(ruler, y) >= rowThreshold;
+    if (coloured && top < 0) top = y;
+    if (coloured || top < 0) continue;
+    if (y - top > 1) bands.push_back({{top, y - 1}});
+    top = -1;
+  }
+  return bands;
+}
+
+template <long Step>
+long colouredIn(const std::uint8_t* row, long width, long bytesPerPixel) {
+  const long step = Step > 0 ? Step : bytesPerPixel;
+  int count = 0;
+  for (long x = 0; x < width; x += 2) {
+    count += static_cast<int>(isColoured(row + x * step));
+  }
+  return count;
+}
+
+}  // namespace
+
+long colouredPixelsIn(const RulerPixels& ruler, long y) {
+  return ruler.bytesPerPixel == 4 ? colouredIn<4>(ruler.row(y), ruler.width, 4)
+                                  : colouredIn<0>(ruler.row(y), ruler.width, ruler.bytesPerPixel);
+}
+
+std::vector<BandSegment> VLRMBWalkBand(const RulerPixels& ruler, BandRows band, double sectionLeft) {
+  if (!isInside(ruler, band)) return {};
+  return segmentsOf(ruler, ColumnColours(ruler, band).all(), sectionLeft);
+}
+
+int distinctColoursAlong(const RulerPixels& ruler, BandRows band, double sectionLeft) {
+  if (!isInside(ruler, band)) return 0;
+  return scoreOf(ruler, ColumnColours(ruler, band).all(), sectionLeft);
+}
+
+MarkerLane readMarkerLane(const RulerPixels& ruler, double sectionLeft) {
+  constexpr double kTopStrip = 15;  // points
+  MarkerLane lane;
+  if (!isUsable(ruler)) return lane;
+  lane.rowThreshold = rowThresholdOf(ruler.width);
+  lane.bands = bandsOf(ruler, lane.rowThreshold);
+  const double firstRow = std::floor(kTopStrip * ruler.pixelsPerPoint);
+  std::vector<std::optional<BandColour>> chosenColours;
+  for (ColouredBand& band : lane.bands) {
+    band.inTopStrip = static_cast<double>(band.rows.top) < firstRow;
+    if (band.inTopStrip) continue;
+    auto colours = ColumnColours(ruler, band.rows).all();
+    band.score = scoreOf(ruler, colours, sectionLeft);
+    if (band.score <= (lane.chosen ? lane.chosen->score : 0)) continue;
+    lane.chosen = band;
+    chosenColours = std::move(colours);
+  }
+  if (lane.chosen) lane.segments = segmentsOf(ruler, chosenColours, sectionLeft);
+  return lane;
+}
+
+std::string signatureOf(const std::vector<BandSegment>& segments) {
+  constexpr int kColourStep = 16;
+  std::string signature;
+  std::array<char, 96> text{};
+  for (const BandSegment& segment : segments) {
+    const auto start = truncated(segment.start * 0.5);
+    int length = 0;
+    if (const auto& colour = segment.colour) {
+      length = std::snprintf(text.data(), text.size(), "%ld:%d,%d,%d;", start, colour->red / kColourStep,
+                             colour->green / kColourStep, colour->blue / kColourStep);
+    } else {
+      length = std::snprintf(text.data(), text.size(), "%ld:n;", start);
+    }
+    signature.append(text.data(), static_cast<std::size_t>(length));
+  }
+  return signature;
+}
+
+}  // namespace velura

@@ -1,0 +1,318 @@
+#include "plugin/arrange/GridOverlay.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <optional>
+
+#include "cocoa/Dispatch.h"
+#include "plugin/arrange/OffScreen.h"
+#include "plugin/arrange/RegionLineColour.h"
+#include "plugin/arrange/TickDetection.h"
+#include "plugin/arrange/VLRGridSettingsReader.h"
+#include "plugin/hostapi/Accessibility.h"
+#include "plugin/hostapi/ArrangeView.h"
+#include "plugin/theme/Truncated.h"
+
+namespace velura {
+
+bool gVBGSampling = false;
+
+namespace {
+
+using namespace cocoa;
+
+// The snapshot: where the host had its ticks and regions when a view was last drawn with the button up. One
+// arrange view at a time owns it. Objects are kept for the life of the process.
+std::vector<double> gVBGBarXs;  // screen x
+std::vector<double> gVBGBeatXs;
+std::vector<double> gVBGDivXs;
+std::vector<CGRect> gVBGRegions;                                               // in the view's coordinates
+id gVBGSnapshotOwner = nullptr;                                                // not retained: only compared
+double gVBGSectionLeft = 0;                                                    // screen x of the view's left edge
+std::vector<Ref<NSColor>>& gVBGRegionColors = *new std::vector<Ref<NSColor>>;  // a region each, or null
+std::int32_t gVBGSampledMode = -1;
+double gVBGSampledStr = -1;
+double gVBGSampledVib = -1;
+double gVBGLastSampleTime = 0;
+bool gVBGSamplePending = false;
+bool gVBGMouseUpRefreshPending = false;
+
+void forgetColours() {
+  gVBGRegionColors.clear();
+  gVBGSampledMode = -1;
+}
+
+void dropSnapshot() {
+  gVBGBarXs.clear();
+  gVBGBeatXs.clear();
+  gVBGDivXs.clear();
+  gVBGRegions.clear();
+  gVBGSectionLeft = 0;
+  forgetColours();
+}
+
+// ---- The snapshot -----------------------------------------------------------------------------------
+
+/// What the host says an element is, to tell the cycle's range from a region.
+NSString descriptionOf(NSObject element) {
+  const NSString description = accessibilityText(element, literal<"AXDescription">());
+  return description ? description : accessibilityText(element, literal<"AXTitle">());
+}
+
+std::vector<CGRect> regionsOf(NSView view) {
+  std::vector<CGRect> regions;
+  for (const NSObject row : items(accessibilityChildrenOf(view))) {
+    for (const NSObject element : items(accessibilityChildrenOf(row))) {
+      const auto frame = accessibilityFrame(element);
+      if (!frame || descriptionOf(element).isEqualToString(literal<"cycle region">())) continue;
+      regions.push_back(rectFromScreen(*frame, view));
+    }
+  }
+  return regions;
+}
+
+/// The strip of a ruler that begins `offset` points below its top edge; nothing where the ruler ends before.
+std::optional<CGRect> stripOf(NSView ruler, CGRect visible, double offset) {
+  constexpr double kStripHeight = 38;
+  constexpr double kLowestStrip = 10;
+  constexpr double kTolerance = 0.5;
+  const double height = std::min(visible.size.height - offset, kStripHeight);
+  if (!(height >= kLowestStrip)) return std::nullopt;
+  const double y = ruler.isFlipped() ? visible.minY() + offset : visible.maxY() - offset - height;
+  if (y < visible.minY() - kTolerance || y + height > visible.maxY() + kTolerance) return std::nullopt;
+  return CGRectMake(visible.minX(), y, visible.size.width, height);
+}
+
+RulerTicks ticksOf(NSView ruler, double leftEdge) {
+  constexpr double kStripOffsets[] = {0, 19};
+  const CGRect visible = visibleOrBounds(ruler);
+  RulerTicks best;
+  for (const double offset : kStripOffsets) {
+    const auto strip = stripOf(ruler, visible, offset);
+    const auto rendering = strip ? renderRuler(ruler, *strip) : std::nullopt;
+    if (!rendering) continue;
+    RulerTicks ticks = detectTicks(rendering->pixels, leftEdge);
+    if (ticks.count() > best.count()) best = std::move(ticks);
+  }
+  return best;
+}
+
+bool drawsAnyLines(const VLRGridSettings& settings) {
+  return settings.barEnabled || settings.beatEnabled || settings.divEnabled;
+}
+
+void takeSnapshot(NSView view, const VLRGridSettings& settings) {
+  gVBGSectionLeft = screenLeftOf(view);
+  gVBGRegions = regionsOf(view);
+  const NSView ruler = ArrangeSection(view.object).sibling(kRulerSection);
+  RulerTicks ticks;
+  if (ruler && ruler.window() && drawsAnyLines(settings)) ticks = ticksOf(ruler, gVBGSectionLeft);
+  gVBGBarXs = std::move(ticks.bars);
+  gVBGBeatXs = std::move(ticks.beats);
+  gVBGDivXs = std::move(ticks.divisions);
+  gVBGSnapshotOwner = view.object;
+}
+
+// ---- Colours ----------------------------------------------------------------------------------------
+
+/// The middle colour of what a view shows in a rectangle, its edges left out; nothing when it shows none.
+std::optional<LineColour> middleColour(NSView view, CGRect rect) {
+  constexpr double kStep = 0.08;
+  constexpr double kFirstX = 0.12;
+  constexpr double kFirstY = 0.35;
+  constexpr double kLast = 0.88;
+  const auto bitmap = drawnOffScreen(view, rect);
+  if (!bitmap) return std::nullopt;
+  const auto width = static_cast<double>(bitmap->pixelsWide());
+  const auto height = static_cast<double>(bitmap->pixelsHigh());
+  std::vector<double> reds;
+  std::vector<double> greens;
+  std::vector<double> blues;
+  const NSColorSpace sRGB = NSColorSpace::sRGBColorSpace();
+  for (double fx = kFirstX; fx <= kLast; fx += kStep) {
+    for (double fy = kFirstY; fy <= kLast; fy += kStep) {
+      const NSColor colour = bitmap->colorAtX(truncated(fx * width), truncated(fy * height)).colorUsingColorSpace(sRGB);
+      if (!colour) continue;
+      reds.push_back(colour.redComponent());
+      greens.push_back(colour.greenComponent());
+      blues.push_back(colour.blueComponent());
+    }
+  }
+  if (reds.empty()) return std::nullopt;
+  return LineColour{VLRBGMedian(reds), VLRBGMedian(greens), VLRBGMedian(blues)};
+}
+
+NSColor lineColour(const LineColour& region, const VLRGridSettings& settings) {
+  const LineColour colour = GridColourMode(settings.colorMode) == GridColourMode::kTint
+                                ? tintOf(region, settings.tintVibrance)
+                                : adaptiveGrey(region, settings.adaptiveStrength);
+  return NSColor::colorWithSRGBRed(colour.red, colour.green, colour.blue, 1);
+}
+
+/// Null for a region of which too little is to be seen.
+Ref<NSColor> sampledColour(NSView view, CGRect region, CGRect visible, const VLRGridSettings& settings) {
+  constexpr double kSmallest = 8;  // points
+  const CGRect seen = CGRectIntersection(region, visible);
+  if (seen.size.width < kSmallest || seen.size.height < kSmallest) return {};
+  const AutoreleasePool pool;
+  const auto colour = middleColour(view, seen);
+  return colour ? Ref<NSColor>(lineColour(*colour, settings)) : Ref<NSColor>();
+}
+
+bool areSameColours(const std::vector<Ref<NSColor>>& a, const std::vector<Ref<NSColor>>& b) {
+  return std::ranges::equal(a, b, [](NSColor first, NSColor second) { return first.isEqual(second); });
+}
+
+/// Marks off-screen drawing for region colours.
+class Sampling {
+ public:
+  Sampling() { gVBGSampling = true; }
+  Sampling(const Sampling&) = delete;
+  Sampling& operator=(const Sampling&) = delete;
+  ~Sampling() { gVBGSampling = false; }
+};
+
+void sampleRegions(NSView view) {
+  gVBGSamplePending = false;
+  gVBGLastSampleTime = CFAbsoluteTimeGetCurrent();
+  const VLRGridSettings settings = VLRGridSettingsReader::shared().settings();
+  if (isPrimaryMouseButtonDown() || !view.window() || settings.colorMode == 0) return;
+  if (gVBGSnapshotOwner != view.object || gVBGRegions.empty()) return;
+  std::vector<Ref<NSColor>> colours;
+  {
+    const Sampling sampling;
+    const CGRect visible = view.visibleRect();
+    for (const CGRect region : std::vector(gVBGRegions)) {
+      colours.push_back(sampledColour(view, region, visible, settings));
+    }
+  }
+  const bool changed = !areSameColours(colours, gVBGRegionColors);
+  gVBGRegionColors = std::move(colours);
+  gVBGSampledMode = settings.colorMode;
+  gVBGSampledStr = settings.adaptiveStrength;
+  gVBGSampledVib = settings.tintVibrance;
+  if (changed) view.setNeedsDisplay(true);
+}
+
+bool areColoursOutOfDate(const VLRGridSettings& settings) {
+  constexpr double kLongest = 2;  // seconds
+  return settings.colorMode != gVBGSampledMode || settings.adaptiveStrength != gVBGSampledStr ||
+         settings.tintVibrance != gVBGSampledVib || gVBGRegionColors.size() != gVBGRegions.size() ||
+         CFAbsoluteTimeGetCurrent() - gVBGLastSampleTime >= kLongest;
+}
+
+// ---- Drawing ----------------------------------------------------------------------------------------
+
+struct LineKind {
+  bool VLRGridSettings::*enabled;
+  double VLRGridSettings::*opacity;
+  double VLRGridSettings::*width;
+  const std::vector<double>& positions;
+};
+
+/// In the order in which they are drawn: bars end up on top.
+const LineKind kLineKinds[] = {
+    {&VLRGridSettings::divEnabled, &VLRGridSettings::divOpacity, &VLRGridSettings::divWidth, gVBGDivXs},
+    {&VLRGridSettings::beatEnabled, &VLRGridSettings::beatOpacity, &VLRGridSettings::beatWidth, gVBGBeatXs},
+    {&VLRGridSettings::barEnabled, &VLRGridSettings::barOpacity, &VLRGridSettings::barWidth, gVBGBarXs},
+};
+
+/// Whether a line of a region may stand at `x`: one beside its left edge would look like part of it.
+bool isLinePlace(double x, CGRect region) {
+  constexpr double kMargin = 1;
+  constexpr double kEdge = 2;
+  return x >= region.minX() - kMargin && x <= region.maxX() + kMargin && !(std::abs(x - region.minX()) < kEdge);
+}
+
+void drawLines(CGRect region, const std::vector<double>& positions, NSColor colour, double alpha, double width) {
+  constexpr double kInvisible = 0.001;
+  constexpr double kTopEdge = 2;       // points of the region that stay clear
+  constexpr double kSearchMargin = 3;  // more than rounding and margins move a line
+  if (!(width > kInvisible) || !(alpha > kInvisible) || positions.empty()) return;
+  const double top = region.minY() + kTopEdge;
+  const double bottom = region.maxY();
+  if (!(top < bottom)) return;
+  const auto first = std::ranges::lower_bound(positions, region.minX() + gVBGSectionLeft - kSearchMargin);
+  const auto last = std::ranges::upper_bound(positions, region.maxX() + gVBGSectionLeft + kSearchMargin);
+  if (first == last) return;
+  const SavedGraphicsState saved;
+  colour.colorWithAlphaComponent(alpha).setStroke();
+  NSRectClip(region);
+  const NSBezierPath path = NSBezierPath::bezierPath();
+  path.setLineWidth(width);
+  for (auto position = first; position != last; ++position) {
+    const double x = std::floor(*position - gVBGSectionLeft) + 0.5;
+    if (!isLinePlace(x, region)) continue;
+    path.moveToPoint({x, top});
+    path.lineToPoint({x, bottom});
+  }
+  path.stroke();
+}
+
+void drawRegion(CGRect region, NSColor colour, const VLRGridSettings& settings) {
+  for (const LineKind& kind : kLineKinds) {
+    if (settings.*kind.enabled) {
+      drawLines(region, kind.positions, colour, settings.*kind.opacity * settings.masterOpacity, settings.*kind.width);
+    }
+  }
+}
+
+void drawRegions(CGRect dirty, const VLRGridSettings& settings) {
+  const NSColor grey = NSColor::colorWithWhite(settings.lineGray, 1);
+  for (std::size_t i = 0; i < gVBGRegions.size(); ++i) {
+    if (!CGRectIntersectsRect(gVBGRegions[i], dirty)) continue;
+    const bool hasColour = i < gVBGRegionColors.size() && gVBGRegionColors[i];
+    drawRegion(gVBGRegions[i], hasColour ? gVBGRegionColors[i].get() : grey, settings);
+  }
+}
+
+void pollMouse(Ref<NSView> view) {
+  constexpr double kPollInterval = 0.15;  // seconds
+  asyncAfter(kPollInterval, dispatch_get_main_queue(), [view = std::move(view)] {
+    if (isPrimaryMouseButtonDown()) return pollMouse(view);
+    gVBGMouseUpRefreshPending = false;
+    if (view->window()) view->setNeedsDisplay(true);
+  });
+}
+
+}  // namespace
+
+bool isPrimaryMouseButtonDown() { return (NSEvent::pressedMouseButtons() & 1U) != 0; }
+
+double VLRBGMedian(std::vector<double>& numbers) {
+  if (numbers.empty()) return 0;
+  std::ranges::sort(numbers);
+  return numbers[numbers.size() / 2];
+}
+
+void VLRBGScheduleMouseUpRefresh(NSView view) {
+  if (gVBGMouseUpRefreshPending) return;
+  gVBGMouseUpRefreshPending = true;
+  pollMouse(view);
+}
+
+void VLRBGScheduleRegionSampleIfNeeded(NSView view) {
+  const VLRGridSettings settings = VLRGridSettingsReader::shared().settings();
+  if (settings.colorMode == 0) return forgetColours();
+  if (gVBGSamplePending || !areColoursOutOfDate(settings)) return;
+  gVBGSamplePending = true;
+  async(dispatch_get_main_queue(), [view = Ref<NSView>(view)] { sampleRegions(view); });
+}
+
+void VLRBundleGridPostDraw(NSView view, CGRect dirty) {
+  if (gVBGSampling || !view || !view.window()) return;
+  const VLRGridSettings settings = VLRGridSettingsReader::shared().settings();
+  if (!settings.enabled) return dropSnapshot();
+  if (isPrimaryMouseButtonDown()) {
+    if (gVBGSnapshotOwner != view.object) return;
+    VLRBGScheduleMouseUpRefresh(view);
+  } else {
+    takeSnapshot(view, settings);
+  }
+  if (gVBGRegions.empty()) return;
+  VLRBGScheduleRegionSampleIfNeeded(view);
+  drawRegions(dirty, settings);
+}
+
+}  // namespace velura

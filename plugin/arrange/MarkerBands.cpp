@@ -1,0 +1,166 @@
+#include "plugin/arrange/MarkerBands.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include "cocoa/Dispatch.h"
+#include "plugin/arrange/GridOverlay.h"
+#include "plugin/arrange/MarkerBandDiagnostics.h"
+#include "plugin/arrange/VLRGridSettingsReader.h"
+#include "plugin/hostapi/Accessibility.h"
+#include "plugin/hostapi/ArrangeView.h"
+
+namespace velura {
+namespace {
+
+using namespace cocoa;
+
+// The markers of the view that was drawn last. Starts are in its coordinates, left to right.
+std::vector<BandSegment> gVMBSegments;
+std::vector<CGRect> gVMBRegions;
+id gVMBOwner = nullptr;  // not retained: only compared
+double gVMBSectionLeft = 0;
+double gVMBLastRulerH = -1;  // the first drawing schedules a redraw
+double gVMBLastGoodTime = 0;
+std::string gVMBSig;
+bool gVMBDelayedPending = false;
+bool gVMBRepaintPending = false;
+
+void redrawIfShown(NSView view) {
+  if (view.window()) view.setNeedsDisplay(true);
+}
+
+/// A ruler that grows or shrinks is laid out again a moment later, and its pixels move with it.
+void watchRulerHeight(NSView view, NSView ruler) {
+  constexpr double kTolerance = 1;
+  constexpr double kDelay = 0.4;  // seconds
+  const double height = ruler.frame().size.height;
+  if (!(std::abs(height - gVMBLastRulerH) > kTolerance)) return;
+  gVMBLastRulerH = height;
+  if (gVMBDelayedPending) return;
+  gVMBDelayedPending = true;
+  asyncAfter(kDelay, dispatch_get_main_queue(), [view = Ref<NSView>(view)] {
+    gVMBDelayedPending = false;
+    redrawIfShown(view);
+  });
+}
+
+/// The host redraws only what it knows to have changed: changed markers need the whole view.
+void repaintIfChanged(NSView view) {
+  std::string signature = signatureOf(gVMBSegments);
+  if (signature == gVMBSig) return;
+  gVMBSig = std::move(signature);
+  if (gVMBRepaintPending) return;
+  gVMBRepaintPending = true;
+  async(dispatch_get_main_queue(), [view = Ref<NSView>(view)] {
+    gVMBRepaintPending = false;
+    redrawIfShown(view);
+  });
+}
+
+/// A ruler that is being redrawn may show no marker for a moment: the last ones stay for up to a second.
+void takeOver(NSView view, std::vector<BandSegment> segments) {
+  constexpr double kMemory = 1;  // seconds
+  const double now = CFAbsoluteTimeGetCurrent();
+  if (std::ranges::any_of(segments, [](const BandSegment& segment) { return segment.colour.has_value(); })) {
+    gVMBSegments = std::move(segments);
+    gVMBLastGoodTime = now;
+  } else if (gVMBOwner != view.object || !(now - gVMBLastGoodTime < kMemory)) {
+    gVMBSegments.clear();
+  }
+}
+
+void clipAroundRegions(CGRect dirty) {
+  const NSBezierPath path = NSBezierPath::bezierPathWithRect(dirty);
+  path.setWindingRule(NSWindingRuleEvenOdd);
+  for (const CGRect region : gVMBRegions) {
+    const CGRect part = CGRectIntersection(region, dirty);
+    if (!part.isEmpty()) path.appendBezierPathWithRect(part);
+  }
+  path.addClip();
+}
+
+/// The rectangle of a segment; empty where it is out of sight.
+CGRect bandOf(std::size_t index, CGRect bounds) {
+  const bool isLast = index + 1 == gVMBSegments.size();
+  const double left = std::floor(gVMBSegments[index].start);
+  const double right = isLast ? bounds.maxX() : std::floor(gVMBSegments[index + 1].start);
+  return right > left ? CGRectMake(left, bounds.minY(), right - left, bounds.size.height) : CGRect{};
+}
+
+void drawBands(NSView view, CGRect dirty, double opacity) {
+  if (gVMBSegments.empty()) return;
+  constexpr double kScale = 255;
+  const SavedGraphicsState saved;
+  clipAroundRegions(dirty);
+  const CGRect bounds = view.bounds();
+  for (std::size_t i = 0; i < gVMBSegments.size(); ++i) {
+    const auto& colour = gVMBSegments[i].colour;
+    const CGRect band = CGRectIntersection(bandOf(i, bounds), dirty);
+    if (!colour || band.isEmpty()) continue;
+    NSColor::colorWithSRGBRed(colour->red / kScale, colour->green / kScale, colour->blue / kScale, opacity).setFill();
+    NSRectFillUsingOperation(band, NSCompositingOperationSourceOver);
+  }
+}
+
+/// A tree of the host's can be as wide as it likes: this many of its elements are looked at.
+constexpr int kMostElements = 1 << 18;
+
+void collectRegions(NSObject element, NSView view, int depth, std::vector<CGRect>& regions, int& elementsLeft) {
+  constexpr int kDeepest = 7;
+  if (depth > kDeepest || --elementsLeft < 0) return;
+  const auto role = element.respondsToSelector(selector<"accessibilityRole">())
+                        ? as<NSString>(call<"accessibilityRole", NSObject>(element))
+                        : NSString();
+  if (!role.isEqualToString(NSAccessibilityLayoutItemRole)) {
+    for (const NSObject child : items(accessibilityChildrenOf(element))) {
+      collectRegions(child, view, depth + 1, regions, elementsLeft);
+    }
+    return;
+  }
+  const auto frame = accessibilityFrame(element);
+  if (!frame) return;
+  if (accessibilityText(element, literal<"AXDescription">()).isEqualToString(literal<"cycle region">())) return;
+  regions.push_back(rectFromScreen(*frame, view));
+}
+
+}  // namespace
+
+void VLRMBCollectRegionsRec(NSObject element, NSView view, int depth, std::vector<CGRect>& regions) {
+  int elementsLeft = kMostElements;
+  collectRegions(element, view, depth, regions, elementsLeft);
+}
+
+std::optional<MarkerRuler> VLRMarkerBandsReadRuler(NSView ruler, double sectionLeft) {
+  constexpr double kSmallest = 4;  // points
+  if (!ruler) return std::nullopt;
+  const CGRect rect = visibleOrBounds(ruler);
+  if (!(rect.size.width >= kSmallest && rect.size.height >= kSmallest)) return std::nullopt;
+  auto rendering = renderRuler(ruler, rect);
+  if (!rendering) return std::nullopt;
+  MarkerLane lane = readMarkerLane(rendering->pixels, sectionLeft);
+  MarkerRuler result{std::move(*rendering), std::move(lane)};
+  writeRenderReport(result);
+  return result;
+}
+
+void VLRMarkerBandsDraw(NSView view, CGRect dirty) {
+  if (!view || !view.window() || gVBGSampling) return;
+  const VLRGridSettings settings = VLRGridSettingsReader::shared().settings();
+  if (!settings.markerBandsEnabled || isPrimaryMouseButtonDown()) return;
+  gVMBSectionLeft = screenLeftOf(view);
+  const NSView ruler = ArrangeSection(view.object).sibling(kRulerSection);
+  watchRulerHeight(view, ruler);
+  auto read = VLRMarkerBandsReadRuler(ruler, gVMBSectionLeft);
+  std::vector<CGRect> regions;
+  VLRMBCollectRegionsRec(view, view, 0, regions);
+  takeOver(view, read ? std::move(read->lane.segments) : std::vector<BandSegment>());
+  gVMBRegions = std::move(regions);
+  gVMBOwner = view.object;
+  appendBandReport({view, ruler, gVMBSectionLeft, gVMBSegments, gVMBRegions});
+  repaintIfChanged(view);
+  drawBands(view, dirty, settings.markerBandsOpacity);
+}
+
+}  // namespace velura

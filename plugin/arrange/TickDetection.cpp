@@ -1,0 +1,245 @@
+#include "plugin/arrange/TickDetection.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdlib>
+#include <optional>
+#include <span>
+
+namespace velura {
+namespace {
+
+constexpr int kLevels = 256;
+
+/// The strip in shades of grey, one byte a pixel.
+struct GreyPlane {
+  explicit GreyPlane(const RulerPixels& strip)
+      : width(strip.width), height(strip.height), levels(static_cast<std::size_t>(strip.width * strip.height)) {
+    for (long y = 0; y < height; ++y) {
+      if (strip.bytesPerPixel == 4) {
+        fillRow<4>(strip.row(y), y, strip.bytesPerPixel);
+      } else {
+        fillRow<0>(strip.row(y), y, strip.bytesPerPixel);
+      }
+    }
+  }
+
+  [[nodiscard]] const std::uint8_t* row(long y) const { return levels.data() + y * width; }
+
+  long width;
+  long height;
+  std::vector<std::uint8_t> levels;
+
+ private:
+  /// `Step` is the number of bytes a pixel where the compiler is to know it, else 0.
+  template <long Step>
+  void fillRow(const std::uint8_t* pixels, long y, long bytesPerPixel) {
+    const long step = Step > 0 ? Step : bytesPerPixel;
+    std::uint8_t* out = levels.data() + y * width;
+    for (long x = 0; x < width; ++x) {
+      const std::uint8_t* pixel = pixels + x * step;
+      const unsigned sum = static_cast<unsigned>(pixel[0]) + pixel[1] + pixel[2];
+      // A third, rounded down; exact for every sum of three bytes.
+      out[x] = static_cast<std::uint8_t>(sum * 0xAAABU >> 17U);
+    }
+  }
+};
+
+/// Rows in which ticks are looked for: from the row that they stand on (or hang from) to the last one.
+struct Band {
+  long start;
+  long end;
+  bool dropsFullHeight = false;  // a line through the whole band is no tick
+  [[nodiscard]] long step() const { return end < start ? -1 : 1; }
+  [[nodiscard]] long length() const { return std::abs(end - start) + 1; }
+  [[nodiscard]] bool isInside(long height) const { return start > 5 && end >= 0 && end < height; }
+};
+
+std::array<Band, 3> bandsOf(long height) {
+  constexpr double kHangingShare = 0.62;
+  const long hanging = height / 2 - 2;
+  const long reach = static_cast<long>(kHangingShare * static_cast<double>(height - hanging));
+  return {{{height - 1, height / 2}, {height / 2 - 1, height / 4}, {hanging, hanging + reach, true}}};
+}
+
+/// The median grey of every second pixel of the band.
+int backgroundOf(const GreyPlane& plane, const Band& band) {
+  std::array<long, kLevels> histogram{};
+  long total = 0;
+  for (long i = 0; i < band.length(); i += 2) {
+    const std::uint8_t* row = plane.row(band.start + i * band.step());
+    for (long x = 0; x < plane.width; x += 2) ++histogram[row[x]];
+    total += (plane.width + 1) / 2;
+  }
+  long running = 0;
+  for (int level = 0; level < kLevels; ++level) {
+    running += histogram[static_cast<std::size_t>(level)];
+    if (2 * running >= total) return level;
+  }
+  return kLevels / 2;
+}
+
+/// For each column, the pixels that stand out from the background, walking into the band until four in a row
+/// do not. All columns advance a row at a time, so that the work on them is done many columns at once.
+std::vector<std::uint16_t> columnHeights(const GreyPlane& plane, const Band& band, int background, int threshold) {
+  constexpr std::uint16_t kEndingGap = 4;
+  const auto width = static_cast<std::size_t>(plane.width);
+  std::vector<std::uint16_t> heights(width);
+  std::vector<std::uint16_t> gaps(width);
+  for (long i = 0; i < band.length(); ++i) {
+    const std::uint8_t* row = plane.row(band.start + i * band.step());
+    std::uint16_t* height = heights.data();
+    std::uint16_t* gap = gaps.data();
+    for (std::size_t x = 0; x < width; ++x) {
+      const int difference = row[x] - background;
+      const auto standsOut = static_cast<std::uint16_t>((difference > threshold) | (-difference > threshold));
+      const auto walks = static_cast<std::uint16_t>(gap[x] < kEndingGap);
+      height[x] = static_cast<std::uint16_t>(height[x] + (walks & standsOut));
+      const auto longer = static_cast<std::uint16_t>(standsOut != 0 ? 0 : gap[x] + 1);
+      gap[x] = walks != 0 ? longer : gap[x];
+    }
+  }
+  if (band.dropsFullHeight) {
+    std::replace(heights.begin(), heights.end(), static_cast<std::uint16_t>(band.length()), std::uint16_t{0});
+  }
+  return heights;
+}
+
+struct Tick {
+  double x;
+  int height;
+};
+
+struct Search {
+  std::vector<Tick> ticks;
+  long shortTicks = 0;
+  int tallest = 0;
+};
+
+/// Whether no other column within `reach` is higher, and none on its left as high.
+bool isPeak(std::span<const std::uint16_t> heights, std::size_t x, std::size_t reach) {
+  const std::size_t first = x > reach ? x - reach : 0;
+  const std::size_t last = std::min(heights.size() - 1, x + reach);
+  for (std::size_t i = first; i < x; ++i) {
+    if (heights[i] >= heights[x]) return false;
+  }
+  for (std::size_t i = x + 1; i <= last; ++i) {
+    if (heights[i] > heights[x]) return false;
+  }
+  return true;
+}
+
+Search ticksAt(const GreyPlane& plane, const Band& band, int background, int threshold, const RulerPixels& strip,
+               double leftEdge) {
+  constexpr int kNoTick = 2;
+  constexpr double kReach = 1.5;       // points
+  constexpr double kLeftMargin = 2;    // points
+  constexpr double kWidestReach = 64;  // pixels: keeps hostile scales harmless
+  const std::vector<std::uint16_t> heights = columnHeights(plane, band, background, threshold);
+  const auto reach = static_cast<std::size_t>(std::clamp(kReach * strip.pixelsPerPoint, 1.0, kWidestReach));
+  Search found;
+  for (std::size_t x = 0; x < heights.size(); ++x) {
+    if (heights[x] <= kNoTick || !isPeak(heights, x, reach)) continue;
+    const Tick tick{strip.screenX(static_cast<long>(x)), heights[x]};
+    if (tick.x < leftEdge - kLeftMargin) continue;
+    found.ticks.push_back(tick);
+    found.tallest = std::max(found.tallest, tick.height);
+    if (tick.height < band.length()) ++found.shortTicks;
+  }
+  return found;
+}
+
+Search searchBand(const GreyPlane& plane, const Band& band, const RulerPixels& strip, double leftEdge) {
+  constexpr int kThreshold = 55;
+  constexpr int kFaintThreshold = 28;
+  constexpr long kFewTicks = 3;
+  const int background = backgroundOf(plane, band);
+  Search found = ticksAt(plane, band, background, kThreshold, strip, leftEdge);
+  if (found.shortTicks >= kFewTicks) return found;
+  return ticksAt(plane, band, background, kFaintThreshold, strip, leftEdge);
+}
+
+/// The search that found the most short ticks, an earlier one before a later one.
+Search bestSearch(const RulerPixels& strip, double leftEdge) {
+  constexpr long kPlenty = 5;
+  const GreyPlane plane(strip);
+  const auto bands = bandsOf(strip.height);
+  std::optional<Search> best;
+  for (const Band& band : bands) {
+    if (!band.isInside(strip.height)) continue;
+    Search found = searchBand(plane, band, strip, leftEdge);
+    const bool plenty = &band == bands.data() && found.shortTicks > kPlenty;
+    if (!best || found.shortTicks > best->shortTicks) best = std::move(found);
+    if (plenty) break;
+  }
+  return best.value_or(Search{});
+}
+
+/// Heights that lie close together: the marks of one kind.
+struct Group {
+  int top;
+  int bottom;
+  long count;
+  [[nodiscard]] int centre() const { return (top + bottom) / 2; }
+};
+
+/// Tallest first.
+std::vector<Group> groupsOf(const Search& search) {
+  constexpr int kShortestHeight = 3;
+  constexpr std::size_t kMostGroups = 16;
+  constexpr double kSmallestGap = 2;
+  constexpr double kGapShare = 0.08;
+  std::vector<Group> groups;
+  if (search.tallest < kShortestHeight) return groups;
+  const int gap = static_cast<int>(std::max(kSmallestGap, kGapShare * search.tallest));
+  std::vector<long> histogram(static_cast<std::size_t>(search.tallest) + 1);
+  for (const Tick& tick : search.ticks) ++histogram[static_cast<std::size_t>(tick.height)];
+  for (int height = search.tallest; height >= kShortestHeight; --height) {
+    const long count = histogram[static_cast<std::size_t>(height)];
+    if (count == 0) continue;
+    if (!groups.empty() && groups.back().bottom - height <= gap) {
+      groups.back().bottom = height;
+      groups.back().count += count;
+    } else if (groups.size() < kMostGroups) {
+      groups.push_back({height, height, count});
+    } else {
+      break;
+    }
+  }
+  return groups;
+}
+
+/// The heights around which bars, beats, divisions and what is smaller lie. A group of a few stray marks does
+/// not count, save for the tallest.
+std::vector<int> levelCentres(const Search& search) {
+  constexpr std::size_t kMostLevels = 8;
+  constexpr long kFewest = 2;
+  constexpr long kShare = 50;
+  const std::vector<Group> groups = groupsOf(search);
+  const long needed = std::max(kFewest, static_cast<long>(search.ticks.size()) / kShare);
+  std::vector<int> centres;
+  for (std::size_t i = 0; i < groups.size() && centres.size() < kMostLevels; ++i) {
+    if (i == 0 || groups[i].count >= needed) centres.push_back(groups[i].centre());
+  }
+  return centres;
+}
+
+}  // namespace
+
+RulerTicks detectTicks(const RulerPixels& strip, double leftEdge) {
+  RulerTicks ticks;
+  if (strip.bytes == nullptr || strip.width < 1 || strip.height < 1 || !(strip.pixelsPerPoint > 0)) return ticks;
+  const Search search = bestSearch(strip, leftEdge);
+  const std::vector<int> centres = levelCentres(search);
+  const std::array<std::vector<double>*, 3> levels{&ticks.bars, &ticks.beats, &ticks.divisions};
+  for (const Tick& tick : search.ticks) {
+    const auto distance = [&](int centre) { return std::abs(centre - tick.height); };
+    const auto nearest = std::ranges::min_element(centres, {}, distance);  // the tallest of equals
+    const auto level = centres.empty() ? 0 : static_cast<std::size_t>(nearest - centres.begin());
+    if (level < levels.size()) levels[level]->push_back(tick.x);
+  }
+  return ticks;
+}
+
+}  // namespace velura

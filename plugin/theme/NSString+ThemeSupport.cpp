@@ -1,0 +1,49 @@
+// Formatted strings: while the track table is built, the host's answers to assistive tools are asked for by the
+// hundred, and nobody reads their texts.
+
+#include <cstdarg>
+
+#include "cocoa/Override.h"
+#include "plugin/loader/Attach.h"
+#include "plugin/theme/ThemeUtility.h"
+
+namespace velura {
+namespace {
+
+using namespace cocoa;
+
+/// Variadic, as the method that it stands in for.
+id customLocalizedStringWithFormat(id self, SEL /*selector*/, id format, ...) {
+  const id made = call<"alloc", id>(self);
+  if (ThemeUtility::shared().isInDrawingMode) {
+    return autoreleased(Ref<NSString>::adopt(call<"init", NSString>(made))).object;
+  }
+  using InitWithFormat = id (*)(id, SEL, id, id, va_list);
+  const SEL init = selector<"initWithFormat:locale:arguments:">();
+  va_list arguments;
+  va_start(arguments, format);
+  const auto implementation = reinterpret_cast<InitWithFormat>(
+      reinterpret_cast<void (*)()>(class_getMethodImplementation(object_getClass(made), init)));
+  const auto locale = call<"currentLocale", id>(classNamed("NSLocale"));
+  const auto text = Ref<NSString>::adopt(NSString(implementation(made, init, format, locale, arguments)));
+  va_end(arguments);
+  return autoreleased(text).object;
+}
+
+void addSwizzleMethod(Class /*self*/) {
+  static bool installed = false;
+  if (installed) return;
+  installed = true;
+  exchangeMethods(metaclassOf(classNamed<"NSString">()), selector<"localizedStringWithFormat:">(),
+                  selector<"customLocalizedStringWithFormat:">());
+}
+
+}  // namespace
+
+void attachNSStringThemeSupport() {
+  CategoryDefinition("NSString").classMethod<"addSwizzleMethod", addSwizzleMethod>();
+  class_addMethod(metaclassOf(classNamed<"NSString">()), selector<"customLocalizedStringWithFormat:">(),
+                  detail::asImplementation(customLocalizedStringWithFormat), "@@:@");
+}
+
+}  // namespace velura
