@@ -2,6 +2,7 @@
 // The class `VLRGridSettingsReader`: the grid settings in force. It watches the settings file and tells the
 // arrange views to redraw.
 
+#include "cocoa/Call.h"
 #include "cocoa/ClassDefinition.h"
 #include "cocoa/Dispatch.h"
 #include "plugin/arrange/VLRGridSettings.h"
