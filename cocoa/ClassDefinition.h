@@ -257,6 +257,15 @@ class CategoryDefinition {
     if (cls_ != nullptr) detail::replaceFunction<Selector, Function>(cls_);
     return *this;
   }
+  /// A class method with further arguments after those that the selector names: the platform's own function
+  /// type, `id f(id self, SEL selector, id first, ...)`.
+  template <FixedString Selector>
+  CategoryDefinition& variadicClassMethod(id (*function)(id, SEL, id, ...)) {
+    if (cls_ != nullptr) {
+      class_addMethod(metaclassOf(cls_), selector<Selector>(), detail::asImplementation(function), "@@:@");
+    }
+    return *this;
+  }
   /// The function that stands in for a host method under the override's replacement name.
   template <class Override, auto Function>
   CategoryDefinition& replacement() {

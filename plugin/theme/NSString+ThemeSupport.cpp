@@ -41,9 +41,9 @@ void addSwizzleMethod(Class /*self*/) {
 }  // namespace
 
 void attachNSStringThemeSupport() {
-  CategoryDefinition("NSString").classMethod<"addSwizzleMethod", addSwizzleMethod>();
-  class_addMethod(metaclassOf(classNamed<"NSString">()), selector<"customLocalizedStringWithFormat:">(),
-                  detail::asImplementation(customLocalizedStringWithFormat), "@@:@");
+  CategoryDefinition("NSString")
+      .classMethod<"addSwizzleMethod", addSwizzleMethod>()
+      .variadicClassMethod<"customLocalizedStringWithFormat:">(customLocalizedStringWithFormat);
 }
 
 }  // namespace velura
