@@ -6,6 +6,7 @@
 
 #include "host/Look.h"
 #include "host/app/Views.h"
+#include "host/arrange/CLgSongDocument.h"
 #include "host/mixer/MAButtonNode.h"
 #include "host/mixer/MADisplayNode.h"
 #include "host/mixer/MAEQThumbnailNode.h"
@@ -20,7 +21,10 @@
 #include "host/mixer/MASymbolButtonNode.h"
 #include "host/mixer/MATextNode.h"
 #include "host/mixer/MixerData.h"
+#include "standin/Clock.h"
+#include "standin/Display.h"
 #include "standin/MainBundle.h"
+#include "standin/RunLoop.h"
 
 namespace host {
 namespace {
@@ -48,9 +52,10 @@ constexpr void (*kDefinitions[])() = {
     registerLook,
 };
 
-void defineClasses() {
-  static const bool defined = [] {
+void defineClasses(const HostOptions& options) {
+  static const bool defined = [&] {
     for (const auto define : kDefinitions) define();
+    defineArrangeClasses(options);
     return true;
   }();
   static_cast<void>(defined);
@@ -67,7 +72,7 @@ NSDictionary mainBundleInfo(const HostOptions& options) {
 
 Application::Application(HostOptions options) : options_(std::move(options)) {
   const AutoreleasePool pool;
-  defineClasses();
+  defineClasses(options_);
   standin::setMainBundleInfo(mainBundleInfo(options_));
   NSApplication::sharedApplication();
 }
@@ -75,7 +80,7 @@ Application::Application(HostOptions options) : options_(std::move(options)) {
 Application::~Application() {
   const AutoreleasePool pool;
   sequencer_.reset();
-  document_.reset();
+  arrange_.reset();
   mixer_.reset();
 }
 
@@ -101,8 +106,9 @@ void Application::open(Song song) {
   const AutoreleasePool pool;
   song_ = std::move(song);
   mixer_ = std::make_unique<MixerWindow>(song_, options_.scale);
-  document_ = std::make_unique<DocumentWindow>(song_, options_.scale);
+  arrange_ = std::make_unique<ArrangeWindow>(song_, options_);
   sequencer_ = std::make_unique<StepSequencerPanel>(options_.scale);
+  announceOpened(arrange_->document());
 }
 
 void Application::runFrame() {
@@ -111,12 +117,27 @@ void Application::runFrame() {
   mixer_->updatePresentation();
 }
 
+void Application::settle(WindowKind kind) {
+  constexpr int kMostTurns = 200;
+  standin::setClock(CFAbsoluteTimeGetCurrent());
+  for (int turn = 0; turn < kMostTurns; ++turn) {
+    const AutoreleasePool pool;
+    runFrame();
+    const bool ran = standin::runMainQueue() > 0;
+    const bool drew = standin::windowNeedsDisplay(window(kind));
+    if (drew) static_cast<void>(draw(kind));
+    const auto wait = standin::timeUntilMainQueueWork();
+    if (wait) standin::setClock(CFAbsoluteTimeGetCurrent() + *wait);
+    if (!ran && !drew && !wait) return;
+  }
+}
+
 NSWindow Application::window(WindowKind kind) const {
   switch (kind) {
     case WindowKind::kMixer:
       return mixer_->window();
-    case WindowKind::kDocument:
-      return document_->window();
+    case WindowKind::kArrange:
+      return arrange_->window();
     case WindowKind::kStepSequencer:
       break;
   }

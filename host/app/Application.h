@@ -6,18 +6,14 @@
 #include <string>
 
 #include "host/Song.h"
-#include "host/app/DocumentWindow.h"
+#include "host/app/HostOptions.h"
 #include "host/app/StepSequencerPanel.h"
+#include "host/arrange/ArrangeWindow.h"
 #include "host/mixer/MixerWindow.h"
 
 namespace host {
 
-enum class WindowKind { kMixer, kDocument, kStepSequencer };
-
-struct HostOptions {
-  std::string version = "11.1.2";
-  double scale = 1;  // pixels per point
-};
+enum class WindowKind { kMixer, kArrange, kStepSequencer };
 
 /// One host process. There is never more than one at a time.
 class Application {
@@ -31,11 +27,15 @@ class Application {
   /// False, with `error` set, when the code cannot be loaded or has no such class.
   bool loadBundle(const std::string& path, std::string& error);
 
-  /// Opens the windows of a song.
+  /// Opens the windows of a song, and tells everybody that its document is open.
   void open(Song song);
 
   /// One turn of the event loop: windows update, presentations follow.
   void runFrame();
+
+  /// Runs frames, what is queued and redraws of a window until nothing is due any more; delayed work is waited
+  /// for by setting the clock forward, which stands still from then on. A picture that is drawn next is final.
+  void settle(WindowKind kind);
 
   /// Draws a window, title bar and all, into a new bitmap of the host's scale.
   [[nodiscard]] cocoa::Ref<NSBitmapImageRep> draw(WindowKind kind);
@@ -44,13 +44,14 @@ class Application {
 
   [[nodiscard]] NSWindow window(WindowKind kind) const;
   [[nodiscard]] MixerWindow& mixer() { return *mixer_; }
+  [[nodiscard]] ArrangeWindow& arrange() { return *arrange_; }
   [[nodiscard]] const Song& song() const { return song_; }
 
  private:
   HostOptions options_;
   Song song_;
   std::unique_ptr<MixerWindow> mixer_;
-  std::unique_ptr<DocumentWindow> document_;
+  std::unique_ptr<ArrangeWindow> arrange_;
   std::unique_ptr<StepSequencerPanel> sequencer_;
 };
 

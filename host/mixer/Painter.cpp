@@ -43,8 +43,9 @@ void Painter::verticalGradient(CGRect rect, double radius, NSColor top, NSColor 
   CGContextSaveGState(context_);
   addRounded(rect, radius);
   CGContextClip(context_);
-  CGContextDrawLinearGradient(context_, gradient, {rect.midX(), rect.maxY()}, {rect.midX(), rect.minY()},
-                              kCGGradientDrawsNeither);
+  const double upper = flipped_ ? rect.minY() : rect.maxY();
+  CGContextDrawLinearGradient(context_, gradient, {rect.midX(), upper},
+                              {rect.midX(), rect.minY() + rect.maxY() - upper}, kCGGradientDrawsNeither);
   CGContextRestoreGState(context_);
 }
 
@@ -53,7 +54,7 @@ void Painter::body(CGRect rect, double radius, NSColor top, NSColor bottom, NSCo
   const CGRect inner = rect.insetBy(1, 1);
   verticalGradient(inner, radius - 1, top, bottom);
   CGContextSetRGBFillColor(context_, 1, 1, 1, 0.14);
-  CGContextFillRect(context_, CGRectMake(inner.minX() + radius - 1, inner.maxY() - 1,
+  CGContextFillRect(context_, CGRectMake(inner.minX() + radius - 1, flipped_ ? inner.minY() : inner.maxY() - 1,
                                          std::max(0.0, inner.size.width - 2 * (radius - 1)), 1));
 }
 
@@ -107,7 +108,7 @@ void Painter::text(NSString text, CGRect rect, NSColor colour, const TextStyle& 
   CGContextSaveGState(context_);
   CGContextClipToRect(context_, rect);
   NSGraphicsContext::saveGraphicsState();
-  NSGraphicsContext::setCurrentContext(NSGraphicsContext::graphicsContextWithCGContext(context_, false));
+  NSGraphicsContext::setCurrentContext(NSGraphicsContext::graphicsContextWithCGContext(context_, flipped_));
   call<"drawAtPoint:withAttributes:">(text, CGPoint{x, y}, attributes);
   NSGraphicsContext::restoreGraphicsState();
   CGContextRestoreGState(context_);

@@ -1,5 +1,5 @@
 #pragma once
-// Drawing helpers of the host's controls, in the y-up points of a node.
+// Drawing helpers of the host's controls, in the points of a node or view: y up, unless it is flipped.
 
 #include <string_view>
 
@@ -19,7 +19,7 @@ struct TextStyle {
 /// Draws into one context. The context outlives it.
 class Painter {
  public:
-  explicit Painter(CGContextRef context) : context_(context) {}
+  explicit Painter(CGContextRef context, bool flipped = false) : context_(context), flipped_(flipped) {}
 
   void fill(CGRect rect, NSColor colour) const;
   void fillRounded(CGRect rect, double radius, NSColor colour) const;
@@ -36,10 +36,12 @@ class Painter {
   void text(std::string_view text, CGRect rect, NSColor colour, const TextStyle& style) const;
   void text(NSString text, CGRect rect, NSColor colour, const TextStyle& style) const;
   [[nodiscard]] CGContextRef context() const { return context_; }
+  [[nodiscard]] bool isFlipped() const { return flipped_; }
 
  private:
   void addRounded(CGRect rect, double radius) const;
   CGContextRef context_;
+  bool flipped_;
 };
 
 /// The look's colour at another alpha.

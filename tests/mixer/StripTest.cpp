@@ -431,7 +431,7 @@ TEST_F(Strips, ColourTheTitlesOfTheHostsWindowsAndItsCatalogue) {
             .text("windowTitleColor", colour(250, 10, 20))
             .text("StepSequencerStepOn", colour(1, 2, 3))
             .text("StepSequencerHeader_EmptyAreaBelow", colour(4, 5, 6)));
-  for (const auto kind : {host::WindowKind::kMixer, host::WindowKind::kDocument, host::WindowKind::kStepSequencer}) {
+  for (const auto kind : {host::WindowKind::kMixer, host::WindowKind::kArrange, host::WindowKind::kStepSequencer}) {
     const Ref<NSBitmapImageRep> bitmap = application_->draw(kind);
     long coloured = 0;
     for (long x = 0; x < bitmap->pixelsWide(); ++x) {

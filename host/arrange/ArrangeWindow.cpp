@@ -1,0 +1,167 @@
+#include "host/arrange/ArrangeWindow.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "host/app/KitWindow.h"
+#include "host/arrange/ArrangeContentsSectionView.h"
+#include "host/arrange/ArrangeTrackHeaderSectionView.h"
+#include "host/arrange/CLgArrangeView.h"
+#include "host/arrange/CLgArrangeWindowController.h"
+#include "host/arrange/CLgDocumentManager.h"
+#include "host/arrange/CLgDocwContentView.h"
+#include "host/arrange/CLgFenster.h"
+#include "host/arrange/CLgSectionView.h"
+#include "host/arrange/CLgSong.h"
+#include "host/arrange/CLgSongDocument.h"
+#include "host/arrange/GCMALineEditorTextField.h"
+#include "host/arrange/MAAccessibilityElement.h"
+#include "host/arrange/MAMixerModelAdapter.h"
+#include "host/arrange/Toolbars.h"
+#include "host/arrange/TrackHeaderConfigController.h"
+#include "standin/Mouse.h"
+
+namespace host {
+namespace {
+
+using namespace cocoa;
+
+constexpr CGSize kContentSize{1180, 700};
+constexpr double kTransportHeight = 52;
+constexpr double kSeparator = 1;
+
+Ref<NSObject> newObject(const char* className) {
+  return Ref<NSObject>::adopt(NSObject(call<"new", id>(asObject(classNamed(className)))));
+}
+
+Ref<NSView> newView(const char* className, CGRect frame) {
+  return Ref<NSView>::adopt(NSView(call<"initWithFrame:", id>(call<"alloc", id>(classNamed(className)), frame)));
+}
+
+}  // namespace
+
+ArrangeWindow::ArrangeWindow(Song& song, const HostOptions& options) : model_(song) {
+  model_.flippedHeaders = options.flippedHeaders;
+  model_.knowsControlSurfaces = options.modelAdapter;
+  fenster_ = newObject("CLgFenster");
+  stateOf<CLgFenster>(fenster_).model = &model_;
+  song_ = newObject("CLgSong");
+  stateOf<CLgSong>(song_).model = &model_;
+  docManager_ = newObject("CLgDocumentManager");
+  document_ = newObject("CLgSongDocument");
+  auto& document = stateOf<CLgSongDocument>(document_);
+  document.song = song_;
+  document.unilibDocManager = docManager_;
+  document.opened();
+  stateOf<CLgDocumentManager>(docManager_).songDocument = document_;
+  buildViews(options);
+  stateOf<CLgDocumentManager>(docManager_).view = arrange_;
+}
+
+void ArrangeWindow::buildViews(const HostOptions& options) {
+  const Song& song = model_.song;
+  window_ = openKitWindow("MAKitWindow", kContentSize, song.title + " - Tracks", options.scale);
+  call<"setSubtitle:">(window_.get(), string(std::to_string(song.tracks.size()) + " tracks"));
+  const Ref<NSView> content = newView("CLgDocwContentView", {{}, kContentSize});
+  window_->setContentView(content);
+  const double below = kContentSize.height - kTransportHeight;
+  content->addSubview(
+      drawnView(CGRectMake(0, below, kContentSize.width, kTransportHeight),
+                [&song](CGRect bounds, CGContextRef context) { drawTransport(song.arrange, bounds, context); }));
+  const CGRect panes = CGRectMake(0, 0, kContentSize.width, below - kSeparator);
+  const Ref<NSView> split = newView("MAView", panes);
+  content->addSubview(split);
+  arrange_ = newView("CLgArrangeView", panes);
+  split->addSubview(arrange_);
+  stateOf<CLgArrangeView>(arrange_).build(model_, {fenster_, docManager_, song_});
+  controller_ = newObject("CLgArrangeWindowController");
+  stateOf<CLgArrangeWindowController>(controller_).mainSplitView = split;
+  call<"setWindow:">(controller_.get(), window_.get());
+}
+
+ArrangeWindow::~ArrangeWindow() {
+  const AutoreleasePool pool;
+  // Others may hold on to these objects for longer than there is a song to show.
+  stateOf<CLgArrangeView>(arrange_).closed();
+  stateOf<CLgFenster>(fenster_).model = nullptr;
+  stateOf<CLgSong>(song_).model = nullptr;
+  stateOf<CLgSongDocument>(document_).closed();
+  stateOf<CLgSongDocument>(document_).unilibDocManager = {};
+  stateOf<CLgDocumentManager>(docManager_).view = {};
+  stateOf<CLgDocumentManager>(docManager_).songDocument = {};
+  window_->close();
+}
+
+NSView ArrangeWindow::ruler() const { return stateOf<CLgArrangeView>(arrange_).ruler(); }
+NSView ArrangeWindow::headers() const { return stateOf<CLgArrangeView>(arrange_).headers(); }
+NSView ArrangeWindow::contents() const { return stateOf<CLgArrangeView>(arrange_).contents(); }
+
+void ArrangeWindow::setZoom(double zoom) {
+  model_.song.arrange.zoom = std::isfinite(zoom) ? std::clamp(zoom, kSmallestZoom, kLargestZoom) : kSmallestZoom;
+  songChanged();
+}
+
+void ArrangeWindow::setScroll(double right, double down) {
+  model_.song.arrange.scroll = std::isfinite(right) ? right : 0;
+  stateOf<CLgArrangeView>(arrange_).layOut(std::isfinite(down) ? down : 0);
+}
+
+void ArrangeWindow::songChanged() {
+  auto& view = stateOf<CLgArrangeView>(arrange_);
+  view.layOut(view.scrolledDown());
+}
+
+void ArrangeWindow::sendMouse(NSEventType type, CGPoint point, NSUInteger buttons) {
+  const AutoreleasePool pool;
+  standin::setPressedMouseButtons(buttons);
+  window_->sendEvent(NSEvent::mouseEventWithType(type, point, 0, 0, 0, NSObject(), 0, 1, buttons == 0 ? 0.0F : 1.0F));
+}
+
+void ArrangeWindow::press(CGPoint point) { sendMouse(NSEventTypeLeftMouseDown, point, 1); }
+void ArrangeWindow::drag(CGPoint point) { sendMouse(NSEventTypeLeftMouseDragged, point, 1); }
+void ArrangeWindow::release(CGPoint point) { sendMouse(NSEventTypeLeftMouseUp, point, 0); }
+
+bool ArrangeWindow::beginRename(std::size_t track) {
+  const AutoreleasePool pool;
+  endRename();
+  if (track >= model_.song.tracks.size()) return false;
+  renamedTrack_ = track;
+  const CGRect name = stateOf<ArrangeTrackHeaderSectionView>(headers()).nameRect(track);
+  nameEditor_ = cast<NSTextField>(newView("GCMALineEditorTextField", name).get());
+  nameEditor_->setStringValue(string(model_.song.tracks[track].name));
+  headers().addSubview(nameEditor_);
+  return true;
+}
+
+void ArrangeWindow::endRename() {
+  if (!nameEditor_) return;
+  const AutoreleasePool pool;
+  if (renamedTrack_ < model_.song.tracks.size()) {
+    model_.song.tracks[renamedTrack_].name = toStdString(nameEditor_->stringValue());
+  }
+  nameEditor_->removeFromSuperview();
+  nameEditor_ = {};
+  stateOf<CLgArrangeView>(arrange_).contentsChanged();
+}
+
+void defineArrangeClasses(const HostOptions& options) {
+  constexpr void (*kDefinitions[])() = {
+      defineCLgFenster,
+      defineCLgSong,
+      defineCLgSongDocument,
+      defineCLgDocumentManager,
+      defineMAAccessibilityElement,
+      defineTrackHeaderConfigController,
+      defineGCMALineEditorTextField,
+      defineCLgDocwContentView,
+      defineCLgSectionView,
+      defineArrangeTrackHeaderSectionView,
+      defineArrangeContentsSectionView,
+      defineCLgArrangeView,
+      defineCLgArrangeWindowController,
+  };
+  for (const auto define : kDefinitions) define();
+  if (options.modelAdapter) defineMAMixerModelAdapter(options.adapterBySong);
+}
+
+}  // namespace host

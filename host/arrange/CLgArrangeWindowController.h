@@ -1,0 +1,15 @@
+#pragma once
+
+#include "cocoa/AppKit.h"
+#include "cocoa/ClassDefinition.h"
+
+namespace host {
+
+/// Controls the window of a song's document.
+struct CLgArrangeWindowController : cocoa::ObjectState {
+  cocoa::Ref<NSView> mainSplitView;  // the panes below the transport
+};
+
+void defineCLgArrangeWindowController();
+
+}  // namespace host

@@ -1,0 +1,175 @@
+#include "host/arrange/CLgSectionView.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "host/arrange/Colours.h"
+#include "host/arrange/MAAccessibilityElement.h"
+#include "host/mixer/Painter.h"
+
+namespace host {
+namespace {
+
+using namespace cocoa;
+
+constexpr CGRect kCycleStrip = {{0, 2}, {0, 10}};
+constexpr double kNumbersTop = 14;
+constexpr double kNumbersHeight = 10;
+constexpr double kTextMargin = 5;
+
+/// Draws what of the ruler lies between two x.
+class RulerDrawing {
+ public:
+  RulerDrawing(const Painter& painter, const ArrangeModel& model, CGRect dirty, double scale)
+      : painter_(painter),
+        arrange_(model.song.arrange),
+        timeline_(model.timeline),
+        from_(dirty.minX()),
+        to_(dirty.maxX()),
+        scale_(scale) {}
+
+  void draw() const {
+    painter_.fill(across(0, kRulerBaseline), look(Look::kRulerBackground));
+    painter_.fill(across(kRulerBaseline, kMarkerLaneTop), look(Look::kArrangeSeparator));
+    drawCycle();
+    drawTicks();
+    drawNumbers();
+    drawPlayhead();
+    drawMarkers();
+    drawSignature();
+  }
+
+ private:
+  [[nodiscard]] CGRect across(double top, double bottom) const { return {{from_, top}, {to_ - from_, bottom - top}}; }
+  /// The pixel column that a place lies in, so that edges are sharp.
+  [[nodiscard]] double snapped(double x) const { return std::floor(x * scale_) / scale_; }
+  [[nodiscard]] bool isVisible(double left, double right) const { return right > from_ && left < to_; }
+
+  void drawCycle() const {
+    const double left = timeline_.x(arrange_.cycle.start);
+    const double right = timeline_.x(arrange_.cycle.end);
+    if (!isVisible(left, right)) return;
+    painter_.fillRounded(CGRectMake(left, kCycleStrip.minY(), right - left, kCycleStrip.size.height), 3,
+                         look(arrange_.cycle.on ? Look::kCycleOn : Look::kCycleOff));
+  }
+
+  void drawTicks() const {
+    for (const Tick& tick : timeline_.ticks(from_, to_)) {
+      const double height = tick.kind == TickKind::kBar    ? kBarTickHeight
+                            : tick.kind == TickKind::kBeat ? kBeatTickHeight
+                                                           : kDivisionTickHeight;
+      painter_.fill(CGRectMake(snapped(tick.x), kRulerBaseline - height, 1, height), look(Look::kRulerTick));
+    }
+  }
+
+  void drawNumbers() const {
+    constexpr double kGap = 3;
+    constexpr double kWidth = 44;  // a number may begin this far to the left of what is drawn
+    const long interval = timeline_.numberInterval();
+    const auto bar = static_cast<long>(std::floor(timeline_.bar(std::max(0.0, from_ - kWidth)))) - 1;
+    const long last = std::min(static_cast<long>(std::ceil(timeline_.bar(to_))), static_cast<long>(arrange_.bars));
+    for (long number = std::max(0L, bar / interval) * interval + 1; number <= last; number += interval) {
+      const double x = snapped(timeline_.x(static_cast<double>(number)));
+      painter_.text(std::to_string(number), CGRectMake(x + kGap, kNumbersTop, kWidth, kNumbersHeight),
+                    look(Look::kRulerNumber), {.size = 9, .weight = 0.23, .alignment = TextAlignment::kLeft});
+    }
+  }
+
+  /// A thumb in the cycle strip: above what tells bars and beats.
+  void drawPlayhead() const {
+    constexpr double kHalfWidth = 5;
+    const double x = timeline_.x(arrange_.playhead);
+    if (!isVisible(x - kHalfWidth, x + kHalfWidth)) return;
+    CGContextBeginPath(painter_.context());
+    CGContextMoveToPoint(painter_.context(), x - kHalfWidth, 3);
+    CGContextAddLineToPoint(painter_.context(), x + kHalfWidth, 3);
+    CGContextAddLineToPoint(painter_.context(), x, 13);
+    CGContextClosePath(painter_.context());
+    CGContextSetFillColorWithColor(painter_.context(), look(Look::kArrangePlayhead).CGColor());
+    CGContextFillPath(painter_.context());
+  }
+
+  void drawMarkers() const {
+    painter_.fill(across(kMarkerLaneTop, kMarkerLaneBottom), look(Look::kMarkerGap));
+    for (const Marker& marker : arrange_.markers) {
+      const double left = snapped(timeline_.x(marker.start));
+      const double right = snapped(timeline_.x(marker.end));
+      if (isVisible(left, right)) drawMarker(marker, left, right);
+    }
+  }
+
+  void drawMarker(const Marker& marker, double left, double right) const {
+    const CGRect cell = CGRectMake(left, kMarkerLaneTop, right - left, kMarkerLaneBottom - kMarkerLaneTop);
+    painter_.fill(cell, marker.colour ? asColour(*marker.colour) : look(Look::kMarkerGrey));
+    const bool bright = marker.colour && luminance(*marker.colour) > kBright;
+    const CGRect room = CGRectMake(left + kTextMargin, cell.minY(), right - left - kTextMargin, cell.size.height);
+    if (room.isEmpty()) return;
+    painter_.text(marker.name, room, bright ? NSColor::blackColor() : NSColor::whiteColor(),
+                  {.size = 9, .weight = 0.23, .alignment = TextAlignment::kLeft});
+  }
+
+  /// The signature at the song's beginning; the lane around it is see-through.
+  void drawSignature() const {
+    constexpr double kWidth = 60;
+    if (!isVisible(0, kWidth)) return;
+    painter_.text(std::to_string(arrange_.beatsPerBar) + "/4   C major",
+                  CGRectMake(kTextMargin, kMarkerLaneBottom, kWidth, kRulerHeight - kMarkerLaneBottom),
+                  look(Look::kRulerText), {.size = 9, .alignment = TextAlignment::kLeft});
+  }
+
+  const Painter& painter_;
+  const Arrangement& arrange_;
+  const Timeline& timeline_;
+  double from_;
+  double to_;
+  double scale_;
+};
+
+}  // namespace
+
+void CLgSectionView::drawRect(CGRect dirty) {
+  if (model == nullptr || section != kRulerSection) return;
+  const NSGraphicsContext graphics = NSGraphicsContext::currentContext();
+  RulerDrawing(Painter(graphics.CGContext(), graphics.isFlipped()), *model, dirty, scale()).draw();
+}
+
+NSString CLgSectionView::accessibilityRole() { return literal<"AXLayoutArea">(); }
+
+NSObject CLgSectionView::accessibilityAttributeValue(NSString name) {
+  const std::string wanted = toStdString(name);
+  if (wanted == "AXRole") return call<"accessibilityRole", NSObject>(self);
+  if (wanted == "AXChildren") return call<"accessibilityChildren", NSObject>(self);
+  return {};
+}
+
+void CLgSectionView::forgetElements() {
+  if (elements_) detachElements(elements_);
+  elements_ = {};
+}
+
+void CLgSectionView::closed() {
+  forgetElements();
+  parentView = docManager = song = {};
+  model = nullptr;
+}
+
+double CLgSectionView::scale() const {
+  const NSWindow window = NSView(self).window();
+  return window ? window.backingScaleFactor() : 1;
+}
+
+void defineCLgSectionView() {
+  ClassDefinition<CLgSectionView>("CLgSectionView", "MAView")
+      .getter<"section", &CLgSectionView::section>()
+      .getter<"parentView", &CLgSectionView::parentView>()
+      .getter<"docManager", &CLgSectionView::docManager>()
+      .getter<"song", &CLgSectionView::song>()
+      .method<"isFlipped", &CLgSectionView::isFlipped>()
+      .method<"drawRect:", &CLgSectionView::drawRect>()
+      .method<"accessibilityRole", &CLgSectionView::accessibilityRole>()
+      .method<"accessibilityChildren", &CLgSectionView::accessibilityChildren>()
+      .method<"accessibilityAttributeValue:", &CLgSectionView::accessibilityAttributeValue>()
+      .registered();
+}
+
+}  // namespace host
