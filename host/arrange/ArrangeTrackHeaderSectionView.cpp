@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "host/arrange/CLgArrangeView.h"
 #include "host/arrange/CLgSectionView.h"
@@ -25,6 +26,7 @@ constexpr double kNameHeight = 15;
 constexpr double kButtonWidth = 18;
 constexpr double kButtonPitch = 20;
 constexpr double kButtonHeight = 13;
+constexpr double kButtonGap = 2;
 constexpr double kDisclosureWidth = 12;
 
 /// A header as it is laid out: from its top left corner downwards.
@@ -37,6 +39,14 @@ struct Header {
   }
   [[nodiscard]] double height() const { return frame.size.height; }
   [[nodiscard]] bool isTall() const { return height() >= kTallHeader; }
+  /// Where the name begins, with the buttons below it when the header is tall.
+  [[nodiscard]] double nameTop() const {
+    const double block = isTall() ? kNameHeight + kButtonGap + kButtonHeight : kNameHeight;
+    return std::floor((height() - 1 - block) / 2);
+  }
+  [[nodiscard]] double buttonTop() const {
+    return isTall() ? nameTop() + kNameHeight + kButtonGap : std::floor((height() - 1 - kButtonHeight) / 2);
+  }
 };
 
 /// Where the parts of a header begin, from left to right.
@@ -73,24 +83,19 @@ constexpr std::array<Button, 4> kButtons{{{"M", &Track::muted, Look::kMuteOn},
 
 /// The buttons of a header: in the lower row of a tall one, else at the right.
 CGRect buttonRect(const Header& header, const Columns& columns, std::size_t index) {
-  const double step = kButtonPitch * static_cast<double>(index);
-  if (header.isTall())
-    return header.at(columns.name + step, header.height() - kButtonHeight - 3, kButtonWidth, kButtonHeight);
-  const double left = header.frame.size.width - kGap - kButtonPitch * static_cast<double>(kButtons.size());
-  return header.at(left + step, (header.height() - kButtonHeight) / 2, kButtonWidth, kButtonHeight);
+  const double all = kButtonPitch * static_cast<double>(kButtons.size());
+  const double left = header.isTall() ? columns.name : header.frame.size.width - kGap - all;
+  return header.at(left + kButtonPitch * static_cast<double>(index), header.buttonTop(), kButtonWidth, kButtonHeight);
 }
 
 CGRect textRect(const Header& header, const Columns& columns, const Track& track) {
   const double left = columns.name + (track.folder ? kDisclosureWidth : 0);
-  const double width = header.frame.size.width - left - kGap;
-  if (header.isTall()) return header.at(left, 2, width, kNameHeight);
-  const double buttons = kButtonPitch * static_cast<double>(kButtons.size());
-  return header.at(left, (header.height() - kNameHeight) / 2, std::max(0.0, width - buttons), kNameHeight);
+  const double right = kGap + (header.isTall() ? 0 : kButtonPitch * static_cast<double>(kButtons.size()));
+  return header.at(left, header.nameTop(), std::max(0.0, header.frame.size.width - left - right), kNameHeight);
 }
 
 CGRect disclosureRect(const Header& header, const Columns& columns) {
-  return header.at(columns.name, header.isTall() ? 2 : (header.height() - kNameHeight) / 2, kDisclosureWidth,
-                   kNameHeight);
+  return header.at(columns.name, header.nameTop(), kDisclosureWidth, kNameHeight);
 }
 
 /// Draws the parts of one header.
@@ -172,7 +177,7 @@ class HeaderDrawing {
     const double width = header_.frame.size.width - left - 8;
     if (width < 2 * kThumb) return;
     const double level = std::clamp((track_.volume - kSoftest) / (kLoudest - kSoftest), 0.0, 1.0);
-    const double y = header_.height() - 3 - kButtonHeight / 2;
+    const double y = header_.buttonTop() + kButtonHeight / 2;
     painter_.fillRounded(header_.at(left, y - 1.5, width, 3), 1.5, look(Look::kArrangeVolumeTrack));
     painter_.fillRounded(header_.at(left, y - 1.5, width * level, 3), 1.5, look(Look::kArrangeVolume));
     painter_.fillEllipse(header_.at(left + (width - kThumb) * level, y - kThumb / 2, kThumb, kThumb),
@@ -191,8 +196,7 @@ class HeaderDrawing {
 Ref<NSArray> makeButtonElements(NSView view, const Header& header, const Columns& columns, const Track& track) {
   const auto list = NSMutableArray::array();
   if (track.folder) {
-    list.addObject(
-        makeAccessibilityElement(view, NSAccessibilityDisclosureTriangleRole, disclosureRect(header, columns)));
+    list.addObject(makeAccessibilityElement(view, literal<"AXDisclosureTriangle">(), disclosureRect(header, columns)));
   }
   for (std::size_t i = 0; i < kButtons.size(); ++i) {
     const auto button = makeAccessibilityElement(view, literal<"AXButton">(), buttonRect(header, columns, i));
@@ -260,7 +264,7 @@ NSArray ArrangeTrackHeaderSectionView::accessibilityChildren() {
     for (std::size_t row = 0; row < model.song.tracks.size(); ++row) {
       const Track& track = model.song.tracks[row];
       const Header header{headerRect(row), isFlipped() != 0};
-      const auto made = makeAccessibilityElement(view, NSAccessibilityGroupRole, header.frame);
+      const auto made = makeAccessibilityElement(view, literal<"AXGroup">(), header.frame);
       auto& element = stateOf<MAAccessibilityElement>(made);
       element.selected = track.selected;
       element.makeDescription = [&track, row] { return trackDescription(row + 1, string(track.name)); };
