@@ -23,16 +23,23 @@ void storeSelectedTheme(const char* name) {
   call<"synchronize", BOOL>(suite.get().object);
 }
 
-bool linkThemeFile(const std::string& themeFolder, std::string& error) {
+/// Puts a link to `target` at a path of the plug-in's folder; "" removes what stands there.
+bool linkFile(const fs::path& target, const char* name, std::string& error) {
   const fs::path folder = applicationSupport() + "/Velura";
   std::error_code failure;
   fs::create_directories(folder, failure);
-  if (!failure) fs::remove(folder / "PluginHelper.plist", failure);
-  if (!failure) {
-    fs::create_symlink(fs::absolute(themeFolder) / "PluginHelper.plist", folder / "PluginHelper.plist", failure);
-  }
-  if (failure) error = folder.string() + ": " + failure.message();
+  if (!failure) fs::remove(folder / name, failure);
+  if (!failure && !target.empty()) fs::create_symlink(fs::absolute(target), folder / name, failure);
+  if (failure) error = (folder / name).string() + ": " + failure.message();
   return !failure;
+}
+
+bool linkSettings(const SessionOptions& options, std::string& error) {
+  const bool hasTheme = options.theming == Theming::kTheme;
+  return linkFile(hasTheme ? fs::path(options.themeFolder) / "PluginHelper.plist" : fs::path(), "PluginHelper.plist",
+                  error) &&
+         linkFile(options.gridSettings, "grid-settings.plist", error) &&
+         linkFile(options.themeState, "theme-state.plist", error);
 }
 
 void openCompanionBundle(const std::string& themeFolder) {
@@ -49,6 +56,10 @@ std::string SessionOptions::defaultBundlePath() {
 
 bool selectTheme(const SessionOptions& options, std::string& error) {
   const AutoreleasePool pool;
+  if (options.tracksBackground) {
+    NSUserDefaults::standardUserDefaults().setInteger(*options.tracksBackground, literal<"TracksBackgroundMode">());
+  }
+  if (!linkSettings(options, error)) return false;
   if (options.theming != Theming::kTheme) {
     storeSelectedTheme("Default");
     return true;
@@ -56,7 +67,7 @@ bool selectTheme(const SessionOptions& options, std::string& error) {
   storeSelectedTheme(
       fs::path(options.themeFolder).filename().empty() ? "Custom" : fs::path(options.themeFolder).filename().c_str());
   openCompanionBundle(options.themeFolder);
-  return linkThemeFile(options.themeFolder, error);
+  return true;
 }
 
 std::unique_ptr<host::Application> startSession(const SessionOptions& options, host::Song song, std::string& error) {
@@ -68,13 +79,17 @@ std::unique_ptr<host::Application> startSession(const SessionOptions& options, h
   return application;
 }
 
-std::string windowAsPng(host::Application& application, host::WindowKind window) {
+std::string drawnAsPng(host::Application& application, host::WindowKind window) {
   const AutoreleasePool pool;
-  constexpr NSUInteger kPng = 4;
   application.runFrame();
   const Ref<NSBitmapImageRep> bitmap = application.draw(window);
-  const auto data = call<"representationUsingType:properties:", NSData>(bitmap.get(), kPng, NSDictionary::dictionary());
+  const NSData data = bitmap->representationUsingType(NSBitmapImageFileTypePNG, NSDictionary::dictionary());
   return data ? std::string(static_cast<const char*>(data.bytes()), data.length()) : std::string();
+}
+
+std::string windowAsPng(host::Application& application, host::WindowKind window) {
+  application.settle(window);
+  return drawnAsPng(application, window);
 }
 
 }  // namespace session

@@ -2,6 +2,7 @@
 // One run of the host with a theme: what the companion application would have set up on a user's machine.
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "host/app/Application.h"
@@ -18,6 +19,11 @@ struct SessionOptions {
   Theming theming = Theming::kWithoutBundle;
   /// Holds "PluginHelper.plist" and "Companion.bundle". Used with `kTheme` only.
   std::string themeFolder;
+  /// Files that stand at the plug-in's paths for grid settings and theme state; "" for none. They are linked,
+  /// so that the plug-in sees their changes.
+  std::string gridSettings;
+  std::string themeState;
+  std::optional<long> tracksBackground;  // the user's choice of workspace: 0 dark, 1 bright, 2 the host's
   host::HostOptions host;
   std::string bundlePath = defaultBundlePath();
 
@@ -34,7 +40,10 @@ bool selectTheme(const SessionOptions& options, std::string& error);
 /// Null, with `error` set, when one of it cannot be done.
 std::unique_ptr<host::Application> startSession(const SessionOptions& options, host::Song song, std::string& error);
 
-/// Draws a window once nothing is due any more: PNG bytes, "" when it cannot be drawn at that size.
+/// Draws a window as it is now: PNG bytes, "" when it cannot be drawn at that size.
+std::string drawnAsPng(host::Application& application, host::WindowKind window);
+
+/// The same once nothing is due any more.
 std::string windowAsPng(host::Application& application, host::WindowKind window);
 
 }  // namespace session

@@ -5,28 +5,47 @@
 #include <cstdio>
 #include <cstring>
 #include <map>
+#include <optional>
 
+#include "cli/GridFile.h"
 #include "cli/KeyTable.h"
 #include "cli/PrivateFolders.h"
 #include "cli/Session.h"
 #include "cli/ThemeCheck.h"
+#include "cli/Watch.h"
 #include "plugin/files/AtomicWrite.h"
+#include "plugin/theme/PropertyListReader.h"
+#include "standin/Desk.h"
+#include "standin/Mouse.h"
 
 namespace {
 
 enum ExitCode { kDone = 0, kFailed = 1, kWrongUsage = 2 };
 
-struct RenderArguments {
+/// What `render` and `watch` have in common.
+struct HostArguments {
   std::string theme;
   std::string song;
   std::string window = "mixer";
   std::string out;
   int scale = 1;
   std::string hostVersion = "11.1.2";
+  std::string grid;
+  std::string state;
+  std::optional<double> zoom;
+  std::optional<double> scroll;
+  std::optional<long> tracksBackground;
+  std::string mouse = "up";
+};
+
+struct GridArguments {
+  std::string file = "grid-settings.plist";
+  std::vector<std::string> edits;
+  bool listsKeys = false;
 };
 
 const std::map<std::string, host::WindowKind> kWindows{{"mixer", host::WindowKind::kMixer},
-                                                       {"document", host::WindowKind::kDocument},
+                                                       {"arrange", host::WindowKind::kArrange},
                                                        {"step-sequencer", host::WindowKind::kStepSequencer}};
 
 int fail(const std::string& message) {
@@ -34,9 +53,13 @@ int fail(const std::string& message) {
   return kFailed;
 }
 
-session::SessionOptions sessionOptions(const RenderArguments& arguments) {
+session::SessionOptions sessionOptions(const HostArguments& arguments) {
   session::SessionOptions options;
-  options.host = {.version = arguments.hostVersion, .scale = static_cast<double>(arguments.scale)};
+  options.host.version = arguments.hostVersion;
+  options.host.scale = static_cast<double>(arguments.scale);
+  options.gridSettings = arguments.grid;
+  options.themeState = arguments.state;
+  options.tracksBackground = arguments.tracksBackground;
   if (arguments.theme == "default") {
     options.theming = session::Theming::kDefaultTheme;
   } else if (arguments.theme != "none") {
@@ -46,25 +69,78 @@ session::SessionOptions sessionOptions(const RenderArguments& arguments) {
   return options;
 }
 
-int render(const RenderArguments& arguments) {
-  std::string error;
+bool checkedTheme(const session::SessionOptions& options, std::string& error) {
+  if (options.theming != session::Theming::kTheme) return true;
+  std::vector<std::string> warnings;
+  if (!session::checkTheme(options.themeFolder, error, warnings)) return false;
+  for (const std::string& warning : warnings) std::fprintf(stderr, "velura: warning: %s\n", warning.c_str());
+  return true;
+}
+
+/// Whether a settings file can be read; a file that is not named can.
+bool isReadableList(const std::string& path, std::string& error) {
+  if (path.empty() || velura::readPropertyList(path.c_str())) return true;
+  error = path + ": not a property list";
+  return false;
+}
+
+/// Nobody sits at this screen: an alert is ended by its default button, and named.
+NSUInteger endAlert(NSAlert alert) {
+  const auto button = cocoa::cast<NSButton>(alert.buttons().objectAtIndex(0));
+  std::fprintf(stderr, "velura: alert \"%s\" answered with \"%s\"\n", cocoa::toStdString(alert.messageText()).c_str(),
+               cocoa::toStdString(button.title()).c_str());
+  return 0;
+}
+
+/// The host as the arguments ask for it; null, with `error` set, when one of them cannot be met.
+std::unique_ptr<host::Application> startHost(const HostArguments& arguments, std::string& error) {
   const session::SessionOptions options = sessionOptions(arguments);
-  if (options.theming == session::Theming::kTheme) {
-    std::vector<std::string> warnings;
-    if (!session::checkTheme(options.themeFolder, error, warnings)) return fail(error);
-    for (const std::string& warning : warnings) std::fprintf(stderr, "velura: warning: %s\n", warning.c_str());
-  }
+  if (!checkedTheme(options, error)) return nullptr;
   auto song = host::readSong(arguments.song, error);
-  if (!song) return fail(error);
-  const auto application = session::startSession(options, std::move(*song), error);
+  if (!song) return nullptr;
+  if (arguments.zoom) song->arrange.zoom = *arguments.zoom;
+  if (arguments.scroll) song->arrange.scroll = *arguments.scroll;
+  standin::setAlertAnswer(endAlert);
+  return session::startSession(options, std::move(*song), error);
+}
+
+int render(const HostArguments& arguments) {
+  std::string error;
+  if (!isReadableList(arguments.grid, error) || !isReadableList(arguments.state, error)) return fail(error);
+  const auto application = startHost(arguments, error);
   if (!application) return fail(error);
-  const std::string png = session::windowAsPng(*application, kWindows.at(arguments.window));
+  const host::WindowKind window = kWindows.at(arguments.window);
+  std::string png = session::windowAsPng(*application, window);
+  if (arguments.mouse == "down") {
+    standin::setPressedMouseButtons(1);
+    png = session::drawnAsPng(*application, window);
+  }
   if (png.empty()) return fail(arguments.out + ": the window cannot be drawn at this size");
   errno = 0;
   if (!velura::writeAtomically(arguments.out, png)) {
     return fail(arguments.out + ": cannot be written: " + std::strerror(errno));
   }
   std::printf("%s\n", arguments.out.c_str());
+  return kDone;
+}
+
+int watch(const HostArguments& arguments) {
+  std::string error;
+  const auto application = startHost(arguments, error);
+  if (!application) return fail(error);
+  const session::WatchOptions options{kWindows.at(arguments.window), arguments.grid, arguments.out};
+  return session::watch(*application, options, error) ? kDone : fail(error);
+}
+
+int editGrid(const GridArguments& arguments) {
+  if (arguments.listsKeys) {
+    std::printf("%s", session::gridKeyTable().c_str());
+    return kDone;
+  }
+  std::string error;
+  if (!arguments.edits.empty() && !session::editGridFile(arguments.file, arguments.edits, error)) return fail(error);
+  if (!isReadableList(arguments.file, error)) return fail(error);
+  std::printf("%s", session::gridFileText(arguments.file).c_str());
   return kDone;
 }
 
@@ -76,11 +152,18 @@ Examples:
       the mixer as the theme shows it, for a screen of two pixels per point
   velura render --theme default --song songs/night-drive.json --window step-sequencer --out steps.png
       the plug-in loaded, the selected theme "Default": the host keeps its own look
+  velura grid enabled=true colorMode=2 markerBandsEnabled=true
+      writes grid-settings.plist in the current folder
+  velura render --theme themes/prism --song songs/night-drive.json --window arrange \
+      --grid grid-settings.plist --out arrange.png
+  velura watch --theme themes/prism --song songs/night-drive.json --window arrange \
+      --grid grid-settings.plist --out arrange.png
+      draws anew whenever `velura grid` changes the settings
 
 Exit status: 0 done; 1 it could not be done, one line on stderr says why; 2 wrong usage.
 )";
 
-void describeRender(CLI::App& command, RenderArguments& arguments) {
+void describeHost(CLI::App& command, HostArguments& arguments) {
   command
       .add_option("--theme", arguments.theme,
                   "Folder with PluginHelper.plist and Companion.bundle; \"none\" leaves the plug-in out; "
@@ -89,13 +172,29 @@ void describeRender(CLI::App& command, RenderArguments& arguments) {
   command.add_option("--song", arguments.song, "The song to open: a JSON file, see docs/development.md")->required();
   command.add_option("--out", arguments.out, "The PNG file to write")->required();
   command.add_option("--window", arguments.window, "Which window to draw")
-      ->check(CLI::IsMember(std::vector<std::string>{"mixer", "document", "step-sequencer"}))
+      ->check(CLI::IsMember(std::vector<std::string>{"mixer", "arrange", "step-sequencer"}))
       ->capture_default_str();
   command.add_option("--scale", arguments.scale, "Pixels per point")
       ->check(CLI::IsMember(std::vector<int>{1, 2}))
       ->capture_default_str();
   command.add_option("--host-version", arguments.hostVersion, "The version that the host says it is")
       ->capture_default_str();
+  command.add_option("--grid", arguments.grid, "Grid settings file: bars, beats, divisions and marker bands");
+  command.add_option("--state", arguments.state, "Theme state file");
+  command.add_option("--zoom", arguments.zoom, "Points per bar of the arrange window, in place of the song's")
+      ->check(CLI::Range(host::kSmallestZoom, host::kLargestZoom));
+  command.add_option("--scroll", arguments.scroll, "Points that the arrange window is scrolled to the right")
+      ->check(CLI::NonNegativeNumber);
+  command
+      .add_option("--tracks-background", arguments.tracksBackground, "Workspace: 0 dark, 1 bright, 2 the host's own")
+      ->check(CLI::Range(0, 2));
+}
+
+void describeGrid(CLI::App& command, GridArguments& arguments) {
+  command.add_option("settings", arguments.edits, "What to change, each KEY=VALUE; nothing to show the settings")
+      ->option_text("KEY=VALUE...");
+  command.add_option("--file", arguments.file, "The settings file")->capture_default_str();
+  command.add_flag("--keys", arguments.listsKeys, "List the keys, as a Markdown table");
 }
 
 }  // namespace
@@ -104,20 +203,33 @@ int main(int argc, char** argv) {
   CLI::App app{"Velura: themes a digital audio workstation. This command draws themed windows of a simulated host."};
   app.footer(kExamples);
   app.require_subcommand(1);
-  RenderArguments arguments;
-  CLI::App* command = app.add_subcommand("render", "Draw a window of the host into a PNG file");
-  command->footer(kExamples);
-  describeRender(*command, arguments);
-  const CLI::App* keys = app.add_subcommand("keys", "List the keys of a theme settings file, as Markdown tables");
+  HostArguments arguments;
+  CLI::App* renderCommand = app.add_subcommand("render", "Draw a window of the host into a PNG file");
+  renderCommand->footer(kExamples);
+  describeHost(*renderCommand, arguments);
+  renderCommand->add_option("--mouse", arguments.mouse, "Whether the primary mouse button is held down")
+      ->check(CLI::IsMember(std::vector<std::string>{"down", "up"}))
+      ->capture_default_str();
+  CLI::App* watchCommand =
+      app.add_subcommand("watch", "Keep the host running and draw the window anew at every change, until interrupted");
+  watchCommand->footer(kExamples);
+  describeHost(*watchCommand, arguments);
+  const CLI::App* keysCommand =
+      app.add_subcommand("keys", "List the keys of a theme settings file, as Markdown tables");
+  GridArguments gridArguments;
+  CLI::App* gridCommand = app.add_subcommand("grid", "Change the settings of the grid and the marker bands");
+  gridCommand->footer(kExamples);
+  describeGrid(*gridCommand, gridArguments);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& problem) {
     return app.exit(problem) == 0 ? kDone : kWrongUsage;
   }
-  if (keys->parsed()) {
+  if (keysCommand->parsed()) {
     std::printf("%s", session::keyTables().c_str());
     return kDone;
   }
+  if (gridCommand->parsed()) return editGrid(gridArguments);
   session::enterPrivateFolders(argv);
-  return render(arguments);
+  return watchCommand->parsed() ? watch(arguments) : render(arguments);
 }

@@ -1,0 +1,164 @@
+#include "plugin/arrange/BandWalk.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "tests/arrange/PaintedRuler.h"
+
+namespace {
+
+using support::PaintedRuler;
+using support::RulerColour;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using velura::BandColour;
+using velura::BandSegment;
+using velura::readMarkerLane;
+
+constexpr RulerColour kRed{200, 40, 40};
+constexpr RulerColour kGreen{40, 180, 60};
+constexpr RulerColour kBlue{50, 70, 210};
+constexpr RulerColour kGrey{120, 120, 120};
+
+constexpr BandColour toBand(RulerColour colour) { return {colour.red, colour.green, colour.blue}; }
+BandSegment coloured(double start, RulerColour colour) { return {start, toBand(colour)}; }
+BandSegment grey(double start) { return {start, std::nullopt}; }
+
+PaintedRuler laneOf(long width = 200) { return {width, 60}; }
+
+TEST(BandWalk, ReadsMarkersAndGapsFromLeftToRight) {
+  PaintedRuler ruler = laneOf();
+  ruler.fill(10, 60, 40, 58, kRed).fill(60, 110, 40, 58, kGreen).fill(130, 180, 40, 58, kBlue);
+  const auto lane = readMarkerLane(ruler.pixels(300), 290);
+  ASSERT_TRUE(lane.chosen);
+  EXPECT_EQ(lane.chosen->rows, (velura::BandRows{40, 57}));
+  EXPECT_EQ(lane.chosen->score, 3);
+  EXPECT_THAT(lane.segments, ElementsAre(grey(10), coloured(20, kRed), coloured(70, kGreen), grey(120),
+                                         coloured(140, kBlue), grey(190)));
+}
+
+TEST(BandWalk, TellsColoursFromGreys) {
+  const auto isColoured = [](int r, int g, int b) {
+    const std::uint8_t pixel[] = {static_cast<std::uint8_t>(r), static_cast<std::uint8_t>(g),
+                                  static_cast<std::uint8_t>(b)};
+    return velura::isColoured(pixel);
+  };
+  EXPECT_TRUE(isColoured(123, 100, 100));
+  EXPECT_FALSE(isColoured(122, 100, 100)) << "a spread of 22 is grey";
+  EXPECT_TRUE(isColoured(31, 0, 0));
+  EXPECT_FALSE(isColoured(30, 0, 0)) << "too dark";
+  EXPECT_FALSE(isColoured(250, 205, 205)) << "a saturation of 0.18 is grey";
+  EXPECT_TRUE(isColoured(250, 204, 204));
+  EXPECT_FALSE(isColoured(0, 0, 0));
+}
+
+TEST(BandWalk, IgnoresTheTopStripThinLinesAndLanesWithoutColour) {
+  PaintedRuler top = laneOf();
+  top.fill(0, 200, 14, 40, kRed);
+  EXPECT_FALSE(readMarkerLane(top.pixels(), 0).chosen);
+  EXPECT_TRUE(readMarkerLane(top.pixels(), 0).bands.front().inTopStrip);
+  PaintedRuler below = laneOf();
+  below.fill(0, 200, 15, 40, kRed);
+  EXPECT_TRUE(readMarkerLane(below.pixels(), 0).chosen);
+  PaintedRuler thin = laneOf();
+  thin.fill(0, 200, 30, 31, kRed);
+  EXPECT_THAT(readMarkerLane(thin.pixels(), 0).bands, IsEmpty());
+  PaintedRuler few = laneOf();  // 200 columns: 100 looked at, four coloured ones make a row coloured
+  few.fill(0, 6, 40, 58, kRed);
+  EXPECT_THAT(readMarkerLane(few.pixels(), 0).bands, IsEmpty());
+  few.fill(6, 7, 40, 58, kRed);
+  EXPECT_EQ(readMarkerLane(few.pixels(), 0).bands.size(), 1U);
+  PaintedRuler wide(1001, 60);  // 501 looked at: ten
+  EXPECT_EQ(readMarkerLane(wide.pixels(), 0).rowThreshold, 10);
+  EXPECT_EQ(readMarkerLane(few.pixels(), 0).rowThreshold, 4);
+}
+
+TEST(BandWalk, ChoosesTheLaneOfMostColoursTheUpperOfEquals) {
+  PaintedRuler ruler(200, 100);
+  ruler.fill(0, 100, 20, 30, kRed).fill(100, 200, 20, 30, kGreen);
+  ruler.fill(0, 100, 40, 50, kBlue).fill(100, 200, 40, 50, kGreen);
+  EXPECT_EQ(readMarkerLane(ruler.pixels(), 0).chosen->rows.top, 20);
+  ruler.fill(150, 200, 40, 50, kRed);
+  EXPECT_EQ(readMarkerLane(ruler.pixels(), 0).chosen->rows.top, 40);
+}
+
+TEST(BandWalk, LettersNeitherSplitNorRecolourACell) {
+  PaintedRuler ruler = laneOf();
+  ruler.fill(0, 200, 40, 58, kRed);
+  ruler.fill(20, 22, 44, 54, {255, 255, 255});  // a stem that covers part of the column
+  ruler.fill(30, 33, 40, 58, {60, 200, 220});   // another colour for fewer than five columns
+  ruler.fill(50, 51, 40, 58, kGrey);            // a column without colour
+  EXPECT_THAT(readMarkerLane(ruler.pixels(), 0).segments, ElementsAre(coloured(0, kRed), coloured(51, kRed)));
+  PaintedRuler change = laneOf();
+  change.fill(0, 200, 40, 58, kRed).fill(80, 85, 40, 58, kGreen);
+  EXPECT_THAT(readMarkerLane(change.pixels(), 0).segments,
+              ElementsAre(coloured(0, kRed), coloured(80, kGreen), coloured(85, kRed)))
+      << "five columns make a run";
+  PaintedRuler gap = laneOf();
+  gap.fill(0, 200, 40, 58, kRed).fill(80, 84, 40, 58, kGrey);
+  EXPECT_THAT(readMarkerLane(gap.pixels(), 0).segments, ElementsAre(coloured(0, kRed), coloured(84, kRed)));
+  gap.fill(84, 85, 40, 58, kGrey);
+  EXPECT_THAT(readMarkerLane(gap.pixels(), 0).segments, ElementsAre(coloured(0, kRed), grey(80), coloured(85, kRed)));
+}
+
+TEST(BandWalk, AColumnTakesTheMedianOfItsColouredPixels) {
+  PaintedRuler ruler(40, 60);
+  ruler.fill(0, 40, 40, 44, {90, 0, 0}).fill(0, 40, 44, 47, {150, 0, 0}).fill(0, 40, 47, 50, {210, 0, 0});
+  EXPECT_THAT(velura::VLRMBWalkBand(ruler.pixels(), {40, 49}, 0), ElementsAre(coloured(0, {150, 0, 0})));
+  // A quarter of the pixels, and two at least, must be coloured.
+  PaintedRuler sparse(40, 60);
+  sparse.fill(0, 40, 40, 41, kRed);
+  EXPECT_THAT(velura::VLRMBWalkBand(sparse.pixels(), {40, 43}, 0), ElementsAre(grey(0)));
+  sparse.fill(0, 40, 41, 42, kRed);
+  EXPECT_THAT(velura::VLRMBWalkBand(sparse.pixels(), {40, 47}, 0), ElementsAre(coloured(0, kRed)));
+  EXPECT_THAT(velura::VLRMBWalkBand(sparse.pixels(), {40, 51}, 0), ElementsAre(grey(0)));
+}
+
+TEST(BandWalk, LeavesOutWhatStartsLeftOfTheView) {
+  PaintedRuler ruler = laneOf();
+  ruler.fill(0, 98, 40, 58, kRed).fill(98, 200, 40, 58, kBlue);
+  EXPECT_THAT(readMarkerLane(ruler.pixels(0), 100).segments, ElementsAre(coloured(-2, kBlue)));
+  EXPECT_THAT(readMarkerLane(ruler.pixels(0), 100.5).segments, IsEmpty());
+  EXPECT_FALSE(readMarkerLane(ruler.pixels(0), 100.5).chosen) << "no colour counts that is out of sight";
+}
+
+TEST(BandWalk, CountsColoursInCoarseStepsUpToTwentyFour) {
+  PaintedRuler alike(200, 60);
+  alike.fill(0, 100, 40, 58, {100, 20, 20}).fill(100, 200, 40, 58, {143, 20, 20});
+  EXPECT_EQ(velura::distinctColoursAlong(alike.pixels(), {40, 57}, 0), 1);
+  PaintedRuler many(3000, 60);
+  for (long i = 0; i < 60; ++i) {
+    const auto red = static_cast<std::uint8_t>(60 + i % 5 * 48);
+    const auto green = static_cast<std::uint8_t>(i / 5 % 5 * 48);
+    const auto blue = static_cast<std::uint8_t>(i % 2 * 255);
+    many.fill(i * 50, i * 50 + 50, 40, 58, {red, green, blue});
+  }
+  EXPECT_EQ(velura::distinctColoursAlong(many.pixels(), {40, 57}, 0), 24);
+}
+
+TEST(BandWalk, SignatureRoundsPositionsAndColours) {
+  EXPECT_EQ(velura::signatureOf({coloured(21.9, {200, 40, 15}), grey(-1.5)}), "10:12,2,0;0:n;");
+  EXPECT_EQ(velura::signatureOf({}), "");
+  EXPECT_EQ(velura::signatureOf({grey(1e300)}), velura::signatureOf({grey(1e301)}));
+}
+
+TEST(BandWalk, SurvivesAnyPixels) {
+  std::mt19937 random(11);
+  for (const long width : {1L, 2L, 5L, 333L, 20'000L}) {
+    for (const long height : {1L, 2L, 30L, 400L}) {
+      if (width * height > 2'000'000) continue;
+      std::vector<std::uint8_t> bytes(static_cast<std::size_t>(width * height * 4));
+      for (auto& byte : bytes) byte = static_cast<std::uint8_t>(random());
+      for (const double scale : {1e-9, 1.0, 1e15}) {
+        const velura::RulerPixels pixels{bytes.data(), width, height, width * 4, 4, scale, 3};
+        EXPECT_LE(readMarkerLane(pixels, 0).segments.size(), static_cast<std::size_t>(width) * 2 + 2);
+      }
+    }
+  }
+  EXPECT_THAT(velura::VLRMBWalkBand(laneOf().pixels(), {-1, 5}, 0), IsEmpty());
+  EXPECT_THAT(velura::VLRMBWalkBand(laneOf().pixels(), {5, 60}, 0), IsEmpty());
+}
+
+}  // namespace

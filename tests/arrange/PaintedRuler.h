@@ -1,0 +1,63 @@
+#pragma once
+// A ruler painted pixel by pixel, for what reads rulers.
+
+#include <cstdint>
+#include <vector>
+
+#include "plugin/arrange/RulerPixels.h"
+
+namespace support {
+
+struct RulerColour {
+  std::uint8_t red;
+  std::uint8_t green;
+  std::uint8_t blue;
+};
+
+class PaintedRuler {
+ public:
+  PaintedRuler(long width, long height, RulerColour background = {60, 60, 60}, double pixelsPerPoint = 1)
+      : width_(width),
+        height_(height),
+        pixelsPerPoint_(pixelsPerPoint),
+        bytes_(static_cast<std::size_t>(width * height * 4)) {
+    fill(0, width, 0, height, background);
+  }
+
+  /// Columns and rows from the first to, not including, the last.
+  PaintedRuler& fill(long left, long right, long top, long bottom, RulerColour colour) {
+    for (long y = top; y < bottom; ++y) {
+      for (long x = left; x < right; ++x) {
+        std::uint8_t* pixel = bytes_.data() + (y * width_ + x) * 4;
+        pixel[0] = colour.red;
+        pixel[1] = colour.green;
+        pixel[2] = colour.blue;
+        pixel[3] = 255;
+      }
+    }
+    return *this;
+  }
+
+  /// A tick that stands on the last row.
+  PaintedRuler& tick(long column, long height, RulerColour colour = {200, 200, 200}, long wide = 1) {
+    return fill(column, column + wide, height_ - height, height_, colour);
+  }
+
+  [[nodiscard]] velura::RulerPixels pixels(double screenLeft = 0) const {
+    return {.bytes = bytes_.data(),
+            .width = width_,
+            .height = height_,
+            .bytesPerRow = width_ * 4,
+            .bytesPerPixel = 4,
+            .pixelsPerPoint = pixelsPerPoint_,
+            .screenLeft = screenLeft};
+  }
+
+ private:
+  long width_;
+  long height_;
+  double pixelsPerPoint_;
+  std::vector<std::uint8_t> bytes_;
+};
+
+}  // namespace support
