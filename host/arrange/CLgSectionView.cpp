@@ -30,7 +30,7 @@ class RulerDrawing {
 
   void draw() const {
     painter_.fill(across(0, kRulerBaseline), look(Look::kRulerBackground));
-    painter_.fill(across(kRulerBaseline, kMarkerLaneTop), look(Look::kArrangeSeparator));
+    painter_.fill(across(kRulerBaseline, kMarkerLaneTop), look(Look::kRulerTick));
     drawCycle();
     drawTicks();
     drawNumbers();

@@ -12,8 +12,8 @@ inline constexpr NSInteger kContentsSection = 1;
 inline constexpr NSInteger kRulerSection = 2;
 
 // The ruler, from its top downwards, in points.
-inline constexpr double kRulerBaseline = 38;  // what the ticks stand on
-inline constexpr double kMarkerLaneTop = 40;
+inline constexpr double kRulerBaseline = 38;  // what the ticks stand on: a line down to the marker lane
+inline constexpr double kMarkerLaneTop = 39;
 inline constexpr double kMarkerLaneBottom = 58;
 inline constexpr double kRulerHeight = 76;
 inline constexpr double kBarTickHeight = 17;
