@@ -108,16 +108,24 @@ bool addFunction(Class cls) {
   return class_addMethod(cls, selector<Selector>(), asImplementation(&Thunk::call), Thunk::encoding().c_str()) != 0;
 }
 
+/// Gives a class a method of its own, in place of one that it has itself. (GCC's `class_replaceMethod` would
+/// replace an inherited one in the superclass.) The method tables of subclasses follow.
+inline void setOwnMethod(Class cls, SEL sel, IMP implementation, const char* encoding) {
+  if (class_addMethod(cls, sel, implementation, encoding) == 0) {
+    method_setImplementation(class_getInstanceMethod(cls, sel), implementation);
+  }
+#if !defined(__APPLE__)
+  __objc_update_dispatch_table_for_class(cls);
+#endif
+}
+
 /// Puts a function into the class's own method list, whatever stands there.
 template <FixedString Selector, auto Function>
 void replaceFunction(Class cls) {
   using Thunk = FunctionThunk<Function>;
   static_assert(Selector.arguments() == Thunk::kArguments,
                 "the selector names another number of arguments than the function takes");
-  class_replaceMethod(cls, selector<Selector>(), asImplementation(&Thunk::call), Thunk::encoding().c_str());
-#if !defined(__APPLE__)
-  __objc_update_dispatch_table_for_class(cls);
-#endif
+  setOwnMethod(cls, selector<Selector>(), asImplementation(&Thunk::call), Thunk::encoding().c_str());
 }
 
 template <class T>

@@ -43,7 +43,7 @@ inline bool exchangeMethods(Class cls, SEL hostSelector, SEL replacementSelector
   if (host == nullptr || replacement == nullptr) return false;
   if (class_addMethod(cls, hostSelector, method_getImplementation(replacement), method_getTypeEncoding(replacement)) !=
       0) {
-    class_replaceMethod(cls, replacementSelector, method_getImplementation(host), method_getTypeEncoding(host));
+    detail::setOwnMethod(cls, replacementSelector, method_getImplementation(host), method_getTypeEncoding(host));
   } else {
     method_exchangeImplementations(host, replacement);
   }
