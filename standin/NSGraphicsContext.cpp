@@ -46,10 +46,10 @@ void saveGraphicsState(Class) {
   current()->saveState();
 }
 void restoreGraphicsState(Class) {
-  current()->restoreState();
   if (savedContexts().empty()) return;
   current() = std::move(savedContexts().back());
   savedContexts().pop_back();
+  current()->restoreState();
 }
 
 NSGraphicsContext withCGContext(Class, CGContextRef context, BOOL flipped) {
