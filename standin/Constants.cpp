@@ -18,6 +18,10 @@ NSString NSCalibratedWhiteColorSpace;
 NSString NSDeviceWhiteColorSpace;
 NSString NSNamedColorSpace;
 NSString NSPatternColorSpace;
+NSString NSAppearanceNameVibrantDark;
+NSString NSAccessibilityLayoutItemRole;
+NSString NSAccessibilityGroupRole;
+NSString NSAccessibilityDisclosureTriangleRole;
 NSString kCAGravityResize;
 NSString kCAGravityResizeAspect;
 NSString kCAGravityCenter;
@@ -63,6 +67,10 @@ const Constant kConstants[] = {
     {&NSDeviceWhiteColorSpace, "NSDeviceWhiteColorSpace"},
     {&NSNamedColorSpace, "NSNamedColorSpace"},
     {&NSPatternColorSpace, "NSPatternColorSpace"},
+    {&NSAppearanceNameVibrantDark, "NSAppearanceNameVibrantDark"},
+    {&NSAccessibilityLayoutItemRole, "AXLayoutItem"},
+    {&NSAccessibilityGroupRole, "AXGroup"},
+    {&NSAccessibilityDisclosureTriangleRole, "AXDisclosureTriangle"},
     {&kCAGravityResize, "resize"},
     {&kCAGravityResizeAspect, "resizeAspect"},
     {&kCAGravityCenter, "center"},

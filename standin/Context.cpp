@@ -8,7 +8,16 @@ using namespace cocoa;
 
 namespace standin {
 
+struct ClipShape {
+  PathElements path;
+  cairo_fill_rule_t rule;
+  bool antialias;
+  std::shared_ptr<const ClipShape> before;
+};
+
 namespace {
+
+constexpr int kMostRows = kLongestSide;  // that the library draws into
 
 /// Edges closer to a pixel border than this count as lying on it.
 constexpr double kOnBorder = 1e-4;
@@ -118,6 +127,33 @@ void setSourcePixel(cairo_t* cr, Pixel pixel) {
   cairo_set_source_rgba(cr, channel(16), channel(8), channel(0), alpha / 255);
 }
 
+cairo_fill_rule_t fillRule(Context::Rule rule) {
+  return rule == Context::Rule::kEvenOdd ? CAIRO_FILL_RULE_EVEN_ODD : CAIRO_FILL_RULE_WINDING;
+}
+
+/// Clips to the shapes that were added after `until`.
+void clipToShapes(cairo_t* cr, const ClipShape* shape, const ClipShape* until) {
+  for (; shape != nullptr && shape != until; shape = shape->before.get()) {
+    cairo_set_antialias(cr, shape->antialias ? CAIRO_ANTIALIAS_DEFAULT : CAIRO_ANTIALIAS_NONE);
+    cairo_set_fill_rule(cr, shape->rule);
+    cairo_new_path(cr);
+    addElements(cr, shape->path);
+    cairo_clip(cr);
+  }
+}
+
+/// Only the rows of a picture that `source` needs, as far as the library can take them; moves `source`.
+std::shared_ptr<const Surface> manageable(const std::shared_ptr<const Surface>& picture, CGRect& source) {
+  if (picture->height() <= kMostRows) return picture;
+  PixelView rows = picture->view();
+  rows.area.top = std::max(0, static_cast<int>(std::floor(source.minY())) - 1);
+  rows.area.bottom = std::min(picture->height(), static_cast<int>(std::ceil(source.maxY())) + 1);
+  if (rows.area.isEmpty() || rows.area.height() > kMostRows) return nullptr;
+  rows.base = reinterpret_cast<std::byte*>(picture->view().at(0, rows.area.top));
+  source.origin.y -= rows.area.top;
+  return copied(rows, rows.order);
+}
+
 cairo_filter_t filterFor(CGInterpolationQuality quality) {
   return quality == kCGInterpolationNone ? CAIRO_FILTER_NEAREST : CAIRO_FILTER_GOOD;
 }
@@ -129,7 +165,7 @@ Context::~Context() {
 }
 
 void Context::begin(const PixelView& pixels, std::shared_ptr<const void> owner, double scale) {
-  targets_.push_back({pixels, std::move(owner), 0, nullptr});
+  targets_.push_back({pixels, std::move(owner), 0, nullptr, {}});
   GraphicsState first;
   first.ctm = {scale, 0, 0, -scale, 0, static_cast<double>(pixels.area.bottom)};
   first.patternSpace = first.ctm;
@@ -164,17 +200,68 @@ void Context::applyClip(cairo_t* cr, const GraphicsState& of) {
   cairo_clip(cr);
 }
 
+bool Context::isTall() const { return target().pixels.area.height() > kMostRows; }
+
+/// Replays what is saved, so that the library's context stands where this one does.
+void Context::openLibrary(int top, int bottom) {
+  Target& now = target();
+  finish(now);
+  PixelView view = now.pixels;
+  view.area.top = top;
+  view.area.bottom = bottom;
+  view.base = now.pixels.base + (top - now.pixels.area.top) * now.pixels.stride;
+  now.band = view.area;
+  cairo_surface_t* surface = surfaceOver(view);
+  now.library = cairo_create(surface);
+  cairo_surface_destroy(surface);
+  const ClipShape* before = nullptr;
+  for (std::size_t i = now.firstState; i < states_.size(); ++i) {
+    if (i > now.firstState) cairo_save(now.library);
+    applyClip(now.library, states_[i]);
+    clipToShapes(now.library, states_[i].shapes.get(), before);
+    before = states_[i].shapes.get();
+  }
+}
+
+/// Makes the band cover the rows, as many as it can.
+void Context::useBand(const PixelRect& rows) {
+  const PixelRect& all = target().pixels.area;
+  if (target().library != nullptr && target().band.contains(rows)) return;
+  const int around = (kMostRows - rows.height()) / 2;
+  const int top = std::clamp(rows.top - std::max(0, around), all.top, all.bottom - kMostRows);
+  openLibrary(top, top + kMostRows);
+}
+
+template <class F>
+void Context::inBands(const PixelRect& touched, F&& draw) {
+  if (!isTall()) return draw();
+  const PixelRect rows = touched.intersected(state().clip);
+  if (rows.isEmpty()) return;
+  if (rows.height() <= kMostRows) {
+    useBand(rows);
+    return draw();
+  }
+  for (int top = rows.top; top < rows.bottom; top += kMostRows) {
+    openLibrary(top, std::min(top + kMostRows, rows.bottom));
+    draw();
+  }
+}
+
+cairo_t* Context::libraryNearOrigin() {
+  constexpr int kNear = 2048;
+  const int y = boundedInt(state().ctm.ty);
+  const PixelRect rows = PixelRect{state().clip.left, y - kNear, state().clip.right, y + kNear};
+  if (isTall() && !rows.intersected(state().clip).isEmpty()) useBand(rows.intersected(state().clip));
+  return library();
+}
+
 cairo_t* Context::library() {
   Target& now = target();
-  if (now.library == nullptr) {
-    cairo_surface_t* surface = surfaceOver(now.pixels);
-    now.library = cairo_create(surface);
-    cairo_surface_destroy(surface);
+  if (now.library == nullptr && isTall()) {
+    useBand(state().clip);
+  } else if (now.library == nullptr) {
     // Every clip so far is a rectangle: a shaped one would have made the library's context at once.
-    for (std::size_t i = now.firstState; i < states_.size(); ++i) {
-      if (i > now.firstState) cairo_save(now.library);
-      applyClip(now.library, states_[i]);
-    }
+    openLibrary(now.pixels.area.top, now.pixels.area.bottom);
   }
   const GraphicsState& s = state();
   setMatrix(now.library, s.ctm);
@@ -311,7 +398,7 @@ void Context::useStrokeStyle() {
 
 void Context::paintPath(Rule rule, double alpha) {
   cairo_t* cr = target().library;
-  cairo_set_fill_rule(cr, rule == Rule::kEvenOdd ? CAIRO_FILL_RULE_EVEN_ODD : CAIRO_FILL_RULE_WINDING);
+  cairo_set_fill_rule(cr, fillRule(rule));
   if (alpha == 1 && !blendOperator(state().blendMode).reachesOutside) return cairo_fill(cr);
   cairo_save(cr);
   cairo_clip(cr);
@@ -320,8 +407,8 @@ void Context::paintPath(Rule rule, double alpha) {
 }
 
 template <class F>
-void Context::shadowed(F&& draw) {
-  if (state().shadow == nullptr) return draw();
+void Context::shadowed(const PixelRect& touched, F&& draw) {
+  if (state().shadow == nullptr) return inBands(touched, draw);
   beginLayer();
   draw();
   endLayer();
@@ -329,7 +416,7 @@ void Context::shadowed(F&& draw) {
 
 void Context::fillElements(const PathElements& path, Rule rule) {
   if (path.isEmpty() || state().clip.isEmpty()) return;
-  shadowed([&] {
+  shadowed(coveringPixels(path.boundingBox()), [&] {
     usePath(path);
     const double alpha = usePaint(state().fill);
     paintPath(rule, alpha);
@@ -339,7 +426,8 @@ void Context::fillElements(const PathElements& path, Rule rule) {
 
 void Context::strokeElements(const PathElements& path) {
   if (path.isEmpty() || state().clip.isEmpty()) return;
-  shadowed([&] {
+  const double reach = state().lineWidth * state().miterLimit * std::hypot(state().ctm.a, state().ctm.b);
+  shadowed(coveringPixels(path.boundingBox().insetBy(-reach, -reach)), [&] {
     usePath(path);
     usePaint(state().stroke);
     useStrokeStyle();
@@ -366,9 +454,13 @@ void Context::fillAndStrokePath(Rule rule) {
 void Context::clipToPath(Rule rule) {
   usePath(path_);
   cairo_t* cr = target().library;
-  cairo_set_fill_rule(cr, rule == Rule::kEvenOdd ? CAIRO_FILL_RULE_EVEN_ODD : CAIRO_FILL_RULE_WINDING);
+  cairo_set_fill_rule(cr, fillRule(rule));
   cairo_clip(cr);
   state().hasShapedClip = true;
+  if (isTall()) {
+    state().shapes =
+        std::make_shared<const ClipShape>(ClipShape{path_, fillRule(rule), state().antialias, state().shapes});
+  }
   state().clip = state().clip.intersected(coveringPixels(path_.boundingBox()));
   path_.clear();
 }
@@ -417,10 +509,12 @@ void Context::clearRect(CGRect rect) {
   }
   PathElements path;
   path.rect(rect, state().ctm);
-  usePath(path);
-  cairo_set_operator(target().library, CAIRO_OPERATOR_CLEAR);
-  cairo_fill(target().library);
-  touched();
+  inBands(touchedPixels(rect), [&] {
+    usePath(path);
+    cairo_set_operator(target().library, CAIRO_OPERATOR_CLEAR);
+    cairo_fill(target().library);
+    touched();
+  });
 }
 
 void Context::drawSurface(CGRect rect, const std::shared_ptr<const Surface>& image) {
@@ -432,9 +526,19 @@ void Context::drawSurface(CGRect rect, const std::shared_ptr<const Surface>& ima
 
 void Context::drawSurface(CGRect rect, const std::shared_ptr<const Surface>& image, CGRect source) {
   if (image == nullptr || rect.isEmpty() || source.isEmpty() || state().clip.isEmpty()) return;
-  const auto ordered = image->inOrder(target().pixels.order, image);
+  auto ordered = image->inOrder(target().pixels.order, image);
+  if (ordered != nullptr && ordered->height() > kMostRows) {
+    const CGRect shown = CGRectIntersection(rect, clipBounds());
+    const double perX = source.size.width / rect.size.width;
+    const double perY = source.size.height / rect.size.height;
+    source = {
+        {source.minX() + (shown.minX() - rect.minX()) * perX, source.minY() + (rect.maxY() - shown.maxY()) * perY},
+        {shown.size.width * perX, shown.size.height * perY}};
+    rect = shown;
+    ordered = source.isEmpty() ? nullptr : manageable(ordered, source);
+  }
   if (ordered == nullptr) return;
-  shadowed([&] {
+  shadowed(touchedPixels(rect), [&] {
     cairo_t* cr = library();
     cairo_save(cr);
     cairo_translate(cr, rect.minX(), rect.maxY());
@@ -490,8 +594,9 @@ void Context::drawLinearGradient(std::span<const GradientStop> stops, CGPoint st
     fillGradient(target().pixels, area, stops, *line, ends);
     return afterDirect();
   }
-  shadowed([&] {
-    if (!useGradient(stops, *line, ends, area)) return;
+  shadowed(area, [&] {
+    const PixelRect part = isTall() ? area.intersected(target().band) : area;
+    if (!useGradient(stops, *line, ends, part)) return;
     cairo_paint_with_alpha(target().library, state().alpha);
     touched();
   });
@@ -508,10 +613,11 @@ void Context::fillRectWithGradient(CGRect rect, std::span<const GradientStop> st
   }
   const PixelRect area = touchedPixels(rect).intersected(state().clip);
   if (area.isEmpty()) return;
-  shadowed([&] {
+  shadowed(area, [&] {
     PathElements path;
     path.rect(rect, state().ctm);
-    if (!useGradient(stops, *line, GradientEnds::kBoth, area)) return;
+    const PixelRect part = isTall() ? area.intersected(target().band) : area;
+    if (!useGradient(stops, *line, GradientEnds::kBoth, part)) return;
     cairo_new_path(target().library);
     addElements(target().library, path);
     paintPath(Rule::kNonZero, state().alpha);
@@ -522,7 +628,7 @@ void Context::fillRectWithGradient(CGRect rect, std::span<const GradientStop> st
 void Context::drawRadialGradient(std::span<const GradientStop> stops, CGPoint startCenter, double startRadius,
                                  CGPoint endCenter, double endRadius, GradientEnds ends) {
   if (stops.empty() || state().clip.isEmpty()) return;
-  shadowed([&] {
+  shadowed(state().clip, [&] {
     cairo_t* cr = library();
     cairo_pattern_t* source = cairo_pattern_create_radial(startCenter.x, startCenter.y, std::fmax(0, startRadius),
                                                           endCenter.x, endCenter.y, std::fmax(0, endRadius));
@@ -553,8 +659,9 @@ void Context::beginLayer() {
   inner.blendMode = kCGBlendModeNormal;
   inner.shadow = nullptr;
   inner.hasShapedClip = false;
+  inner.shapes = nullptr;
   inner.clip = inner.clip.intersected(view.area);
-  targets_.push_back({view, std::move(pixels), states_.size(), nullptr});
+  targets_.push_back({view, std::move(pixels), states_.size(), nullptr, {}});
   states_.push_back(std::move(inner));
 }
 
@@ -583,11 +690,13 @@ void Context::drawPicture(const std::shared_ptr<const Surface>& picture, const P
     blitOver(target().pixels, area.intersected(state().clip), picture->view(), area.left, area.top);
     return afterDirect();
   }
-  usePicture(picture, area);
-  cairo_new_path(target().library);
-  cairo_rectangle(target().library, area.left, area.top, area.width(), area.height());
-  paintPath(Rule::kNonZero, state().alpha);
-  touched();
+  inBands(area, [&] {
+    usePicture(picture, area);
+    cairo_new_path(target().library);
+    cairo_rectangle(target().library, area.left, area.top, area.width(), area.height());
+    paintPath(Rule::kNonZero, state().alpha);
+    touched();
+  });
 }
 
 void Context::drawShadow(const Surface& picture, const PixelRect& area, const Shadow& shadow) {

@@ -25,6 +25,9 @@ struct Dash {
   double phase = 0;
 };
 
+/// A clip that is no rectangle of whole pixels, as it was added to earlier ones.
+struct ClipShape;
+
 /// What save and restore keep. The clip's exact shape is with the drawing library when it is no rectangle
 /// of whole pixels; `clip` is then its bounds.
 struct GraphicsState {
@@ -46,6 +49,7 @@ struct GraphicsState {
   PixelRect clip;
   std::shared_ptr<const Dash> dash;
   std::shared_ptr<const Shadow> shadow;
+  std::shared_ptr<const ClipShape> shapes;  // the latest; kept only where the library's context may move
 };
 
 /// State of a CGContext.
@@ -104,6 +108,8 @@ class Context : public cocoa::ObjectState {
   /// The drawing library's context, in this context's state; for text and the like. Call `touched` after
   /// drawing with it. The fill colour is its source after `useFill`.
   cairo_t* library();
+  /// The same for drawing near the origin of user space.
+  cairo_t* libraryNearOrigin();
   void useFill();
   void touched();
 
@@ -119,11 +125,18 @@ class Context : public cocoa::ObjectState {
     std::shared_ptr<const void> owner;
     std::size_t firstState = 0;
     cairo_t* library = nullptr;
+    PixelRect band;  // the rows that the library's context covers
   };
   [[nodiscard]] Target& target() { return targets_.back(); }
   [[nodiscard]] const Target& target() const { return targets_.back(); }
 
   static void finish(Target& target);
+  /// The library draws into a limited number of rows: of a taller target it covers a band, which moves.
+  [[nodiscard]] bool isTall() const;
+  void openLibrary(int top, int bottom);
+  void useBand(const PixelRect& rows);
+  template <class F>
+  void inBands(const PixelRect& touched, F&& draw);
   void beforeDirect();
   void afterDirect();
   static void applyClip(cairo_t* cr, const GraphicsState& state);
@@ -142,8 +155,9 @@ class Context : public cocoa::ObjectState {
   [[nodiscard]] std::optional<GradientLine> gradientLine(CGPoint start, CGPoint end) const;
   void drawPicture(const std::shared_ptr<const Surface>& picture, const PixelRect& area);
   void drawShadow(const Surface& picture, const PixelRect& area, const Shadow& shadow);
+  /// `touched`: every pixel that `draw` changes.
   template <class F>
-  void shadowed(F&& draw);
+  void shadowed(const PixelRect& touched, F&& draw);
   [[nodiscard]] bool paintsDirectly() const;
 
   std::vector<Target> targets_;

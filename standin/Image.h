@@ -9,9 +9,12 @@
 
 namespace standin {
 
+struct BitmapCopy;
+
 /// State of a CGImage.
 struct ImageState : cocoa::ObjectState {
   std::shared_ptr<const Surface> pixels;
+  std::shared_ptr<const BitmapCopy> original;  // of a bitmap in another format than the pixels have
 };
 
 /// Owned by the caller; null without pixels.

@@ -1,5 +1,7 @@
 #include <cmath>
 #include <cstring>
+#include <limits>
+#include <vector>
 
 #include "standin/BitmapImageRep.h"
 #include "standin/Context.h"
@@ -10,32 +12,54 @@ using namespace cocoa;
 
 namespace standin {
 
-namespace {
-
-constexpr NSInteger kMostMemory = NSInteger{256} << 20U;  // bytes
-
-/// State of an NSBitmapImageRep. The common layout is red, green, blue and premultiplied alpha of 8 bits
-/// each; its memory is drawn into and copied as it is.
-struct Bitmap : ObjectState {
-  std::byte* data = nullptr;
-  std::shared_ptr<std::byte[]> owned;
+/// How the samples of a bitmap lie in its memory.
+struct BitmapLayout {
+  NSInteger pixelsWide = 0;
+  NSInteger pixelsHigh = 0;
   NSInteger bitsPerSample = 8;
   NSInteger samplesPerPixel = 4;
   NSInteger bitsPerPixel = 32;
   NSInteger bytesPerRow = 0;
   NSUInteger format = 0;
+  bool hasAlpha = true;
   Ref<NSString> colorSpaceName;
+};
+
+/// What a CGImage keeps of a bitmap, so that a bitmap made of the image is the same again.
+struct BitmapCopy {
+  BitmapLayout layout;
+  std::vector<std::byte> bytes;
+};
+
+namespace {
+
+constexpr NSUInteger kLittleEndian = 1U << 8U | 1U << 9U;  // of 16 and of 32 bits: the order of this machine
+constexpr NSUInteger kKnownFormats =
+    NSBitmapFormatAlphaFirst | NSBitmapFormatAlphaNonpremultiplied | NSBitmapFormatFloatingPointSamples | kLittleEndian;
+
+/// State of an NSBitmapImageRep. The common layout is red, green, blue and premultiplied alpha of 8 bits
+/// each; its memory is drawn into and copied as it is. Planar bitmaps are refused.
+struct Bitmap : ObjectState, BitmapLayout {
+  std::byte* data = nullptr;
+  std::shared_ptr<std::byte[]> owned;
 
   ImageRepState& rep() { return stateOf<ImageRepState>(self); }
 
   id init(unsigned char** planes, NSInteger width, NSInteger height, NSInteger sampleBits, NSInteger samples,
-          BOOL hasAlpha, BOOL planar, NSString space, NSInteger rowBytes, NSInteger pixelBits) {
-    return initWithFormat(planes, width, height, sampleBits, samples, hasAlpha, planar, space, 0, rowBytes, pixelBits);
+          BOOL alphaSample, BOOL planar, NSString space, NSInteger rowBytes, NSInteger pixelBits) {
+    return initWithFormat(planes, width, height, sampleBits, samples, alphaSample, planar, space, 0, rowBytes,
+                          pixelBits);
   }
   id initWithFormat(unsigned char** planes, NSInteger width, NSInteger height, NSInteger sampleBits, NSInteger samples,
-                    BOOL hasAlpha, BOOL planar, NSString space, NSUInteger bitmapFormat, NSInteger rowBytes,
+                    BOOL alphaSample, BOOL planar, NSString space, NSUInteger bitmapFormat, NSInteger rowBytes,
                     NSInteger pixelBits);
-  id initWithImage(CGImageRef image) { return image == nullptr ? refused() : initWithSurface(*pixelsOf(image)); }
+  // Initialisers do not call each other through messages: a subclass may override every one of them.
+  id initWithImage(CGImageRef image) {
+    if (image == nullptr) return refused();
+    const auto& original = stateBehind<ImageState>(image).original;
+    return original != nullptr ? initWithCopy(*original) : initWithSurface(*pixelsOf(image));
+  }
+  id initWithCopy(const BitmapCopy& copy);
   id initWithData(NSData bytes) {
     const auto surface = decodedPng({static_cast<const std::uint8_t*>(bytes.bytes()), bytes.length()});
     return surface == nullptr ? refused() : initWithSurface(*surface);
@@ -47,30 +71,36 @@ struct Bitmap : ObjectState {
   }
 
   [[nodiscard]] bool isCommon() const {
-    return bitsPerSample == 8 && bitsPerPixel == 32 && samplesPerPixel >= 3 &&
-           (format & (NSBitmapFormatAlphaFirst | NSBitmapFormatAlphaNonpremultiplied)) == 0;
+    const bool unusual = hasAlpha && (format & (NSBitmapFormatAlphaFirst | NSBitmapFormatAlphaNonpremultiplied)) != 0;
+    return bitsPerSample == 8 && bitsPerPixel == 32 && samplesPerPixel >= 3 && !unusual;
   }
-  PixelView view() {
-    return {data,
-            bytesPerRow,
-            {0, 0, static_cast<int>(rep().pixelsWide), static_cast<int>(rep().pixelsHigh)},
-            PixelOrder::kRgba};
+  [[nodiscard]] bool isFloating() const { return (format & NSBitmapFormatFloatingPointSamples) != 0; }
+  [[nodiscard]] bool isGray() const { return samplesPerPixel < 3; }
+  [[nodiscard]] bool isPremultiplied() const { return hasAlpha && (format & NSBitmapFormatAlphaNonpremultiplied) == 0; }
+  [[nodiscard]] PixelView view() const {
+    return {data, bytesPerRow, {0, 0, static_cast<int>(pixelsWide), static_cast<int>(pixelsHigh)}, PixelOrder::kRgba};
   }
   [[nodiscard]] std::byte* sampleAt(NSInteger x, NSInteger y) const {
     return data + y * bytesPerRow + x * (bitsPerPixel / 8);
   }
-  bool holds(NSInteger x, NSInteger y) {
-    return data != nullptr && x >= 0 && y >= 0 && x < rep().pixelsWide && y < rep().pixelsHigh;
+  [[nodiscard]] bool holds(NSInteger x, NSInteger y) const {
+    return data != nullptr && x >= 0 && y >= 0 && x < pixelsWide && y < pixelsHigh;
   }
   double sample(const std::byte* at, NSInteger index) const;
   void setSample(std::byte* at, NSInteger index, double value) const;
-  Rgba straightColor(NSInteger x, NSInteger y);
-  std::shared_ptr<Surface> snapshot();
+  [[nodiscard]] Rgba straightColor(NSInteger x, NSInteger y) const;
+  [[nodiscard]] std::shared_ptr<Surface> snapshot() const;
 
   unsigned char* bitmapData() { return reinterpret_cast<unsigned char*>(data); }
   CGImageRef cgImage() {
     const CGImageRef image = makeImage(snapshot());
-    return image == nullptr ? nullptr : autoreleasedReference(image);
+    if (image == nullptr) return nullptr;
+    if (!isCommon() || !hasAlpha) {
+      std::byte* end = data + pixelsHigh * bytesPerRow;
+      stateBehind<ImageState>(image).original =
+          std::make_shared<const BitmapCopy>(BitmapCopy{*this, std::vector<std::byte>(data, end)});
+    }
+    return autoreleasedReference(image);
   }
   NSColor colorAt(NSInteger x, NSInteger y);
   void setColorAt(NSColor color, NSInteger x, NSInteger y);
@@ -86,23 +116,26 @@ struct Bitmap : ObjectState {
 };
 
 id Bitmap::initWithFormat(unsigned char** planes, NSInteger width, NSInteger height, NSInteger sampleBits,
-                          NSInteger samples, BOOL hasAlpha, BOOL planar, NSString space, NSUInteger bitmapFormat,
+                          NSInteger samples, BOOL alphaSample, BOOL planar, NSString space, NSUInteger bitmapFormat,
                           NSInteger rowBytes, NSInteger pixelBits) {
   const bool floating = (bitmapFormat & NSBitmapFormatFloatingPointSamples) != 0;
-  const bool knownSamples = floating ? sampleBits == 32 : sampleBits == 8;
-  const bool knownCount = samples >= 1 && samples <= 4 && (hasAlpha != 0) == (samples == 2 || samples == 4);
-  if (width < 1 || height < 1 || width > kLongestSide || height > kLongestSide) return refused();
-  if (!knownSamples || !knownCount || planar != 0) return refused();
+  const bool knownSamples = floating ? sampleBits == 32 : sampleBits == 8 || sampleBits == 16;
+  const bool knownCount = samples >= 1 && samples <= 4 && (alphaSample != 0) == (samples == 2 || samples == 4);
+  if (width < 1 || height < 1 || width > kLongestSide || height > kTallest) return refused();
+  if (!knownSamples || !knownCount || planar != 0 || (bitmapFormat & ~kKnownFormats) != 0) return refused();
+  pixelsWide = width;
+  pixelsHigh = height;
   bitsPerSample = sampleBits;
   samplesPerPixel = samples;
   bitsPerPixel = pixelBits > 0 ? pixelBits : sampleBits * samples;
+  if (bitsPerPixel % sampleBits != 0 || bitsPerPixel < sampleBits * samples || bitsPerPixel > 128) return refused();
   bytesPerRow = rowBytes > 0 ? rowBytes : (width * bitsPerPixel / 8 + 3) / 4 * 4;
-  const bool fits = bitsPerPixel % 8 == 0 && bitsPerPixel >= sampleBits * samples && bitsPerPixel <= 128 &&
-                    bytesPerRow >= width * bitsPerPixel / 8 && bytesPerRow <= NSInteger{kLongestSide} * 32 &&
+  const bool fits = bytesPerRow >= width * bitsPerPixel / 8 && bytesPerRow <= NSInteger{kLongestSide} * 32 &&
                     height <= kMostMemory / bytesPerRow;
   if (!fits) return refused();
   format = bitmapFormat;
-  colorSpaceName = space;
+  hasAlpha = alphaSample != 0;
+  colorSpaceName = space ? space : isGray() ? NSDeviceWhiteColorSpace : NSDeviceRGBColorSpace;
   if (planes != nullptr && planes[0] != nullptr) {
     data = reinterpret_cast<std::byte*>(planes[0]);
   } else {
@@ -114,7 +147,7 @@ id Bitmap::initWithFormat(unsigned char** planes, NSInteger width, NSInteger hei
   rep().pixelsWide = width;
   rep().pixelsHigh = height;
   rep().size = {static_cast<double>(width), static_cast<double>(height)};
-  rep().alpha = hasAlpha != 0;
+  rep().alpha = hasAlpha;
   rep().pixels = [](id object) -> std::shared_ptr<const Surface> { return stateOf<Bitmap>(object).snapshot(); };
   return self;
 }
@@ -135,20 +168,41 @@ id Bitmap::initWithSurface(const Surface& pixels) {
   return made;
 }
 
-double Bitmap::sample(const std::byte* at, NSInteger index) const {
-  if (bitsPerSample == 8) return std::to_integer<int>(at[index]) / 255.0;
-  float value = 0;
-  std::memcpy(&value, at + index * static_cast<NSInteger>(sizeof value), sizeof value);
-  return static_cast<double>(value);
+id Bitmap::initWithCopy(const BitmapCopy& copy) {
+  const BitmapLayout& l = copy.layout;
+  const id made =
+      initWithFormat(nullptr, l.pixelsWide, l.pixelsHigh, l.bitsPerSample, l.samplesPerPixel,
+                     static_cast<BOOL>(l.hasAlpha), NO, l.colorSpaceName, l.format, l.bytesPerRow, l.bitsPerPixel);
+  if (made != nullptr) std::memcpy(data, copy.bytes.data(), copy.bytes.size());
+  return made;
 }
 
+template <class T>
+T readAs(const std::byte* at, NSInteger index) {
+  T value{};
+  std::memcpy(&value, at + index * static_cast<NSInteger>(sizeof value), sizeof value);
+  return value;
+}
+template <class T>
+void write(std::byte* at, NSInteger index, T value) {
+  std::memcpy(at + index * static_cast<NSInteger>(sizeof value), &value, sizeof value);
+}
+
+double Bitmap::sample(const std::byte* at, NSInteger index) const {
+  if (bitsPerSample == 8) return std::to_integer<int>(at[index]) / 255.0;
+  if (bitsPerSample == 16) return readAs<std::uint16_t>(at, index) / 65535.0;
+  return static_cast<double>(readAs<float>(at, index));
+}
+
+/// Integer samples end at 0 and 1; floating ones hold what lies beyond as well.
 void Bitmap::setSample(std::byte* at, NSInteger index, double value) const {
   if (bitsPerSample == 8) {
     at[index] = static_cast<std::byte>(byteOf(clampedUnit(value)));
-    return;
+  } else if (bitsPerSample == 16) {
+    write(at, index, static_cast<std::uint16_t>(clampedUnit(value) * 65535 + 0.5));
+  } else {
+    write(at, index, static_cast<float>(value));
   }
-  const auto single = static_cast<float>(value);
-  std::memcpy(at + index * static_cast<NSInteger>(sizeof single), &single, sizeof single);
 }
 
 /// Where the samples of one pixel lie.
@@ -159,51 +213,63 @@ struct SampleOrder {
   NSInteger alpha;  // below zero: none
 };
 
-SampleOrder orderOf(const Bitmap& bitmap, bool hasAlpha) {
-  const bool alphaFirst = hasAlpha && (bitmap.format & NSBitmapFormatAlphaFirst) != 0;
+SampleOrder orderOf(const BitmapLayout& layout) {
+  const bool alphaFirst = layout.hasAlpha && (layout.format & NSBitmapFormatAlphaFirst) != 0;
   const NSInteger first = alphaFirst ? 1 : 0;
-  const bool gray = bitmap.samplesPerPixel < 3;
-  const NSInteger alpha = !hasAlpha ? -1 : alphaFirst ? 0 : bitmap.samplesPerPixel - 1;
+  const bool gray = layout.samplesPerPixel < 3;
+  const NSInteger alpha = !layout.hasAlpha ? -1 : alphaFirst ? 0 : layout.samplesPerPixel - 1;
   return {first, first + (gray ? 0 : 1), first + (gray ? 0 : 2), alpha};
 }
 
-Rgba Bitmap::straightColor(NSInteger x, NSInteger y) {
+Rgba Bitmap::straightColor(NSInteger x, NSInteger y) const {
   const std::byte* at = sampleAt(x, y);
-  const SampleOrder order = orderOf(*this, rep().alpha);
-  Rgba c{sample(at, order.red), sample(at, order.green), sample(at, order.blue),
-         order.alpha < 0 ? 1 : sample(at, order.alpha)};
-  const bool premultiplied = (format & NSBitmapFormatAlphaNonpremultiplied) == 0;
-  if (premultiplied && c.alpha != 1) {
-    const auto divided = [&](double channel) { return c.alpha > 0 ? std::fmin(1, channel / c.alpha) : 0; };
-    c = {divided(c.red), divided(c.green), divided(c.blue), c.alpha};
-  }
-  return c;
+  const SampleOrder order = orderOf(*this);
+  const Rgba c{sample(at, order.red), sample(at, order.green), sample(at, order.blue),
+               order.alpha < 0 ? 1 : sample(at, order.alpha)};
+  if (!isPremultiplied() || c.alpha == 1) return c;
+  const double most = isFloating() ? std::numeric_limits<double>::infinity() : 1;
+  const auto divided = [&](double channel) { return c.alpha > 0 ? std::fmin(most, channel / c.alpha) : 0; };
+  return {divided(c.red), divided(c.green), divided(c.blue), c.alpha};
 }
 
+/// In the bitmap's own space.
 NSColor Bitmap::colorAt(NSInteger x, NSInteger y) {
   if (!holds(x, y)) return {};
   const Rgba c = straightColor(x, y);
-  return NSColor::colorWithDeviceRed(c.red, c.green, c.blue, c.alpha);
+  if (isGray()) {
+    const bool calibrated = colorSpaceName->isEqualToString(NSCalibratedWhiteColorSpace);
+    return calibrated ? NSColor::colorWithCalibratedWhite(c.red, c.alpha)
+                      : NSColor::colorWithDeviceWhite(c.red, c.alpha);
+  }
+  const bool calibrated = colorSpaceName->isEqualToString(NSCalibratedRGBColorSpace);
+  return calibrated ? NSColor::colorWithCalibratedRed(c.red, c.green, c.blue, c.alpha)
+                    : NSColor::colorWithDeviceRed(c.red, c.green, c.blue, c.alpha);
 }
 
 void Bitmap::setColorAt(NSColor color, NSInteger x, NSInteger y) {
-  const auto c = rgbaOf(color);
+  auto c = rgbaOf(color);
   if (!c || !holds(x, y)) return;
+  if (isGray()) {
+    const ColorValue gray =
+        converted({ColorSpace::kSRGB, {c->red, c->green, c->blue, c->alpha}}, ColorSpace::kDeviceWhite);
+    if (c->red != c->green || c->green != c->blue) c->red = c->green = c->blue = gray.components[0];
+  }
   std::byte* at = sampleAt(x, y);
-  const SampleOrder order = orderOf(*this, rep().alpha);
-  const bool premultiplied = order.alpha >= 0 && (format & NSBitmapFormatAlphaNonpremultiplied) == 0;
-  const double factor = premultiplied ? clampedUnit(c->alpha) : 1;
-  setSample(at, order.red, clampedUnit(c->red) * factor);
-  setSample(at, order.green, clampedUnit(c->green) * factor);
-  setSample(at, order.blue, clampedUnit(c->blue) * factor);
-  if (order.alpha >= 0) setSample(at, order.alpha, clampedUnit(c->alpha));
+  const SampleOrder order = orderOf(*this);
+  const double alpha = clampedUnit(c->alpha);
+  const double factor = isPremultiplied() ? alpha : 1;
+  const auto stored = [&](double channel) { return (isFloating() ? channel : clampedUnit(channel)) * factor; };
+  setSample(at, order.red, stored(c->red));
+  setSample(at, order.green, stored(c->green));
+  setSample(at, order.blue, stored(c->blue));
+  if (order.alpha >= 0) setSample(at, order.alpha, alpha);
 }
 
-std::shared_ptr<Surface> Bitmap::snapshot() {
+std::shared_ptr<Surface> Bitmap::snapshot() const {
   if (data == nullptr) return nullptr;
   const PixelView pixels = view();
-  if (isCommon() && rep().alpha) return copied(pixels, PixelOrder::kRgba);
-  auto surface = Surface::make(pixels.area.width(), pixels.area.height(), PixelOrder::kRgba);
+  if (isCommon() && hasAlpha) return copied(pixels, PixelOrder::kRgba);
+  auto surface = Surface::makeTall(pixels.area.width(), pixels.area.height(), PixelOrder::kRgba);
   if (surface == nullptr) return nullptr;
   for (int y = 0; y < surface->height(); ++y) {
     for (int x = 0; x < surface->width(); ++x) {

@@ -23,7 +23,12 @@ std::byte* allocatedPixels(std::size_t rows, std::size_t bytesPerRow) {
 }
 
 std::shared_ptr<Surface> Surface::make(int width, int height, PixelOrder order) {
-  if (width < 1 || height < 1 || width > kLongestSide || height > kLongestSide) return nullptr;
+  return height > kLongestSide ? nullptr : makeTall(width, height, order);
+}
+
+std::shared_ptr<Surface> Surface::makeTall(int width, int height, PixelOrder order) {
+  if (width < 1 || height < 1 || width > kLongestSide || height > kTallest) return nullptr;
+  if (height > kLongestSide && height > kMostMemory / (std::ptrdiff_t{width} * 4)) return nullptr;
   std::byte* memory = allocatedPixels(static_cast<std::size_t>(height), static_cast<std::size_t>(width) * 4);
   return memory == nullptr ? nullptr : std::make_shared<Surface>(width, height, order, memory);
 }
@@ -40,7 +45,7 @@ std::shared_ptr<const Surface> Surface::inOrder(PixelOrder order, const std::sha
 }
 
 std::shared_ptr<Surface> copied(const PixelView& source, PixelOrder order) {
-  auto copy = Surface::make(source.area.width(), source.area.height(), order);
+  auto copy = Surface::makeTall(source.area.width(), source.area.height(), order);
   if (copy == nullptr) return nullptr;
   const auto count = static_cast<std::size_t>(source.area.width());
   for (int y = 0; y < source.area.height(); ++y) {

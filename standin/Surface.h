@@ -20,6 +20,9 @@ enum class PixelOrder : std::uint8_t {
 
 /// The longest side of a raster. Longer ones are refused.
 inline constexpr int kLongestSide = 16384;
+/// Bitmaps, and what is copied of them, may be taller, as far as their memory goes.
+inline constexpr int kTallest = 1'000'000;
+inline constexpr std::ptrdiff_t kMostMemory = std::ptrdiff_t{256} << 20U;
 
 /// Red, green and blue from 0 to 1, not premultiplied.
 struct Rgba {
@@ -84,6 +87,8 @@ class Surface {
  public:
   /// Null unless both sides are from 1 to `kLongestSide` and the memory is there.
   static std::shared_ptr<Surface> make(int width, int height, PixelOrder order);
+  /// The same with at most `kTallest` rows and `kMostMemory` beyond `kLongestSide`.
+  static std::shared_ptr<Surface> makeTall(int width, int height, PixelOrder order);
   Surface(int width, int height, PixelOrder order, std::byte* memory);
   Surface(const Surface&) = delete;
   Surface& operator=(const Surface&) = delete;

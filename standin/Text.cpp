@@ -151,7 +151,7 @@ void upright(NSPoint origin, F&& draw) {
   const SavedState saved(*context);
   const auto drawTurned = [&] {
     context->concat({1, 0, 0, flipped ? 1.0 : -1.0, origin.x, origin.y});
-    draw(*context, context->library());
+    draw(*context, context->libraryNearOrigin());
     context->touched();
   };
   if (context->state().shadow == nullptr) return drawTurned();

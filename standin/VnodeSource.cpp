@@ -167,19 +167,18 @@ std::uintptr_t VnodeSource::eventsOf(const inotify_event& event) {
   struct stat now {};
   const bool known = fstat(file_, &now) == 0;
   const off_t size = known ? now.st_size : size_;
-  const nlink_t links = known ? now.st_nlink : links_;
   std::uintptr_t events = 0;
   if ((mask & IN_MODIFY) != 0) events |= DISPATCH_VNODE_WRITE | (size > size_ ? DISPATCH_VNODE_EXTEND : 0);
   if ((mask & IN_MOVE_SELF) != 0) events |= DISPATCH_VNODE_RENAME;
   if ((mask & IN_UNMOUNT) != 0) events |= DISPATCH_VNODE_REVOKE;
-  const bool lost = links == 0 && links_ != 0;
-  if (lost || (mask & IN_DELETE_SELF) != 0) {
-    events |= DISPATCH_VNODE_DELETE;
-  } else if ((mask & IN_ATTRIB) != 0) {
-    events |= links != links_ ? DISPATCH_VNODE_LINK : DISPATCH_VNODE_ATTRIB;
+  if ((mask & IN_DELETE_SELF) != 0) events |= DISPATCH_VNODE_DELETE;
+  if ((mask & IN_ATTRIB) != 0) {
+    const nlink_t links = known ? now.st_nlink : links_;
+    const bool lost = links == 0 && links_ != 0;
+    events |= lost ? DISPATCH_VNODE_DELETE : links != links_ ? DISPATCH_VNODE_LINK : DISPATCH_VNODE_ATTRIB;
+    links_ = links;
   }
   size_ = size;
-  links_ = links;
   return events;
 }
 

@@ -6,6 +6,7 @@
 #include <random>
 
 #include "Canvas.h"
+#include "cocoa/ClassDefinition.h"
 
 namespace {
 
@@ -75,9 +76,143 @@ TEST(Bitmap, IsDrawnIntoInPlace) {
 
 TEST(Bitmap, RefusesImpossibleLayouts) {
   const AutoreleasePool pool;
-  for (const auto& rep : {bitmap(0, 1), bitmap(1, 20000), bitmap(-3, 3), bitmap(2, 2, 5), bitmap(2, 2, 4, 0, 16)}) {
+  for (const auto& rep : {bitmap(0, 1), bitmap(20000, 1), bitmap(1, 1000001), bitmap(16000, 16000), bitmap(-3, 3),
+                          bitmap(2, 2, 5), bitmap(2, 2, 4, 0, 12), bitmap(2, 2, 4, 1U << 10U, 16),
+                          bitmap(2, 2, 4, NSBitmapFormatFloatingPointSamples, 16)}) {
     EXPECT_FALSE(rep);
   }
+}
+
+/// Every format reads back what was set, and comes back from its image with the same bytes.
+TEST(Bitmap, SurvivesItsImageInEveryFormat) {
+  const AutoreleasePool pool;
+  for (const NSInteger bits : {8, 16, 32}) {
+    for (const NSInteger samples : {1, 2, 3, 4}) {
+      for (const NSUInteger order : {NSUInteger{0}, NSBitmapFormatAlphaFirst, NSBitmapFormatAlphaNonpremultiplied,
+                                     NSBitmapFormatAlphaFirst | NSBitmapFormatAlphaNonpremultiplied}) {
+        const NSUInteger format = order | (bits == 32 ? NSBitmapFormatFloatingPointSamples : 0);
+        const NSInteger pixelBits = samples == 3 && bits == 8 ? 32 : bits * samples;
+        const auto rep = NSBitmapImageRep::withBitmapDataPlanes(
+            nullptr, 3, 2, bits, samples, samples % 2 == 0, false,
+            samples < 3 ? NSCalibratedWhiteColorSpace : NSCalibratedRGBColorSpace, format, 52, pixelBits);
+        ASSERT_TRUE(rep) << bits << samples;
+        const double green = samples < 3 ? 0.8 : 0.6;
+        rep->setColor(NSColor::colorWithSRGBRed(0.8, green, samples < 3 ? 0.8 : 0.2, 0.5), 2, 1);
+        const NSColor read = rep->colorAtX(2, 1);
+        EXPECT_EQ(read.colorSpaceName(), rep->colorSpaceName());
+        EXPECT_NEAR(samples < 3 ? read.whiteComponent() : read.redComponent(), 0.8, 0.005) << bits << samples << format;
+        if (samples >= 3) {
+          EXPECT_NEAR(read.greenComponent(), green, 0.005) << bits << samples << format;
+        }
+        EXPECT_NEAR(read.alphaComponent(), samples % 2 == 0 ? 0.5 : 1, 0.005) << bits << samples << format;
+        const auto again = NSBitmapImageRep::withCGImage(rep->CGImage());
+        const bool same = again->bitmapFormat() == format && again->bytesPerRow() == 52 &&
+                          again->bitsPerPixel() == pixelBits &&
+                          std::memcmp(again->bitmapData(), rep->bitmapData(), 2 * 52) == 0;
+        const bool common = bits == 8 && samples == 4 && order == 0;
+        EXPECT_TRUE(same || common) << bits << samples << format;
+        EXPECT_EQ(std::memcmp(again->bitmapData() + again->bytesPerRow(), rep->bitmapData() + 52, 12), 0);
+      }
+    }
+  }
+  const auto floating = bitmap(1, 1, 4, NSBitmapFormatFloatingPointSamples, 32);
+  floating->setColor(NSColor::colorWithSRGBRed(1.5, -0.25, 0, 0.5), 0, 0);
+  EXPECT_NEAR(floating->colorAtX(0, 0).redComponent(), 1.5, 1e-6) << "beyond white";
+  const auto gray = bitmap(1, 1, 1);
+  gray->setColor(letter('G'), 0, 0);
+  EXPECT_EQ(gray->bitmapData()[0], 182);
+}
+
+/// A bitmap of a subclass that overrides its initialisers, as a pixel engine may have it.
+struct OwnBitmap : ObjectState {
+  int images = 0;
+  int planes = 0;
+  id initWithImage(CGImageRef image) {
+    ++images;
+    return superSend<OwnBitmap, id>(self, selector<"initWithCGImage:">(), image);
+  }
+  id initWithPlanes(unsigned char** data, NSInteger width, NSInteger height, NSInteger bits, NSInteger samples,
+                    BOOL alpha, BOOL planar, NSString space, NSInteger rowBytes, NSInteger pixelBits) {
+    ++planes;
+    return superSend<OwnBitmap, id>(
+        self,
+        selector<"initWithBitmapDataPlanes:pixelsWide:pixelsHigh:bitsPerSample:samplesPerPixel:hasAlpha:isPlanar:"
+                 "colorSpaceName:bytesPerRow:bitsPerPixel:">(),
+        data, width, height, bits, samples, alpha, planar, space, rowBytes, pixelBits);
+  }
+  NSString colorSpaceName() { return NSCalibratedRGBColorSpace; }
+};
+
+TEST(Bitmap, MayBeSubclassed) {
+  const AutoreleasePool pool;
+  ClassDefinition<OwnBitmap>("ImageTestBitmap", "NSBitmapImageRep")
+      .method<"initWithCGImage:", &OwnBitmap::initWithImage>()
+      .method<
+          "initWithBitmapDataPlanes:pixelsWide:pixelsHigh:bitsPerSample:samplesPerPixel:hasAlpha:isPlanar:"
+          "colorSpaceName:bytesPerRow:bitsPerPixel:",
+          &OwnBitmap::initWithPlanes>()
+      .method<"colorSpaceName", &OwnBitmap::colorSpaceName>()
+      .registered();
+  const auto alloc = [] { return call<"alloc", id>(classNamed("ImageTestBitmap")); };
+  const auto source = bitmap(2, 1, 4, NSBitmapFormatAlphaFirst);
+  source->setColor(letter('R'), 1, 0);
+  const auto made =
+      Ref<NSBitmapImageRep>::adopt(call<"initWithCGImage:", NSBitmapImageRep>(alloc(), source->CGImage()));
+  EXPECT_EQ(made->bitmapFormat(), NSBitmapFormatAlphaFirst);
+  EXPECT_TRUE(made->colorAtX(1, 0).isEqual(source->colorAtX(1, 0)));
+  EXPECT_EQ(made->colorSpaceName(), NSCalibratedRGBColorSpace);
+  EXPECT_EQ(stateOf<OwnBitmap>(made).images, 1);
+  EXPECT_EQ(stateOf<OwnBitmap>(made).planes, 0);
+  EXPECT_EQ((call<"initWithCGImage:", id>(alloc(), CGImageRef(nullptr))), nullptr);
+}
+
+std::vector<int> pixelOf(NSBitmapImageRep rep, NSInteger x, NSInteger y) {
+  const unsigned char* at = rep.bitmapData() + y * rep.bytesPerRow() + x * 4;
+  return {at, at + 4};
+}
+
+TEST(TallBitmap, IsDrawnIntoInBands) {
+  const AutoreleasePool pool;
+  constexpr NSInteger kHeight = 60000;
+  const auto rep = bitmap(32, kHeight);
+  ASSERT_TRUE(rep);
+  NSGraphicsContext::saveGraphicsState();
+  NSGraphicsContext::setCurrentContext(NSGraphicsContext::graphicsContextWithBitmapImageRep(rep));
+  const auto disc = [](double y) { NSBezierPath::bezierPathWithOvalInRect({{0, y}, {32, 100}}).fill(); };
+  NSGraphicsContext::saveGraphicsState();
+  NSBezierPath::bezierPathWithOvalInRect({{0, 0}, {32, kHeight}}).addClip();
+  letter('R').set();
+  for (double y = 0; y < kHeight; y += 100) {
+    NSGraphicsContext::saveGraphicsState();
+    NSRectClip({{0, y}, {32, 100}});
+    disc(y);
+    NSGraphicsContext::restoreGraphicsState();
+  }
+  NSGraphicsContext::restoreGraphicsState();
+  const std::vector<int> red{255, 0, 0, 255};
+  const std::vector<int> clear{0, 0, 0, 0};
+  for (const NSInteger y : {NSInteger{150}, NSInteger{20050}, NSInteger{33350}, kHeight - 150}) {
+    EXPECT_EQ(pixelOf(rep, 16, y), red) << y;
+    EXPECT_EQ(pixelOf(rep, 0, y - 48), clear) << y << ": outside of the disc";
+  }
+  EXPECT_EQ(pixelOf(rep, 1, 450), clear) << "the shaped clip went along with the bands";
+  letter('G').set();
+  NSGraphicsContext::currentContext().setShouldAntialias(false);
+  NSBezierPath::bezierPathWithRoundedRect({{4.5, 10.5}, {20, kHeight - 20}}, 3, 3).fill();
+  letter('B').set();
+  disc(0);
+  for (const NSInteger y : {20, 16383, 16384, 32767, 32768, 50000, 59800}) {
+    EXPECT_EQ(pixelOf(rep, 10, y), (std::vector<int>{0, 255, 0, 255})) << y << ": taller than a band";
+  }
+  EXPECT_EQ(pixelOf(rep, 16, kHeight - 50), (std::vector<int>{0, 0, 255, 255}));
+  NSGraphicsContext::restoreGraphicsState();
+  const CGImageRef image = rep->CGImage();
+  EXPECT_EQ(CGImageGetHeight(image), std::size_t(kHeight));
+  const Canvas canvas(64, 4, 2);
+  CGContextClipToRect(canvas.context(), {{0, 0}, {32, 2}});
+  CGContextDrawImage(canvas.context(), {{0, -49}, {32, kHeight}}, image);
+  EXPECT_EQ(canvas.at(32, 0), 0x0000ffffU);
+  EXPECT_TRUE(bitmap(1, 1000000));
 }
 
 TEST(Png, KeepsPixelsAndBytes) {
