@@ -12,9 +12,10 @@ namespace {
 
 using namespace cocoa;
 
-constexpr CGRect kCycleStrip = {{0, 2}, {0, 10}};
-constexpr double kNumbersTop = 14;
-constexpr double kNumbersHeight = 10;
+constexpr double kCycleTop = 1;
+constexpr double kCycleHeight = 7;
+constexpr double kNumbersTop = 8;  // clear of the ticks of the bars between two numbers
+constexpr double kNumbersHeight = 9;
 constexpr double kTextMargin = 5;
 
 /// Draws what of the ruler lies between two x.
@@ -49,7 +50,7 @@ class RulerDrawing {
     const double left = timeline_.x(arrange_.cycle.start);
     const double right = timeline_.x(arrange_.cycle.end);
     if (!isVisible(left, right)) return;
-    painter_.fillRounded(CGRectMake(left, kCycleStrip.minY(), right - left, kCycleStrip.size.height), 3,
+    painter_.fillRounded(CGRectMake(left, kCycleTop, right - left, kCycleHeight), 3,
                          look(arrange_.cycle.on ? Look::kCycleOn : Look::kCycleOff));
   }
 
@@ -81,9 +82,9 @@ class RulerDrawing {
     const double x = timeline_.x(arrange_.playhead);
     if (!isVisible(x - kHalfWidth, x + kHalfWidth)) return;
     CGContextBeginPath(painter_.context());
-    CGContextMoveToPoint(painter_.context(), x - kHalfWidth, 3);
-    CGContextAddLineToPoint(painter_.context(), x + kHalfWidth, 3);
-    CGContextAddLineToPoint(painter_.context(), x, 13);
+    CGContextMoveToPoint(painter_.context(), x - kHalfWidth, 0);
+    CGContextAddLineToPoint(painter_.context(), x + kHalfWidth, 0);
+    CGContextAddLineToPoint(painter_.context(), x, 9);
     CGContextClosePath(painter_.context());
     CGContextSetFillColorWithColor(painter_.context(), look(Look::kArrangePlayhead).CGColor());
     CGContextFillPath(painter_.context());
