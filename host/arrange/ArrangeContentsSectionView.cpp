@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/app/Views.h"
 #include "host/arrange/CLgArrangeView.h"
 #include "host/arrange/CLgSectionView.h"
 #include "host/arrange/MAAccessibilityElement.h"
@@ -36,7 +37,7 @@ CGRect ArrangeContentsSectionView::regionRect(std::size_t row, const Region& reg
 void ArrangeContentsSectionView::drawGrid(CGRect dirty) {
   const auto& section = stateOf<CLgSectionView>(self);
   const ArrangeModel& model = *section.model;
-  const double scale = section.scale();
+  const double scale = stateOf<MAView>(self).backingScale();
   const Painter painter(NSGraphicsContext::currentContext().CGContext());
   for (const Tick& tick : model.timeline.ticks(dirty.minX(), dirty.maxX())) {
     if (tick.kind != TickKind::kBar) continue;
@@ -57,7 +58,7 @@ void ArrangeContentsSectionView::drawRect(CGRect dirty) {
   drawGrid(dirty);
   const NSGraphicsContext graphics = NSGraphicsContext::currentContext();
   const Painter painter(graphics.CGContext(), graphics.isFlipped());
-  const RegionDrawing drawing(painter, model.timeline, dirty, section.scale());
+  const RegionDrawing drawing(painter, model.timeline, dirty, stateOf<MAView>(self).backingScale());
   const auto [first, end] = model.rows.rowsIn(dirty.minY(), dirty.maxY());
   for (std::size_t row = first; row < end; ++row) {
     const AutoreleasePool pool;

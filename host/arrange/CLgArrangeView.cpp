@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "host/app/KitWindow.h"
+#include "host/app/Views.h"
 #include "host/arrange/CLgSectionView.h"
 #include "host/arrange/Toolbars.h"
 #include "host/mixer/Painter.h"
@@ -112,7 +113,7 @@ NSView CLgArrangeView::sectionView(NSInteger section) {
 
 void CLgArrangeView::layOut(double scrollDown) {
   const CGSize shown = contents_.superview().frame().size;
-  const double scale = stateOf<CLgSectionView>(contents_).scale();
+  const double scale = stateOf<MAView>(self).backingScale();
   // On whole pixels, so that what is sharp at one place is so at every other.
   const auto within = [scale](double scroll, double most) {
     return std::floor(std::clamp(scroll, 0.0, std::max(0.0, most)) * scale) / scale;

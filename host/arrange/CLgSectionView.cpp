@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/app/Views.h"
 #include "host/arrange/Colours.h"
 #include "host/arrange/MAAccessibilityElement.h"
 #include "host/mixer/Painter.h"
@@ -131,7 +132,8 @@ class RulerDrawing {
 void CLgSectionView::drawRect(CGRect dirty) {
   if (model == nullptr || section != kRulerSection) return;
   const NSGraphicsContext graphics = NSGraphicsContext::currentContext();
-  RulerDrawing(Painter(graphics.CGContext(), graphics.isFlipped()), *model, dirty, scale()).draw();
+  RulerDrawing(Painter(graphics.CGContext(), graphics.isFlipped()), *model, dirty, stateOf<MAView>(self).backingScale())
+      .draw();
 }
 
 NSString CLgSectionView::accessibilityRole() { return literal<"AXLayoutArea">(); }
@@ -152,11 +154,6 @@ void CLgSectionView::closed() {
   forgetElements();
   parentView = docManager = song = {};
   model = nullptr;
-}
-
-double CLgSectionView::scale() const {
-  const NSWindow window = NSView(self).window();
-  return window ? window.backingScaleFactor() : 1;
 }
 
 void defineCLgSectionView() {

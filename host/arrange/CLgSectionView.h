@@ -46,7 +46,6 @@ struct CLgSectionView : cocoa::ObjectState {
   /// What is shown, or where, has changed.
   void forgetElements();
   void closed();
-  [[nodiscard]] double scale() const;
 
  private:
   cocoa::Ref<NSArray> elements_;
