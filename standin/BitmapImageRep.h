@@ -2,8 +2,10 @@
 // What other files of the stand-in ask of NSImageRep and NSBitmapImageRep.
 
 #include <memory>
+#include <vector>
 
 #include "cocoa/AppKit.h"
+#include "standin/ImageFile.h"
 #include "standin/Objects.h"
 #include "standin/Surface.h"
 
@@ -21,6 +23,15 @@ struct ImageRepState : cocoa::ObjectState {
 
 /// A representation made of an image, owned by the caller.
 NSBitmapImageRep makeBitmapRep(const Surface& pixels);
+
+/// The frames of an image file that can be read, at the size that they were made for.
+std::vector<cocoa::Ref<NSBitmapImageRep>> bitmapReps(NSData data);
+
+/// The representation as a frame of an image file; nothing without pixels.
+std::optional<ImageFrame> frameOf(NSImageRep rep);
+
+/// The frames as TIFF; nil for none.
+NSData tiffData(const std::vector<ImageFrame>& frames);
 
 /// A context that draws straight into the bitmap's memory, owned by the caller. Null unless the bitmap has
 /// red, green, blue and a premultiplied alpha of 8 bits each, in this order.

@@ -6,7 +6,6 @@
 #include "standin/BitmapImageRep.h"
 #include "standin/Context.h"
 #include "standin/Image.h"
-#include "standin/Png.h"
 
 using namespace cocoa;
 
@@ -61,8 +60,13 @@ struct Bitmap : ObjectState, BitmapLayout {
   }
   id initWithCopy(const BitmapCopy& copy);
   id initWithData(NSData bytes) {
-    const auto surface = decodedPng({static_cast<const std::uint8_t*>(bytes.bytes()), bytes.length()});
-    return surface == nullptr ? refused() : initWithSurface(*surface);
+    const auto frame = decodedFrame(bytesOf(bytes), 0);
+    return frame ? initWithFrame(*frame) : refused();
+  }
+  id initWithFrame(const ImageFrame& frame) {
+    const id made = initWithSurface(*frame.pixels);
+    if (made != nullptr) rep().size = frame.size();
+    return made;
   }
   id initWithSurface(const Surface& pixels);
   id refused() {
@@ -107,11 +111,15 @@ struct Bitmap : ObjectState, BitmapLayout {
   BOOL isPlanar() { return NO; }
   NSString spaceName() { return colorSpaceName; }
   NSData representation(NSBitmapImageFileType type, NSDictionary) {
+    if (type == NSBitmapImageFileTypeTIFF) return tiff();
     if (type != NSBitmapImageFileTypePNG) return {};
-    const auto pixels = snapshot();
-    if (pixels == nullptr) return {};
-    const auto bytes = encodedPng(*pixels);
-    return NSData::dataWithBytes(bytes.data(), bytes.size());
+    const ImageFrame frame{snapshot()};
+    const auto bytes = encodedFrames(ImageFileType::kPng, {&frame, 1});
+    return bytes.empty() ? NSData() : NSData::dataWithBytes(bytes.data(), bytes.size());
+  }
+  NSData tiff() {
+    const auto frame = frameOf(NSImageRep(self));
+    return frame ? tiffData({*frame}) : NSData();
   }
 };
 
@@ -287,6 +295,37 @@ NSBitmapImageRep repWithData(Class cls, NSData bytes) {
 
 }  // namespace
 
+std::vector<Ref<NSBitmapImageRep>> bitmapReps(NSData data) {
+  std::vector<Ref<NSBitmapImageRep>> reps;
+  const FileBytes bytes = bytesOf(data);
+  const std::size_t count = frameCount(bytes);
+  for (std::size_t i = 0; i < count; ++i) {
+    const auto frame = decodedFrame(bytes, i);
+    if (!frame) continue;
+    const id made = stateOf<Bitmap>(newObject<Bitmap>()).initWithFrame(*frame);
+    if (made != nullptr) reps.push_back(Ref<NSBitmapImageRep>::adopt(NSBitmapImageRep(made)));
+  }
+  return reps;
+}
+
+std::optional<ImageFrame> frameOf(NSImageRep rep) {
+  const auto* state = stateIfKind<ImageRepState>(rep);
+  if (state == nullptr || state->pixels == nullptr) return std::nullopt;
+  ImageFrame frame{state->pixels(rep.object)};
+  if (frame.pixels == nullptr) return std::nullopt;
+  frame.hasAlpha = state->alpha;
+  if (!CGRect{{}, state->size}.isEmpty()) {
+    frame.dpiWidth = frame.pixels->width() * kPointsPerInch / state->size.width;
+    frame.dpiHeight = frame.pixels->height() * kPointsPerInch / state->size.height;
+  }
+  return frame;
+}
+
+NSData tiffData(const std::vector<ImageFrame>& frames) {
+  const auto bytes = encodedFrames(ImageFileType::kTiff, frames);
+  return bytes.empty() ? NSData() : NSData::dataWithBytes(bytes.data(), bytes.size());
+}
+
 NSBitmapImageRep makeBitmapRep(const Surface& pixels) {
   return NSBitmapImageRep(stateOf<Bitmap>(newObject<Bitmap>()).initWithSurface(pixels));
 }
@@ -325,6 +364,7 @@ void registerBitmapImageReps() {
       .method<"CGImage", &Bitmap::cgImage>()
       .method<"colorAtX:y:", &Bitmap::colorAt>()
       .method<"setColor:atX:y:", &Bitmap::setColorAt>()
+      .method<"TIFFRepresentation", &Bitmap::tiff>()
       .method<"representationUsingType:properties:", &Bitmap::representation>()
       .registered();
 }

@@ -35,15 +35,14 @@ struct ImageObject : ObjectState {
     reps.back()->setSize(size);
     return self;
   }
-  id initWithData(NSData bytes) { return initWithRep(NSBitmapImageRep::imageRepWithData(bytes), 1); }
-  id initWithContentsOfFile(NSString path);
-  id initWithRep(NSBitmapImageRep rep, double scale) {
-    if (!rep) return refused();
-    size = {static_cast<double>(rep.pixelsWide()) / scale, static_cast<double>(rep.pixelsHigh()) / scale};
-    rep.setSize(size);
-    reps.emplace_back(rep);
+  /// The first frame says how large the image is.
+  id initWithData(NSData bytes) {
+    for (const auto& rep : bitmapReps(bytes)) reps.emplace_back(rep.get());
+    if (reps.empty()) return refused();
+    size = reps.front()->size();
     return self;
   }
+  id initWithContentsOfFile(NSString path);
   id refused() {
     send<void>(self, selector<"release">());
     return nullptr;
@@ -86,6 +85,7 @@ struct ImageObject : ObjectState {
     const CGImageRef image = makeImage(raster(1));
     return image == nullptr ? nullptr : autoreleasedReference(image);
   }
+  NSData tiff();
   id copy(void*);
 };
 
@@ -99,7 +99,21 @@ double scaleFromName(std::string_view path) {
 id ImageObject::initWithContentsOfFile(NSString path) {
   const auto bytes = call<"dataWithContentsOfFile:", NSData>(classOf<NSData>(), path);
   if (!bytes) return refused();
-  return initWithRep(NSBitmapImageRep::imageRepWithData(bytes), scaleFromName(toStdString(path)));
+  if (initWithData(bytes) == nullptr) return nullptr;
+  const double scale = scaleFromName(toStdString(path));
+  if (scale == 1) return self;
+  const auto& rep = reps.front();
+  size = {static_cast<double>(rep->pixelsWide()) / scale, static_cast<double>(rep->pixelsHigh()) / scale};
+  rep->setSize(size);
+  return self;
+}
+
+NSData ImageObject::tiff() {
+  std::vector<ImageFrame> frames;
+  for (const NSImageRep rep : items<NSImageRep>(representations())) {
+    if (auto frame = frameOf(rep)) frames.push_back(*std::move(frame));
+  }
+  return tiffData(frames);
 }
 
 NSArray ImageObject::representations() {
@@ -216,6 +230,7 @@ void registerImages() {
       .method<"drawInRect:fromRect:operation:fraction:respectFlipped:hints:", &ImageObject::drawRespectingFlipped>()
       .method<"drawAtPoint:fromRect:operation:fraction:", &ImageObject::drawAtPoint>()
       .method<"CGImageForProposedRect:context:hints:", &ImageObject::cgImage>()
+      .method<"TIFFRepresentation", &ImageObject::tiff>()
       .method<"copyWithZone:", &ImageObject::copy>()
       .registered();
 }

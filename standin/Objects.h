@@ -39,6 +39,8 @@ void registerBezierPaths();
 void registerImageReps();
 void registerBitmapImageReps();
 void registerImages();
+void registerImageIO();
+void registerBundleImages();
 void registerGraphicsContexts();
 void registerFonts();
 void registerParagraphStyles();

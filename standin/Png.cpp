@@ -2,6 +2,7 @@
 
 #include <png.h>
 
+#include <cmath>
 #include <csetjmp>
 #include <cstring>
 
@@ -61,6 +62,26 @@ bool decode(png_structp png, png_infop info, Source& source, std::shared_ptr<Sur
   return true;
 }
 
+constexpr double kInchesPerMeter = 100 / 2.54;
+
+/// Whole pixels a metre are what files hold: the density that was meant is a whole number of pixels an inch.
+double dpiOf(png_uint_32 perMeter) {
+  constexpr double kRounding = 0.02;
+  const double dpi = perMeter / kInchesPerMeter;
+  return std::abs(dpi - std::round(dpi)) < kRounding ? std::round(dpi) : dpi;
+}
+
+void readDensity(png_structp png, png_infop info, double* dpiWidth, double* dpiHeight) {
+  png_uint_32 x = 0;
+  png_uint_32 y = 0;
+  int unit = PNG_RESOLUTION_UNKNOWN;
+  if (dpiWidth == nullptr || png_get_pHYs(png, info, &x, &y, &unit) == 0 || unit != PNG_RESOLUTION_METER) return;
+  const double dpi[] = {dpiOf(x), dpiOf(y)};
+  if (!(dpi[0] >= 1 && dpi[0] <= 1e5 && dpi[1] >= 1 && dpi[1] <= 1e5)) return;
+  *dpiWidth = dpi[0];
+  *dpiHeight = dpi[1];
+}
+
 constexpr Pixel premultiplied(Pixel channel, Pixel alpha) { return (channel * alpha + 127) / 255; }
 
 void premultiply(const Surface& surface) {
@@ -94,7 +115,7 @@ void straightRow(const Pixel* from, int width, bool native, std::uint8_t* to) {
 
 }  // namespace
 
-std::shared_ptr<Surface> decodedPng(std::span<const std::uint8_t> bytes) {
+std::shared_ptr<Surface> decodedPng(std::span<const std::uint8_t> bytes, double* dpiWidth, double* dpiHeight) {
   constexpr std::size_t kSignature = 8;
   if (bytes.size() < kSignature || png_sig_cmp(bytes.data(), 0, kSignature) != 0) return nullptr;
   png_structp png = png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, leave, ignoreWarning);
@@ -104,13 +125,14 @@ std::shared_ptr<Surface> decodedPng(std::span<const std::uint8_t> bytes) {
   std::shared_ptr<Surface> surface;
   std::vector<png_bytep> rows;
   const bool sound = info != nullptr && decode(png, info, source, surface, rows);
+  if (sound) readDensity(png, info, dpiWidth, dpiHeight);
   png_destroy_read_struct(&png, &info, nullptr);
   if (!sound) return nullptr;
   premultiply(*surface);
   return surface;
 }
 
-std::vector<std::uint8_t> encodedPng(const Surface& pixels) {
+std::vector<std::uint8_t> encodedPng(const Surface& pixels, double dpiWidth, double dpiHeight) {
   constexpr int kCompression = 4;  // of 9: pictures of flat areas hardly gain from more
   std::vector<std::uint8_t> out;
   std::vector<std::uint8_t> row(static_cast<std::size_t>(pixels.width()) * 4);
@@ -126,6 +148,10 @@ std::vector<std::uint8_t> encodedPng(const Surface& pixels) {
   png_set_user_limits(png, static_cast<png_uint_32>(kLongestSide), static_cast<png_uint_32>(kLongestSide));
   png_set_IHDR(png, info, static_cast<png_uint_32>(pixels.width()), static_cast<png_uint_32>(pixels.height()), 8,
                PNG_COLOR_TYPE_RGB_ALPHA, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+  if (dpiWidth != 72 || dpiHeight != 72) {
+    png_set_pHYs(png, info, static_cast<png_uint_32>(std::lround(dpiWidth * kInchesPerMeter)),
+                 static_cast<png_uint_32>(std::lround(dpiHeight * kInchesPerMeter)), PNG_RESOLUTION_METER);
+  }
   png_set_compression_level(png, kCompression);
   png_set_filter(png, PNG_FILTER_TYPE_BASE, PNG_FILTER_SUB);
   png_write_info(png, info);

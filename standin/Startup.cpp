@@ -32,6 +32,7 @@ constexpr void (*kRegistrations[])() = {
     registerImageReps,
     registerBitmapImageReps,
     registerImages,
+    registerImageIO,
     registerGraphicsContexts,
     registerFonts,
     registerParagraphStyles,
@@ -54,6 +55,7 @@ constexpr void (*kRegistrations[])() = {
     registerApplications,
     registerUserDefaultsSuites,
     registerBundles,
+    registerBundleImages,
 };
 
 [[gnu::constructor]] void start() {
