@@ -589,6 +589,8 @@ struct NSView : NSResponder {
   [[nodiscard]] NSWindow window() const;
   void viewWillMoveToWindow(NSWindow window) const;
   void viewDidMoveToWindow() const { cocoa::call<"viewDidMoveToWindow">(object); }
+  /// The view that shows at a point of the superview's coordinates; nil outside of this one.
+  [[nodiscard]] NSView hitTest(NSPoint point) const { return cocoa::call<"hitTest:", NSView>(object, point); }
   [[nodiscard]] NSInteger tag() const { return cocoa::call<"tag", NSInteger>(object); }
   [[nodiscard]] NSView viewWithTag(NSInteger tag) const { return cocoa::call<"viewWithTag:", NSView>(object, tag); }
 
@@ -700,6 +702,8 @@ struct NSControl : NSView {
   [[nodiscard]] NSTextAlignment alignment() const { return cocoa::call<"alignment", NSTextAlignment>(object); }
   void setAlignment(NSTextAlignment alignment) const { cocoa::call<"setAlignment:">(object, alignment); }
   void setTag(NSInteger tag) const { cocoa::call<"setTag:">(object, tag); }
+  /// Does what a click of the user does, unless the control is disabled.
+  void performClick(NSObject sender) const { cocoa::call<"performClick:">(object, sender); }
 };
 
 struct NSTextField : NSControl {

@@ -68,8 +68,40 @@ struct ButtonCell : ObjectState {
   }
 };
 
-/// NSButton adds no state of its own to its cell's.
-struct Button : ObjectState {};
+enum ButtonType : NSUInteger { kPushOnPushOff = 1, kToggle = 2, kSwitch = 3, kRadio = 4, kOnOff = 6 };
+
+/// What NSButton adds to its cell's state.
+struct Button : ObjectState {
+  NSUInteger type = 0;
+
+  NSButton button() { return NSButton(self); }
+  void setType(NSUInteger changed) { type = changed; }
+  void performClick(NSObject sender) {
+    if (!button().isEnabled()) return;
+    const bool toggles = type == kPushOnPushOff || type == kToggle || type == kSwitch || type == kOnOff;
+    if (toggles)
+      button().setState(button().state() == NSControlStateValueOff ? NSControlStateValueOn : NSControlStateValueOff);
+    if (type == kRadio) button().setState(NSControlStateValueOn);
+    superSend<Button, void>(self, selector<"performClick:">(), sender);
+  }
+  void highlight(bool highlighted) {
+    button().cell().setHighlighted(highlighted);
+    button().setNeedsDisplay(true);
+  }
+  [[nodiscard]] bool isOver(NSEvent event) {
+    return CGRectContainsPoint(button().bounds(), button().convertPointFromView(event.locationInWindow(), {}));
+  }
+  void mouseDown(NSEvent) {
+    if (button().isEnabled()) highlight(true);
+  }
+  void mouseDragged(NSEvent event) {
+    if (button().isEnabled()) highlight(isOver(event));
+  }
+  void mouseUp(NSEvent event) {
+    highlight(false);
+    if (isOver(event)) call<"performClick:">(self, NSObject());
+  }
+};
 
 Class cellClass(Class) { return classNamed<"NSButtonCell">(); }
 
@@ -88,7 +120,14 @@ void registerButtons() {
       .method<"drawImage:withFrame:inView:", &ButtonCell::drawImage>()
       .method<"drawTitle:withFrame:inView:", &ButtonCell::drawTitle>()
       .registered();
-  ClassDefinition<Button>("NSButton", "NSControl").classMethod<"cellClass", cellClass>().registered();
+  ClassDefinition<Button>("NSButton", "NSControl")
+      .classMethod<"cellClass", cellClass>()
+      .method<"setButtonType:", &Button::setType>()
+      .method<"performClick:", &Button::performClick>()
+      .method<"mouseDown:", &Button::mouseDown>()
+      .method<"mouseDragged:", &Button::mouseDragged>()
+      .method<"mouseUp:", &Button::mouseUp>()
+      .registered();
   CategoryDefinition("NSButton")
       .method<"title", fromCell<"title", NSString>>()
       .method<"setTitle:", toCell<"setTitle:", NSString>>()

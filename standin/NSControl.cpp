@@ -8,6 +8,25 @@ namespace {
 
 Class cellClass(Class) { return classNamed<"NSCell">(); }
 
+/// Without a target the action goes to the next responder that knows it.
+BOOL sendAction(NSControl self, SEL action, NSObject target) {
+  if (action == nullptr) return NO;
+  NSObject receiver = target;
+  if (!receiver) {
+    NSResponder next = self.nextResponder();
+    while (next && !next.respondsToSelector(action)) next = next.nextResponder();
+    receiver = next;
+  }
+  if (!respondsTo(receiver.object, action)) return NO;
+  const Ref<NSControl> kept = self;
+  send<void>(receiver.object, action, NSObject(self.object));
+  return YES;
+}
+
+void performClick(NSControl self, NSObject) {
+  if (self.isEnabled()) call<"sendAction:to:", BOOL>(self, self.action(), self.target());
+}
+
 void drawCell(NSControl control, NSRect) { control.cell().drawWithFrame(control.bounds(), control); }
 
 }  // namespace
@@ -55,6 +74,8 @@ void registerControls() {
       .method<"setAction:", toCell<"setAction:", SEL>>()
       .method<"isEnabled", fromCell<"isEnabled", BOOL>>()
       .method<"setEnabled:", toCell<"setEnabled:", BOOL>>()
+      .method<"sendAction:to:", sendAction>()
+      .method<"performClick:", performClick>()
       .method<"drawRect:", drawCell>();
 }
 

@@ -459,6 +459,19 @@ void ViewState::cacheDisplay(NSRect rect, NSBitmapImageRep bitmap) {
   renderView(*this, context, target, toDevice, Marks::kKeep);
 }
 
+NSView ViewState::hitTest(NSPoint point) {
+  const NSPoint own = pointFrom(point, superviewHandle());
+  // The mouse points at the pixel below and to the right of its place.
+  const double down = view().isFlipped() ? own.y - bounds().minY() : bounds().maxY() - own.y;
+  const double right = own.x - bounds().minX();
+  if (hidden || !(right >= 0 && right < frame.size.width && down >= 0 && down < frame.size.height)) return {};
+  const auto below = subviews;  // a subclass may change them when it is asked
+  for (auto each = below.rbegin(); each != below.rend(); ++each) {
+    if (const NSView found = (*each)->hitTest(own)) return found;
+  }
+  return view();
+}
+
 NSPoint ViewState::pointTo(NSPoint point, NSView other) {
   const NSPoint root = toRoot(*this, point);
   return other ? fromRoot(stateOf<ViewState>(other), root) : root;
@@ -521,6 +534,7 @@ void registerViews() {
                         .method<"displayRectIgnoringOpacity:inContext:", &ViewState::displayRect>()
                         .method<"bitmapImageRepForCachingDisplayInRect:", &ViewState::bitmapForCaching>()
                         .method<"cacheDisplayInRect:toBitmapImageRep:", &ViewState::cacheDisplay>()
+                        .method<"hitTest:", &ViewState::hitTest>()
                         .method<"convertPoint:toView:", &ViewState::pointTo>()
                         .method<"convertPoint:fromView:", &ViewState::pointFrom>()
                         .method<"convertRect:toView:", &ViewState::rectTo>()

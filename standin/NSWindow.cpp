@@ -17,6 +17,8 @@ struct Window : ObjectState {
   Ref<NSString> title;
   Ref<NSString> subtitle;
   Ref<NSColor> backgroundColor;
+  Ref<NSAppearance> appearance;
+  Ref<NSView> pressed;  // took the press, and takes what follows until the release
   id controller = nullptr;
   id delegate = nullptr;
   NSUInteger styleMask = 0;
@@ -88,6 +90,21 @@ struct Window : ObjectState {
     call<"orderFront:">(self, sender);
     setKeyWindow(NSWindow(self));
   }
+  void sendEvent(NSEvent event) {
+    const NSPoint place = event.locationInWindow();
+    setMouseLocation(toScreen({place, {}}).origin);
+    if (event.type() == NSEventTypeLeftMouseDown) pressed = frameView->hitTest(place);
+    const Ref<NSView> view = pressed;  // may leave the window while it is told
+    switch (event.type()) {
+      case NSEventTypeLeftMouseDown:
+        return view->mouseDown(event);
+      case NSEventTypeLeftMouseDragged:
+        return view->mouseDragged(event);
+      case NSEventTypeLeftMouseUp:
+        pressed = {};
+        return view->mouseUp(event);
+    }
+  }
   void update() {
     NSNotificationCenter::defaultCenter().postNotificationName(NSWindowDidUpdateNotification, NSWindow(self));
   }
@@ -124,6 +141,8 @@ void registerWindows() {
       .method<"setDelegate:", &Window::setDelegate>()
       .property<"backgroundColor", "setBackgroundColor:", &Window::backgroundColor>()
       .getter<"styleMask", &Window::styleMask>()
+      .property<"appearance", "setAppearance:", &Window::appearance>()
+      .method<"sendEvent:", &Window::sendEvent>()
       .property<"level", "setLevel:", &Window::level>()
       .property<"backingScaleFactor", "setBackingScaleFactor:", &Window::scale>()
       .getter<"isVisible", &Window::visible>()

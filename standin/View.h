@@ -84,6 +84,8 @@ struct ViewState : cocoa::ObjectState {
   NSBitmapImageRep bitmapForCaching(NSRect rect);
   void cacheDisplay(NSRect rect, NSBitmapImageRep bitmap);
 
+  /// `point` in the superview's space.
+  NSView hitTest(NSPoint point);
   NSPoint pointTo(NSPoint point, NSView other);
   NSPoint pointFrom(NSPoint point, NSView other);
   NSRect rectTo(NSRect rect, NSView other);

@@ -15,6 +15,9 @@ void setFrameContent(NSView frame, NSView content);
 void setFrameTitles(NSView frame, NSString title, NSString subtitle);
 void layOutFrame(NSView frame, NSSize size);
 
+/// Where the mouse is, on the screen.
+void setMouseLocation(NSPoint onScreen);
+
 /// The application's list of windows. It does not own them.
 void applicationAdds(NSWindow window);
 void applicationRemoves(NSWindow window);

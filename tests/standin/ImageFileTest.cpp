@@ -104,24 +104,17 @@ struct RawTiff {
 
 TEST(Tiff, ReadsWhatOtherProgramsWrite) {
   const AutoreleasePool pool;
-  struct Case {
-    const char* name;
-    RawTiff file;
-    Bytes pixels;
+  const auto reads = [](const char* name, const RawTiff& file, const Bytes& pixels) {
+    const NSBitmapImageRep rep = NSBitmapImageRep::imageRepWithData(dataOf(file.bytes()));
+    ASSERT_TRUE(rep) << name;
+    EXPECT_EQ(Bytes(rep.bitmapData(), rep.bitmapData() + 8), pixels) << name;
+    EXPECT_EQ(rep.size(), (NSSize{2, 1})) << name;
   };
-  const std::vector<Case> cases = {
-      {"straight alpha", {8, 4, 2, 2, {200, 100, 0, 128, 9, 9, 9, 0}}, {100, 50, 0, 128, 0, 0, 0, 0}},
-      {"premultiplied", {8, 4, 2, 1, {100, 50, 0, 128, 0, 0, 0, 0}}, {100, 50, 0, 128, 0, 0, 0, 0}},
-      {"no alpha", {8, 3, 2, -1, {1, 2, 3, 4, 5, 6}}, {1, 2, 3, 255, 4, 5, 6, 255}},
-      {"grey", {8, 1, 1, -1, {7, 200}}, {7, 7, 7, 255, 200, 200, 200, 255}},
-      {"16 bits", {16, 3, 2, -1, {0, 0, 255, 255, 0x80, 0x80, 0, 0, 0, 0, 0, 0}}, {0, 255, 128, 255, 0, 0, 0, 255}},
-  };
-  for (const Case& c : cases) {
-    const NSBitmapImageRep rep = NSBitmapImageRep::imageRepWithData(dataOf(c.file.bytes()));
-    ASSERT_TRUE(rep) << c.name;
-    EXPECT_EQ(Bytes(rep.bitmapData(), rep.bitmapData() + 8), c.pixels) << c.name;
-    EXPECT_EQ(rep.size(), (NSSize{2, 1})) << c.name;
-  }
+  reads("straight alpha", {8, 4, 2, 2, {200, 100, 0, 128, 9, 9, 9, 0}}, {100, 50, 0, 128, 0, 0, 0, 0});
+  reads("premultiplied", {8, 4, 2, 1, {100, 50, 0, 128, 0, 0, 0, 0}}, {100, 50, 0, 128, 0, 0, 0, 0});
+  reads("no alpha", {8, 3, 2, -1, {1, 2, 3, 4, 5, 6}}, {1, 2, 3, 255, 4, 5, 6, 255});
+  reads("grey", {8, 1, 1, -1, {7, 200}}, {7, 7, 7, 255, 200, 200, 200, 255});
+  reads("16 bits", {16, 3, 2, -1, {0, 0, 255, 255, 0x80, 0x80, 0, 0, 0, 0, 0, 0}}, {0, 255, 128, 255, 0, 0, 0, 255});
 }
 
 TEST(Tiff, SurvivesHostileBytes) {
