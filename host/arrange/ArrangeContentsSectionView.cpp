@@ -122,7 +122,7 @@ Ref<NSArray> ArrangeContentsSectionView::makeRegions(std::size_t row) {
   const ArrangeModel& model = *stateOf<CLgSectionView>(self).model;
   const auto list = NSMutableArray::array();
   for (const Region& region : model.song.tracks[row].regions) {
-    const auto made = makeAccessibilityElement(NSView(self), literal<"AXLayoutItem">(), regionRect(row, region));
+    const auto made = makeAccessibilityElement(NSView(self), NSAccessibilityLayoutItemRole, regionRect(row, region));
     auto& element = stateOf<MAAccessibilityElement>(made);
     element.selected = region.selected;
     element.makeDescription = [&region] { return string(region.name); };
@@ -134,7 +134,7 @@ Ref<NSArray> ArrangeContentsSectionView::makeRegions(std::size_t row) {
 Ref<NSObject> ArrangeContentsSectionView::makeRow(std::size_t row) {
   const ArrangeModel& model = *stateOf<CLgSectionView>(self).model;
   const CGRect frame = CGRectMake(0, model.rows.top(row), NSView(self).frame().size.width, model.rows.height(row));
-  const auto made = makeAccessibilityElement(NSView(self), literal<"AXGroup">(), frame);
+  const auto made = makeAccessibilityElement(NSView(self), NSAccessibilityGroupRole, frame);
   auto& element = stateOf<MAAccessibilityElement>(made);
   element.makeDescription = [&model, row] { return string(model.song.tracks[row].name); };
   element.makeChildren = [this, row] { return makeRegions(row); };
@@ -148,9 +148,9 @@ Ref<NSObject> ArrangeContentsSectionView::makeCycle() {
   const Cycle& cycle = model.song.arrange.cycle;
   const double left = model.timeline.x(cycle.start);
   const CGRect frame = CGRectMake(left, 0, model.timeline.x(cycle.end) - left, view.frame().size.height);
-  const auto made = makeAccessibilityElement(view, literal<"AXGroup">(), frame);
+  const auto made = makeAccessibilityElement(view, NSAccessibilityGroupRole, frame);
   stateOf<MAAccessibilityElement>(made).makeChildren = [view, frame]() -> Ref<NSArray> {
-    const auto item = makeAccessibilityElement(view, literal<"AXLayoutItem">(), frame);
+    const auto item = makeAccessibilityElement(view, NSAccessibilityLayoutItemRole, frame);
     stateOf<MAAccessibilityElement>(item).makeDescription = [] { return literal<"cycle region">(); };
     const id only = item.get().object;
     return NSArray::arrayWithObjects(&only, 1);

@@ -196,7 +196,8 @@ class HeaderDrawing {
 Ref<NSArray> makeButtonElements(NSView view, const Header& header, const Columns& columns, const Track& track) {
   const auto list = NSMutableArray::array();
   if (track.folder) {
-    list.addObject(makeAccessibilityElement(view, literal<"AXDisclosureTriangle">(), disclosureRect(header, columns)));
+    list.addObject(
+        makeAccessibilityElement(view, NSAccessibilityDisclosureTriangleRole, disclosureRect(header, columns)));
   }
   for (std::size_t i = 0; i < kButtons.size(); ++i) {
     const auto button = makeAccessibilityElement(view, literal<"AXButton">(), buttonRect(header, columns, i));
@@ -264,7 +265,7 @@ NSArray ArrangeTrackHeaderSectionView::accessibilityChildren() {
     for (std::size_t row = 0; row < model.song.tracks.size(); ++row) {
       const Track& track = model.song.tracks[row];
       const Header header{headerRect(row), isFlipped() != 0};
-      const auto made = makeAccessibilityElement(view, literal<"AXGroup">(), header.frame);
+      const auto made = makeAccessibilityElement(view, NSAccessibilityGroupRole, header.frame);
       auto& element = stateOf<MAAccessibilityElement>(made);
       element.selected = track.selected;
       element.makeDescription = [&track, row] { return trackDescription(row + 1, string(track.name)); };

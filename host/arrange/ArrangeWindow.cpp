@@ -19,6 +19,7 @@
 #include "host/arrange/MAMixerModelAdapter.h"
 #include "host/arrange/Toolbars.h"
 #include "host/arrange/TrackHeaderConfigController.h"
+#include "standin/Mouse.h"
 
 namespace host {
 namespace {
@@ -112,6 +113,7 @@ void ArrangeWindow::songChanged() {
 
 void ArrangeWindow::sendMouse(NSEventType type, CGPoint point, NSUInteger buttons) {
   const AutoreleasePool pool;
+  standin::setPressedMouseButtons(buttons);
   window_->sendEvent(NSEvent::mouseEventWithType(type, point, 0, 0, 0, NSObject(), 0, 1, buttons == 0 ? 0.0F : 1.0F));
 }
 

@@ -130,7 +130,7 @@ TEST(ArrangeAccessibility, ListsTheHeadersFromTheTopDown) {
               "Track " + std::to_string(i + 1) + " “" + song.tracks[i].name + "”");
     std::size_t triangles = 0;
     const auto parts = accessibilityChildren(element);
-    for (const NSObject part : parts) triangles += support::text(part, "AXRole") == "AXDisclosureTriangle" ? 1 : 0;
+    for (const NSObject part : parts) triangles += support::text(part, "AXRole") == "AXDisclosureTriangle" ? 1U : 0U;
     EXPECT_EQ(triangles, song.tracks[i].folder ? 1U : 0U);
     EXPECT_GE(parts.size(), 4U);
     EXPECT_EQ(support::text(parts.back(), "AXRole"), "AXButton");
@@ -279,7 +279,7 @@ struct OpenObserver : ObjectState {
     document = notification.userInfo().objectForKey(literal<"CLgSongDocument">());
     const auto manager = call<"unilibDocManager", NSObject>(document.get());
     for (const NSObject view : items(call<"visibleUnilibViews", NSArray>(manager))) {
-      views += toStdString(view.className()) == "CLgArrangeView" ? 1 : 0;
+      views += toStdString(view.className()) == "CLgArrangeView" ? 1U : 0U;
     }
   }
 };
@@ -300,6 +300,54 @@ TEST(ArrangeDocument, AnnouncesItselfWithItsViews) {
   EXPECT_TRUE(arrange.isDescendantOf(call<"mainSplitView", NSView>(window.windowController())));
   EXPECT_EQ((call<"sectionView:", NSView>(arrange, NSInteger(2))), application->arrange().ruler());
   EXPECT_FALSE((call<"sectionView:", NSView>(arrange, NSInteger(7))));
+}
+
+TEST(ArrangeMouse, DragsTheRegionUnderThePointerBeatByBeat) {
+  const AutoreleasePool pool;
+  host::Song song = songOfTracks(2, 1);
+  song.tracks[1].regions.push_back({.name = "other", .start = 9, .length = 2, .selected = true});
+  const auto application = arrangeHost(song);
+  host::ArrangeWindow& arrange = application->arrange();
+  const auto frame = [&] {
+    return screenFrame(accessibilityChildren(accessibilityChildren(arrange.contents())[1])[0]);
+  };
+  const CGRect before = frame();
+  const double beat = application->song().arrange.zoom / 4;
+  arrange.press({before.midX(), before.midY()});
+  EXPECT_TRUE(application->song().tracks[1].regions[0].selected);
+  EXPECT_FALSE(application->song().tracks[1].regions[1].selected);
+  arrange.drag({before.midX() + 5.3 * beat, before.midY() + 200});
+  EXPECT_EQ(application->song().tracks[1].regions[0].start, 1 + 5 / 4.0);
+  EXPECT_DOUBLE_EQ(frame().minX(), before.minX() + 5 * beat);
+  EXPECT_TRUE(standin::windowNeedsDisplay(arrange.window()));
+  arrange.drag({before.midX() - 900, before.midY()});
+  EXPECT_EQ(application->song().tracks[1].regions[0].start, 1) << "not before the song";
+  arrange.drag({before.midX() + 48 * beat, before.midY()});
+  arrange.release({before.midX() + 48 * beat, before.midY()});
+  EXPECT_EQ(application->song().tracks[1].regions[1].start, 13) << "in the order of time again";
+  arrange.press({before.midX(), before.minY() - 150});
+  arrange.drag({before.midX() + 50, before.minY() - 150});
+  arrange.release({before.midX(), before.minY()});
+  EXPECT_EQ(application->song().tracks[1].regions[1].start, 13) << "nothing was under the pointer";
+}
+
+TEST(ArrangeMouse, SelectsTheTrackOfTheHeaderUnderIt) {
+  for (const bool flipped : {false, true}) {
+    const AutoreleasePool pool;
+    const auto application = arrangeHost(songOfTracks(30, 0), {.flippedHeaders = flipped});
+    host::ArrangeWindow& arrange = application->arrange();
+    arrange.setScroll(0, 300);
+    const auto select = [&](std::size_t row) {
+      const CGRect frame = screenFrame(accessibilityChildren(arrange.headers())[row]);
+      arrange.press({frame.midX(), frame.midY()});
+      arrange.release({frame.midX(), frame.midY()});
+    };
+    for (const std::size_t row : {12U, 15U}) {
+      select(row);
+      for (std::size_t i = 0; i < 30; ++i) EXPECT_EQ(application->song().tracks[i].selected, i == row);
+      EXPECT_TRUE(asks<"isSelected">(accessibilityChildren(arrange.headers())[row].object));
+    }
+  }
 }
 
 TEST(ArrangeNames, AreEditedInPlace) {
