@@ -13,7 +13,7 @@
 
 namespace bench {
 
-Worker::Worker(std::string theme, host::Song song, Task prepare, Task task) {
+Worker::Worker(std::string theme, host::Song song, Task prepare, Task task, std::string gridFile) {
   std::array<int, 2> requests{};
   std::array<int, 2> answers{};
   if (::pipe(requests.data()) != 0 || ::pipe(answers.data()) != 0) std::abort();
@@ -21,7 +21,7 @@ Worker::Worker(std::string theme, host::Song song, Task prepare, Task task) {
   if (process_ == 0) {
     ::close(requests[1]);
     ::close(answers[0]);
-    serve(requests[0], answers[1], theme, std::move(song), prepare, task);
+    serve(requests[0], answers[1], {std::move(theme), std::move(gridFile), std::move(song)}, prepare, task);
   }
   ::close(requests[0]);
   ::close(answers[1]);
@@ -46,14 +46,14 @@ double Worker::run(unsigned count) const {
   return seconds;
 }
 
-void Worker::serve(int requests, int answers, const std::string& theme, host::Song song, const Task& prepare,
-                   const Task& task) {
+void Worker::serve(int requests, int answers, Host host, const Task& prepare, const Task& task) {
   using Clock = std::chrono::steady_clock;
   session::SessionOptions options;
-  options.theming = theme.empty() ? session::Theming::kWithoutBundle : session::Theming::kTheme;
-  options.themeFolder = theme;
+  options.theming = host.theme.empty() ? session::Theming::kWithoutBundle : session::Theming::kTheme;
+  options.themeFolder = host.theme;
+  options.gridSettings = host.gridFile;
   std::string error;
-  const auto application = session::startSession(options, std::move(song), error);
+  const auto application = session::startSession(options, std::move(host.song), error);
   if (!application) {
     std::fprintf(stderr, "%s\n", error.c_str());
     ::_exit(1);

@@ -19,8 +19,8 @@ using Task = std::function<void(host::Application&)>;
 class Worker {
  public:
   /// Starts the process. `theme` is a theme folder, or "" for the host without the plug-in. `prepare` runs
-  /// once, after the song is open.
-  Worker(std::string theme, host::Song song, Task prepare, Task task);
+  /// once, after the song is open. `gridFile` is the grid settings file, "" for none.
+  Worker(std::string theme, host::Song song, Task prepare, Task task, std::string gridFile = {});
   ~Worker();
   Worker(const Worker&) = delete;
   Worker& operator=(const Worker&) = delete;
@@ -29,8 +29,12 @@ class Worker {
   double run(unsigned count) const;
 
  private:
-  [[noreturn]] static void serve(int requests, int answers, const std::string& theme, host::Song song,
-                                 const Task& prepare, const Task& task);
+  struct Host {
+    std::string theme;
+    std::string gridFile;
+    host::Song song;
+  };
+  [[noreturn]] static void serve(int requests, int answers, Host host, const Task& prepare, const Task& task);
   pid_t process_ = -1;
   int requests_ = -1;
   int answers_ = -1;

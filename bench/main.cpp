@@ -11,6 +11,8 @@
 #include <optional>
 #include <sstream>
 
+#include "bench/ArrangeRows.h"
+#include "bench/Rows.h"
 #include "bench/Worker.h"
 #include "cli/PrivateFolders.h"
 #include "cli/Session.h"
@@ -18,47 +20,22 @@
 #include "cocoa/QuartzCore.h"
 #include "host/mixer/StripBuilder.h"
 #include "plugin/gradient/PatternRenderer.h"
+#include "plugin/imaging/MyNSBitmapImageRep.h"
+#include "plugin/imaging/RectToSourceColorData.h"
 #include "plugin/theme/ThemeUtility.h"
 #include "plugin/theme/Utility.h"
 
 namespace {
 
 using namespace cocoa;
+using bench::addRow;
+using bench::Body;
+using bench::inWorker;
+using bench::Row;
+using bench::rows;
+using bench::Timing;
+using bench::writeFile;
 using benchmark::State;
-
-// ---- Rows ----------------------------------------------------------------------------------------
-
-struct Row {
-  std::string name;
-  double limit;
-  double perOurs = 1;  // things done in one iteration, to give a time for each
-  double perBaseline = 1;
-};
-
-std::vector<Row>& rows() {
-  static std::vector<Row> all;
-  return all;
-}
-
-using Body = std::function<void(State&)>;
-
-void addRow(const Row& row, const Body& ours, const Body& baseline, bool manual = false) {
-  rows().push_back(row);
-  for (const auto& [side, body] : {std::pair("ours", &ours), std::pair("baseline", &baseline)}) {
-    auto* registered = benchmark::RegisterBenchmark((row.name + "/" + side).c_str(), *body);
-    registered->MinTime(0.1);
-    if (manual) registered->UseManualTime();
-  }
-}
-
-Body inWorker(const bench::Worker& worker) {
-  return [&worker](State& state) {
-    for (auto iteration : state) {
-      static_cast<void>(iteration);
-      state.SetIterationTime(worker.run(1));
-    }
-  };
-}
 
 // ---- Messages and look-ups -------------------------------------------------------------------------
 
@@ -208,11 +185,6 @@ std::string listOf(const std::string& entries) {
   return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>\n" + entries + "</dict></plist>\n";
 }
 
-void writeFile(const std::string& path, const std::string& contents) {
-  std::filesystem::create_directories(std::filesystem::path(path).parent_path());
-  std::ofstream(path) << contents;
-}
-
 /// A theme folder of the benchmark's own.
 std::string writeTheme(const std::string& name, const std::string& entries, const std::string& reference) {
   const std::string folder = session::privateFolder() + "/" + name;
@@ -277,14 +249,9 @@ void addLoadRow() {
 
 host::Song songOfStrips(std::size_t count) {
   host::Song song;
-  std::string error;
-  const auto sample = host::readSong("songs/night-drive.json", error);
-  if (!sample) {
-    std::fprintf(stderr, "%s\n", error.c_str());
-    std::exit(1);
-  }
+  const host::Song sample = bench::sampleSong();
   for (std::size_t i = 0; i < count; ++i) {
-    host::Track track = sample->tracks[i % sample->tracks.size()];
+    host::Track track = sample.tracks[i % sample.tracks.size()];
     track.selected = i % 9 == 0;
     song.tracks.push_back(std::move(track));
   }
@@ -371,14 +338,14 @@ void fillStripAreas(State& state) {
 
 void addFrameRows(const Workers& workers) {
   addRow({"an override whose key is absent (strip borderColor)", 4, 4096, 4096}, inWorker(workers.themedBorder),
-         inWorker(workers.plainBorder), true);
-  addRow({kFrameRow, 1.3}, inWorker(workers.themedFrame), inWorker(workers.plainFrame), true);
+         inWorker(workers.plainBorder), Timing::kByTheBody);
+  addRow({kFrameRow, 1.3}, inWorker(workers.themedFrame), inWorker(workers.plainFrame), Timing::kByTheBody);
   rows().push_back({kAddedRow, 1});
   benchmark::RegisterBenchmark((std::string(kAddedRow) + "/baseline").c_str(), fillStripAreas)->MinTime(0.05);
   addRow({"time per strip at 1,024 strips of one height", 1.25, 1024, 128}, inWorker(workers.looksMany),
-         inWorker(workers.looksFew), true);
+         inWorker(workers.looksFew), Timing::kByTheBody);
   addRow({"time per strip at 1,024 strips of eight heights, anchored gradient", 3, 1024, 128},
-         inWorker(workers.heights), inWorker(workers.few), true);
+         inWorker(workers.heights), inWorker(workers.few), Timing::kByTheBody);
 }
 
 // ---- Results ---------------------------------------------------------------------------------------
@@ -449,6 +416,8 @@ void defineClasses() {
   velura::defineVLRStripBevel();
   velura::defineThemeUtility();
   velura::defineUtility();
+  velura::defineRectToSourceColorData();
+  velura::defineMyNSBitmapImageRep();
 }
 
 }  // namespace
@@ -457,15 +426,23 @@ int main(int argc, char** argv) {
   session::enterPrivateFolders(argv);
   std::string out = "bench.json";
   if (argc > 2 && std::strcmp(argv[1], "--out") == 0) out = argv[2];
-  const Workers workers;  // before anything of Foundation runs in this process: they are forked
+  // Before anything of Foundation runs in this process: workers are forked.
+  const Workers workers;
+  const bench::ArrangeWorkers arrangeWorkers;
   const AutoreleasePool pool;
-  host::Application application{host::HostOptions{}};
+  host::HostOptions hostOptions;
+  hostOptions.scale = 2;
+  host::Application application(hostOptions);
+  application.open(bench::wideSong());
   defineClasses();
   addMessageRow();
   addLookUpRow();
   addPatternRows();
   addLoadRow();
   addFrameRows(workers);
+  bench::addRecolouringRows();
+  bench::addRulerRows(application);
+  bench::addArrangeRows(arrangeWorkers);
 
   std::vector<std::string> options{argv[0], "--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=11",
                                    "--benchmark_report_aggregates_only=true"};

@@ -1,6 +1,7 @@
 #include "plugin/imaging/Recolouring.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstring>
 #include <memory>
@@ -145,26 +146,75 @@ std::uint8_t* pixelAt(const BitmapPixels& bitmap, long x, long y) {
   return bitmap.bytes + y * bitmap.bytesPerRow + bitmap.bitsPerPixel * x / 8;
 }
 
+static_assert(std::endian::native == std::endian::little, "words of pixels are taken apart by their bits");
 constexpr std::size_t kBlock = 256;  // pixels that are looked through at once
 using Flags = std::array<std::uint8_t, kBlock>;
+using Words = std::array<std::uint32_t, kBlock>;
 
-/// Raises the flag of every pixel whose channels may be those of a source colour; a few more may be raised.
-/// Four bytes a pixel, alpha last. Free of branches: the compiler looks through several pixels at once.
-void flagPremultiplied(const std::uint8_t* pixels, std::size_t count, const std::array<int, 3>& source, Flags& flags) {
-  const int red = source[0];
-  const int green = source[1];
-  const int blue = source[2];
-  // A channel c of alpha a rounds to the source s only if 255c lies within a/2 of s * a.
-  const auto isNear = [](int channel, int wanted, int alpha) {
-    const int off = kFull * std::min(channel, alpha) - wanted * alpha;
-    return static_cast<int>(2 * off <= alpha) & static_cast<int>(-2 * off <= alpha);
+/// Pixels as words: red in the lowest byte, alpha in the highest.
+struct Block {
+  Block(const std::uint8_t* pixels, std::size_t size) : count(size) {
+    for (std::size_t i = 0; i < count; ++i) {
+      std::memcpy(&words[i], pixels + 4 * i, sizeof words[i]);
+      const std::uint32_t alpha = words[i] >> 24U;
+      const std::uint32_t twice = alpha | alpha << 8U;
+      full[i] = twice | twice << 16U;
+    }
+  }
+
+  /// Whether no channel is above its alpha.
+  [[nodiscard]] bool isPremultiplied() const {
+    const auto* channels = reinterpret_cast<const std::uint8_t*>(words.data());
+    const auto* alphas = reinterpret_cast<const std::uint8_t*>(full.data());
+    std::uint8_t above = 0;
+    for (std::size_t i = 0; i < 4 * count; ++i) above |= static_cast<std::uint8_t>(channels[i] > alphas[i]);
+    return above == 0;
+  }
+
+  std::size_t count;
+  Words words;
+  Words full;  // white of each pixel's alpha
+};
+
+// What follows raises the flag of every pixel that may have a source colour. It is free of branches: the
+// compiler looks through several pixels at once.
+
+/// White in a premultiplied block, exactly.
+void flagWhite(const Block& block, Flags& flags) {
+  for (std::size_t i = 0; i < block.count; ++i) {
+    const std::uint32_t word = block.words[i];
+    flags[i] =
+        static_cast<std::uint8_t>(flags[i] | (static_cast<int>(word == block.full[i]) & static_cast<int>(word != 0)));
+  }
+}
+
+/// Any colour; a few pixels more may be flagged. A channel rounds to the source only if 255 times the channel
+/// lies within half an alpha of the source times the alpha.
+void flagColour(const Block& block, const std::array<int, 3>& source, Flags& flags) {
+  constexpr std::uint32_t kByte = 0xFF;
+  const auto isNear = [](std::uint32_t channel, std::uint32_t alpha, int wanted) {
+    const int a = static_cast<int>(alpha);
+    const int off = kFull * static_cast<int>(std::min(channel, alpha)) - wanted * a;
+    return static_cast<int>(2 * off <= a) & static_cast<int>(-2 * off <= a);
   };
-  for (std::size_t i = 0; i < count; ++i) {
-    const std::uint8_t* pixel = pixels + 4 * i;
-    const int alpha = pixel[3];
-    const int found = isNear(pixel[0], red, alpha) & isNear(pixel[1], green, alpha) & isNear(pixel[2], blue, alpha) &
-                      static_cast<int>(alpha != 0);
+  for (std::size_t i = 0; i < block.count; ++i) {
+    const std::uint32_t word = block.words[i];
+    const std::uint32_t alpha = word >> 24U;
+    const int found = isNear(word & kByte, alpha, source[0]) & isNear(word >> 8U & kByte, alpha, source[1]) &
+                      isNear(word >> 16U & kByte, alpha, source[2]) & static_cast<int>(alpha != 0);
     flags[i] = static_cast<std::uint8_t>(flags[i] | found);
+  }
+}
+
+void flagSources(const Block& block, const std::vector<std::array<int, 3>>& sources, Flags& flags) {
+  constexpr std::array<int, 3> kWhite{kFull, kFull, kFull};
+  const bool premultiplied = block.isPremultiplied();
+  for (const auto& source : sources) {
+    if (premultiplied && source == kWhite) {
+      flagWhite(block, flags);
+    } else {
+      flagColour(block, source, flags);
+    }
   }
 }
 
@@ -184,12 +234,7 @@ class Brush {
     if (!suggested) return;
     Bytes& bytes = known_[rule * kAlphas + static_cast<std::size_t>(alpha)];
     if (bytes.isKnown) {
-      // Four bytes a pixel is what pictures have: a copy of known size.
-      if (size_ == 4) {
-        std::memcpy(pixel, bytes.values.data(), 4);
-      } else {
-        std::memcpy(pixel, bytes.values.data(), size_);
-      }
+      std::memcpy(pixel, bytes.values.data(), size_);
       return;
     }
     const auto& [red, green, blue, full] = *suggested;
@@ -220,6 +265,7 @@ class Recolourer {
   void recolour(const Area& area, const std::vector<Pattern>& patterns) {
     const bool blocks = bitmap_.bitsPerPixel == 32 && order_.premultiplied && order_.alpha == 3;
     const std::vector<std::array<int, 3>> sources = distinctSources(patterns);
+    known_ = {};
     for (long y = area.rows.first; y < area.rows.end; ++y) {
       if (blocks) {
         recolourBlocks(area.columns, y, patterns, sources);
@@ -239,23 +285,47 @@ class Recolourer {
     return sources;
   }
 
+  /// What a pixel became in the area at hand. White marks differ in their alpha alone, so one entry an alpha
+  /// holds them all.
+  struct Known {
+    std::uint32_t before = 0;  // a transparent pixel: none yet
+    std::uint32_t after = 0;
+  };
+
   void recolourBlocks(const Extent& columns, long y, const std::vector<Pattern>& patterns,
                       const std::vector<std::array<int, 3>>& sources) {
     for (long first = columns.first; first < columns.end; first += static_cast<long>(kBlock)) {
       const auto count = std::min(kBlock, static_cast<std::size_t>(columns.end - first));
       std::uint8_t* pixels = pixelAt(bitmap_, first, y);
+      const Block block(pixels, count);
       Flags flags{};
-      for (const auto& source : sources) flagPremultiplied(pixels, count, source, flags);
+      flagSources(block, sources, flags);
       // Eight flags at a time: most pixels of a picture match nothing.
       for (std::size_t i = 0; i < count; i += sizeof(std::uint64_t)) {
-        std::uint64_t any = 0;
-        std::memcpy(&any, flags.data() + i, sizeof any);
-        if (any == 0) continue;
-        for (std::size_t j = i; j < std::min(count, i + sizeof any); ++j) {
-          if (flags[j] != 0) recolourPixel(pixels + 4 * j, first + static_cast<long>(j), y, patterns);
+        std::uint64_t raised = 0;
+        std::memcpy(&raised, flags.data() + i, sizeof raised);
+        for (; raised != 0; raised &= raised - 1) {
+          const std::size_t j = i + static_cast<std::size_t>(std::countr_zero(raised)) / 8;
+          recolourWord(block.words[j], pixels + 4 * j, first + static_cast<long>(j), y, patterns);
         }
       }
     }
+  }
+
+  static std::uint32_t wordOf(const std::uint8_t* pixel) {
+    std::uint32_t word = 0;
+    std::memcpy(&word, pixel, sizeof word);
+    return word;
+  }
+
+  void recolourWord(std::uint32_t word, std::uint8_t* pixel, long x, long y, const std::vector<Pattern>& patterns) {
+    Known& known = known_[word >> 24U];
+    if (known.before == word) {
+      std::memcpy(pixel, &known.after, sizeof known.after);
+      return;
+    }
+    recolourPixel(pixel, x, y, patterns);
+    known = {word, wordOf(pixel)};
   }
 
   void recolourPixel(std::uint8_t* pixel, long x, long y, const std::vector<Pattern>& patterns) {
@@ -269,6 +339,7 @@ class Recolourer {
   const BitmapPixels& bitmap_;
   ByteOrder order_;
   Brush brush_;
+  std::array<Known, 256> known_{};
 };
 
 }  // namespace

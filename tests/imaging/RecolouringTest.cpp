@@ -42,7 +42,7 @@ class Picture {
   void paint(const Colour& colour, long x, long y) {
     ++painted_;
     const auto byte = [](double value) { return static_cast<std::uint8_t>(std::clamp(value, 0.0, 1.0) * 255 + 0.5); };
-    const bool first = (pixels_.format & NSBitmapFormatAlphaFirst) != 0;
+    const bool first = pixels_.hasAlpha && (pixels_.format & NSBitmapFormatAlphaFirst) != 0;
     const bool straight = !pixels_.hasAlpha || (pixels_.format & NSBitmapFormatAlphaNonpremultiplied) != 0;
     const double factor = straight ? 1 : std::clamp(colour[3], 0.0, 1.0);
     for (std::size_t i = 0; i < 3; ++i) at(x, y)[i + (first ? 1 : 0)] = byte(colour[i] * factor);
