@@ -145,7 +145,7 @@ std::string gridFileText(const std::string& path) {
 
 std::string gridKeyTable() {
   constexpr VLRGridSettings kDefaults;
-  std::string text = "| Key | Value | Default | What it does |\n|---|---|---|---|\n";
+  std::string text = "\n| Key | Value | Default | What it does |\n|---|---|---|---|\n";
   for (const GridKeyRow& row : velura::kGridKeys) {
     text += "| `" + std::string(row.key) + "` | " + rangeText(row) + " | " + valueText(kDefaults, row) + " | " +
             std::string(row.effect) + " |\n";

@@ -35,9 +35,8 @@ bool linkFile(const fs::path& target, const char* name, std::string& error) {
 }
 
 bool linkSettings(const SessionOptions& options, std::string& error) {
-  const bool hasTheme = options.theming == Theming::kTheme;
-  return linkFile(hasTheme ? fs::path(options.themeFolder) / "PluginHelper.plist" : fs::path(), "PluginHelper.plist",
-                  error) &&
+  const fs::path theme = fs::path(options.themeFolder) / "PluginHelper.plist";
+  return (options.theming != Theming::kTheme || linkFile(theme, "PluginHelper.plist", error)) &&
          linkFile(options.gridSettings, "grid-settings.plist", error) &&
          linkFile(options.themeState, "theme-state.plist", error);
 }
