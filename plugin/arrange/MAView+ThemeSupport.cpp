@@ -184,10 +184,11 @@ NSColor workspaceColour() {
 void customArrangeContentsDrawRect(NSView view, CGRect dirty) {
   if (const NSColor workspace = workspaceColour()) fill(dirty, workspace);
   ContentsDrawRect::callHost(view, dirty);
-  if (gVBGSampling) return;
   const auto raised = guarded([&] {
-    VLRMarkerBandsDraw(view, dirty);
-    VLRBundleGridPostDraw(view, dirty);
+    if (!gVBGSampling) {
+      VLRMarkerBandsDraw(view, dirty);
+      VLRBundleGridPostDraw(view, dirty);
+    }
     VLRMarkerProbe(view);
   });
   static_cast<void>(raised);  // what the host has drawn stays

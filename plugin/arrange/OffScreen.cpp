@@ -23,6 +23,7 @@ std::optional<RulerRendering> renderRuler(NSView ruler, CGRect rect) {
   const NSBitmapImageRep bitmap = rendering.bitmap;
   if (!bitmap || bitmap.bitmapData() == nullptr) return std::nullopt;
   if (bitmap.bitsPerSample() != 8 || bitmap.samplesPerPixel() < 3 || bitmap.isPlanar()) return std::nullopt;
+  if ((bitmap.bitmapFormat() & NSBitmapFormatAlphaFirst) != 0) return std::nullopt;
   const NSInteger width = bitmap.pixelsWide();
   const NSInteger height = bitmap.pixelsHigh();
   if (width < 1 || height < 1) return std::nullopt;
