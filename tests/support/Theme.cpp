@@ -32,6 +32,9 @@ ThemeFile& ThemeFile::flag(const std::string& key, bool value) { return xml(key,
 ThemeFile& ThemeFile::integer(const std::string& key, long value) {
   return xml(key, "<integer>" + std::to_string(value) + "</integer>");
 }
+ThemeFile& ThemeFile::number(const std::string& key, double value) {
+  return xml(key, "<real>" + std::to_string(value) + "</real>");
+}
 std::string ThemeFile::list() const { return listOf(entries_); }
 
 std::string colour(int red, int green, int blue, int alpha) {
@@ -63,8 +66,18 @@ std::string writeTheme(const std::string& settings, const std::string& reference
   return folder;
 }
 
-std::unique_ptr<host::Application> start(const std::string& theme, host::Song song, host::HostOptions options) {
+std::string writeList(const std::string& name, const ThemeFile& list) {
+  const std::string path = session::privateFolder() + "/" + name;
+  writeFile(path, list.list());
+  return path;
+}
+
+std::unique_ptr<host::Application> start(const std::string& theme, host::Song song, host::HostOptions options,
+                                         const UserSettings& settings) {
   session::SessionOptions session;
+  session.gridSettings = settings.grid;
+  session.themeState = settings.state;
+  session.tracksBackground = settings.tracksBackground;
   session.host = std::move(options);
   session.themeFolder = theme;
   session.theming = theme.empty()        ? session::Theming::kWithoutBundle

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -17,6 +18,7 @@ class ThemeFile {
   ThemeFile& text(const std::string& key, const std::string& value);
   ThemeFile& flag(const std::string& key, bool value);
   ThemeFile& integer(const std::string& key, long value);
+  ThemeFile& number(const std::string& key, double value);
   /// Any property list element, as XML.
   ThemeFile& xml(const std::string& key, const std::string& element);
   [[nodiscard]] std::string list() const;
@@ -32,8 +34,19 @@ std::string colour(int red, int green, int blue, int alpha = 100);
 /// reference file where one is given. Returns the folder.
 std::string writeTheme(const std::string& settings, const std::string& reference = {});
 
+/// What a user has set besides the theme; "" for no file.
+struct UserSettings {
+  std::string grid;  // files that stand at the plug-in's paths
+  std::string state;
+  std::optional<long> tracksBackground;
+};
+
 /// Starts the host with a theme folder ("" for the host alone, "default" for the theme "Default").
-std::unique_ptr<host::Application> start(const std::string& theme, host::Song song, host::HostOptions options = {});
+std::unique_ptr<host::Application> start(const std::string& theme, host::Song song, host::HostOptions options = {},
+                                         const UserSettings& settings = {});
+
+/// Writes a property list below the test's private folder. Returns its path.
+std::string writeList(const std::string& name, const ThemeFile& list);
 
 /// A song with one audio strip for each name; the first field of every track can be changed by the caller.
 host::Song songOf(std::initializer_list<host::Track> tracks);
