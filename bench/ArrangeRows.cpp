@@ -31,19 +31,22 @@ using namespace cocoa;
 constexpr NSInteger kWidth = 2560;
 constexpr NSInteger kHeight = 1600;
 
-/// A scale picture: premultiplied white marks of several alphas on transparent and dark grounds.
+/// A scale picture: premultiplied white marks of several alphas, in runs as ticks and digits are, on a ground of
+/// other colours.
 struct ScalePicture {
   Ref<NSBitmapImageRep> bitmap;
   std::vector<unsigned char> original;
 
   ScalePicture(NSInteger width, NSInteger height, int percentMatching)
       : bitmap(velura::MyNSBitmapImageRep::withSize(width, height)) {
+    constexpr std::size_t kRun = 32 * 4;  // bytes
     std::mt19937 random(5);
     unsigned char* pixels = bitmap->bitmapData();
     const auto size = static_cast<std::size_t>(bitmap->bytesPerRow() * height);
+    bool matches = false;
     for (std::size_t i = 0; i < size; i += 4) {
+      if (i % kRun == 0) matches = static_cast<int>(random() % 100) < percentMatching;
       const auto alpha = static_cast<unsigned char>(random() % 4 == 0 ? 102 : random() % 255 + 1);
-      const bool matches = static_cast<int>(random() % 100) < percentMatching;
       const auto shade = static_cast<unsigned char>(matches ? alpha : alpha / 2);
       const unsigned char pixel[] = {shade, shade, shade, alpha};
       std::memcpy(pixels + i, pixel, sizeof pixel);

@@ -41,7 +41,7 @@ class ColumnColours {
       const long count = std::min(kBlock, ruler_.width - first);
       load(first, count);
       for (long i = 1; i <= count; ++i) {
-        const bool same = !colours.empty() && std::equal(column(i), column(i) + tested_, column(i - 1));
+        const bool same = !colours.empty() && std::memcmp(column(i), column(i - 1), tested_ * sizeof(Pixel)) == 0;
         colours.push_back(same ? colours.back() : colourOf(column(i)));
       }
     }
@@ -264,6 +264,18 @@ struct Channels {
   std::array<std::int16_t, kMost> green;
   std::array<std::int16_t, kMost> blue;
 
+  /// Whether pixels of four bytes each are shades of grey, every one of them.
+  static bool areGrey(const std::uint8_t* pixels, std::size_t count) {
+    std::uint32_t differences = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+      std::uint32_t word = 0;
+      std::memcpy(&word, pixels + 4 * i, sizeof word);
+      differences |= word ^ word >> 8U;
+    }
+    constexpr std::uint32_t kRedAndGreen = 0xFFFF;  // where green and blue have been taken from red and green
+    return (differences & kRedAndGreen) == 0;
+  }
+
   /// Takes over every second pixel of four bytes each.
   void load(const std::uint8_t* pixels, std::size_t count) {
     constexpr std::uint32_t kByte = 0xFF;
@@ -300,6 +312,7 @@ long colouredPixelsIn(const RulerPixels& ruler, long y) {
     Channels channels;  // NOLINT(cppcoreguidelines-pro-type-member-init): filled as far as it is read
     for (std::size_t first = 0; first < pairs; first += Channels::kMost) {
       const std::size_t count = std::min(Channels::kMost, pairs - first);
+      if (Channels::areGrey(row + 8 * first, 2 * count - 1)) continue;
       channels.load(row + 8 * first, count);
       found += channels.coloured(count);
     }

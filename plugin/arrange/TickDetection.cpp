@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstdlib>
+#include <memory>
 #include <optional>
 #include <span>
 
@@ -12,31 +13,37 @@ namespace {
 
 constexpr int kLevels = 256;
 
-/// The strip in shades of grey, one byte a pixel.
-struct GreyPlane {
+/// The strip in shades of grey, one byte a pixel; rows that nobody asks for are never converted.
+class GreyPlane {
+ public:
   explicit GreyPlane(const RulerPixels& strip)
-      : width(strip.width), height(strip.height), levels(static_cast<std::size_t>(strip.width * strip.height)) {
-    for (long y = 0; y < height; ++y) {
-      if (strip.bytesPerPixel == 4) {
-        fillRow<4>(strip.row(y), y, strip.bytesPerPixel);
+      : width(strip.width),
+        height(strip.height),
+        strip_(strip),
+        levels_(new std::uint8_t[static_cast<std::size_t>(strip.width * strip.height)]),
+        converted_(static_cast<std::size_t>(strip.height)) {}
+
+  [[nodiscard]] const std::uint8_t* row(long y) {
+    std::uint8_t* out = levels_.get() + y * width;
+    if (!converted_[static_cast<std::size_t>(y)]) {
+      converted_[static_cast<std::size_t>(y)] = true;
+      if (strip_.bytesPerPixel == 4) {
+        convert<4>(strip_.row(y), out);
       } else {
-        fillRow<0>(strip.row(y), y, strip.bytesPerPixel);
+        convert<0>(strip_.row(y), out);
       }
     }
+    return out;
   }
 
-  [[nodiscard]] const std::uint8_t* row(long y) const { return levels.data() + y * width; }
-
-  long width;
-  long height;
-  std::vector<std::uint8_t> levels;
+  const long width;
+  const long height;
 
  private:
   /// `Step` is the number of bytes a pixel where the compiler is to know it, else 0.
   template <long Step>
-  void fillRow(const std::uint8_t* pixels, long y, long bytesPerPixel) {
-    const long step = Step > 0 ? Step : bytesPerPixel;
-    std::uint8_t* out = levels.data() + y * width;
+  void convert(const std::uint8_t* pixels, std::uint8_t* out) const {
+    const long step = Step > 0 ? Step : strip_.bytesPerPixel;
     for (long x = 0; x < width; ++x) {
       const std::uint8_t* pixel = pixels + x * step;
       const unsigned sum = static_cast<unsigned>(pixel[0]) + pixel[1] + pixel[2];
@@ -44,6 +51,10 @@ struct GreyPlane {
       out[x] = static_cast<std::uint8_t>(sum * 0xAAABU >> 17U);
     }
   }
+
+  const RulerPixels& strip_;
+  std::unique_ptr<std::uint8_t[]> levels_;
+  std::vector<bool> converted_;
 };
 
 /// Rows in which ticks are looked for: from the row that they stand on (or hang from) to the last one.
@@ -64,7 +75,7 @@ std::array<Band, 3> bandsOf(long height) {
 }
 
 /// The median grey of every second pixel of the band.
-int backgroundOf(const GreyPlane& plane, const Band& band) {
+int backgroundOf(GreyPlane& plane, const Band& band) {
   std::array<long, kLevels> histogram{};
   long total = 0;
   for (long i = 0; i < band.length(); i += 2) {
@@ -82,7 +93,7 @@ int backgroundOf(const GreyPlane& plane, const Band& band) {
 
 /// For each column, the pixels that stand out from the background, walking into the band until four in a row
 /// do not. All columns advance a row at a time, so that the work on them is done many columns at once.
-std::vector<std::uint16_t> columnHeights(const GreyPlane& plane, const Band& band, int background, int threshold) {
+std::vector<std::uint16_t> columnHeights(GreyPlane& plane, const Band& band, int background, int threshold) {
   constexpr std::uint16_t kEndingGap = 4;
   const auto width = static_cast<std::size_t>(plane.width);
   std::vector<std::uint16_t> heights(width);
@@ -130,7 +141,7 @@ bool isPeak(std::span<const std::uint16_t> heights, std::size_t x, std::size_t r
   return true;
 }
 
-Search ticksAt(const GreyPlane& plane, const Band& band, int background, int threshold, const RulerPixels& strip,
+Search ticksAt(GreyPlane& plane, const Band& band, int background, int threshold, const RulerPixels& strip,
                double leftEdge) {
   constexpr int kNoTick = 2;
   constexpr double kReach = 1.5;       // points
@@ -150,7 +161,7 @@ Search ticksAt(const GreyPlane& plane, const Band& band, int background, int thr
   return found;
 }
 
-Search searchBand(const GreyPlane& plane, const Band& band, const RulerPixels& strip, double leftEdge) {
+Search searchBand(GreyPlane& plane, const Band& band, const RulerPixels& strip, double leftEdge) {
   constexpr int kThreshold = 55;
   constexpr int kFaintThreshold = 28;
   constexpr long kFewTicks = 3;
@@ -163,7 +174,7 @@ Search searchBand(const GreyPlane& plane, const Band& band, const RulerPixels& s
 /// The search that found the most short ticks, an earlier one before a later one.
 Search bestSearch(const RulerPixels& strip, double leftEdge) {
   constexpr long kPlenty = 5;
-  const GreyPlane plane(strip);
+  GreyPlane plane(strip);
   const auto bands = bandsOf(strip.height);
   std::optional<Search> best;
   for (const Band& band : bands) {

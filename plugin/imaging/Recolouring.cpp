@@ -149,56 +149,43 @@ std::uint8_t* pixelAt(const BitmapPixels& bitmap, long x, long y) {
 static_assert(std::endian::native == std::endian::little, "words of pixels are taken apart by their bits");
 constexpr std::size_t kBlock = 256;  // pixels that are looked through at once
 using Flags = std::array<std::uint8_t, kBlock>;
-using Words = std::array<std::uint32_t, kBlock>;
+constexpr std::uint64_t kAllRaised = 0x0101010101010101;  // of eight flags
+constexpr std::array<int, 3> kWhite{kFull, kFull, kFull};
 
-/// Pixels as words: red in the lowest byte, alpha in the highest.
-struct Block {
-  Block(const std::uint8_t* pixels, std::size_t size) : count(size) {
-    for (std::size_t i = 0; i < count; ++i) {
-      std::memcpy(&words[i], pixels + 4 * i, sizeof words[i]);
-      const std::uint32_t alpha = words[i] >> 24U;
-      const std::uint32_t twice = alpha | alpha << 8U;
-      full[i] = twice | twice << 16U;
-    }
-  }
+/// Red in the lowest byte, alpha in the highest.
+inline std::uint32_t wordOf(const std::uint8_t* pixel) {
+  std::uint32_t word = 0;
+  std::memcpy(&word, pixel, sizeof word);
+  return word;
+}
 
-  /// Whether no channel is above its alpha.
-  [[nodiscard]] bool isPremultiplied() const {
-    const auto* channels = reinterpret_cast<const std::uint8_t*>(words.data());
-    const auto* alphas = reinterpret_cast<const std::uint8_t*>(full.data());
-    std::uint8_t above = 0;
-    for (std::size_t i = 0; i < 4 * count; ++i) above |= static_cast<std::uint8_t>(channels[i] > alphas[i]);
-    return above == 0;
-  }
+// What follows raises the flag of every pixel that may have a source colour, and of a few more. It is free of
+// branches: the compiler looks through several pixels at once.
 
-  std::size_t count;
-  Words words;
-  Words full;  // white of each pixel's alpha
-};
-
-// What follows raises the flag of every pixel that may have a source colour. It is free of branches: the
-// compiler looks through several pixels at once.
-
-/// White in a premultiplied block, exactly.
-void flagWhite(const Block& block, Flags& flags) {
-  for (std::size_t i = 0; i < block.count; ++i) {
-    const std::uint32_t word = block.words[i];
-    flags[i] =
-        static_cast<std::uint8_t>(flags[i] | (static_cast<int>(word == block.full[i]) & static_cast<int>(word != 0)));
+/// White: no channel is below its alpha. Compared as one number, blue first, which where no channel is above
+/// its alpha is the same.
+void flagWhite(const std::uint8_t* pixels, std::size_t count, Flags& flags) {
+  constexpr std::uint32_t kChannels = 0xFFFFFF;
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::uint32_t word = wordOf(pixels + 4 * i);
+    const std::uint32_t alpha = word >> 24U;
+    const auto white = static_cast<std::int32_t>(alpha | alpha << 8U | alpha << 16U);
+    const auto channels = static_cast<std::int32_t>(word & kChannels);
+    flags[i] = static_cast<std::uint8_t>(static_cast<int>(channels >= white) & static_cast<int>(alpha != 0));
   }
 }
 
-/// Any colour; a few pixels more may be flagged. A channel rounds to the source only if 255 times the channel
-/// lies within half an alpha of the source times the alpha.
-void flagColour(const Block& block, const std::array<int, 3>& source, Flags& flags) {
+/// Any colour. A channel rounds to the source only if 255 times the channel lies within half an alpha of the
+/// source times the alpha.
+void flagColour(const std::uint8_t* pixels, std::size_t count, const std::array<int, 3>& source, Flags& flags) {
   constexpr std::uint32_t kByte = 0xFF;
   const auto isNear = [](std::uint32_t channel, std::uint32_t alpha, int wanted) {
     const int a = static_cast<int>(alpha);
     const int off = kFull * static_cast<int>(std::min(channel, alpha)) - wanted * a;
     return static_cast<int>(2 * off <= a) & static_cast<int>(-2 * off <= a);
   };
-  for (std::size_t i = 0; i < block.count; ++i) {
-    const std::uint32_t word = block.words[i];
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::uint32_t word = wordOf(pixels + 4 * i);
     const std::uint32_t alpha = word >> 24U;
     const int found = isNear(word & kByte, alpha, source[0]) & isNear(word >> 8U & kByte, alpha, source[1]) &
                       isNear(word >> 16U & kByte, alpha, source[2]) & static_cast<int>(alpha != 0);
@@ -206,14 +193,14 @@ void flagColour(const Block& block, const std::array<int, 3>& source, Flags& fla
   }
 }
 
-void flagSources(const Block& block, const std::vector<std::array<int, 3>>& sources, Flags& flags) {
-  constexpr std::array<int, 3> kWhite{kFull, kFull, kFull};
-  const bool premultiplied = block.isPremultiplied();
+/// The sources come without repetition, white first.
+void flagSources(const std::uint8_t* pixels, std::size_t count, const std::vector<std::array<int, 3>>& sources,
+                 Flags& flags) {
   for (const auto& source : sources) {
-    if (premultiplied && source == kWhite) {
-      flagWhite(block, flags);
+    if (source == kWhite) {
+      flagWhite(pixels, count, flags);
     } else {
-      flagColour(block, source, flags);
+      flagColour(pixels, count, source, flags);
     }
   }
 }
@@ -282,6 +269,8 @@ class Recolourer {
     for (const Pattern& pattern : patterns) {
       if (std::ranges::find(sources, pattern.source) == sources.end()) sources.push_back(pattern.source);
     }
+    if (const auto white = std::ranges::find(sources, kWhite); white != sources.end())
+      std::iter_swap(sources.begin(), white);
     return sources;
   }
 
@@ -297,28 +286,35 @@ class Recolourer {
     for (long first = columns.first; first < columns.end; first += static_cast<long>(kBlock)) {
       const auto count = std::min(kBlock, static_cast<std::size_t>(columns.end - first));
       std::uint8_t* pixels = pixelAt(bitmap_, first, y);
-      const Block block(pixels, count);
+      if (first + 2 * static_cast<long>(kBlock) <= columns.end) fetchAhead(pixels + 4 * kBlock);
       Flags flags{};
-      flagSources(block, sources, flags);
-      // Eight flags at a time: most pixels of a picture match nothing.
+      flagSources(pixels, count, sources, flags);
+      // Eight flags at a time: most pixels of a picture match nothing, and those that do stand together.
       for (std::size_t i = 0; i < count; i += sizeof(std::uint64_t)) {
         std::uint64_t raised = 0;
         std::memcpy(&raised, flags.data() + i, sizeof raised);
+        if (raised == kAllRaised) {
+          for (std::size_t j = i; j < i + sizeof raised; ++j) {
+            recolourWord(pixels + 4 * j, first + static_cast<long>(j), y, patterns);
+          }
+          continue;
+        }
         for (; raised != 0; raised &= raised - 1) {
           const std::size_t j = i + static_cast<std::size_t>(std::countr_zero(raised)) / 8;
-          recolourWord(block.words[j], pixels + 4 * j, first + static_cast<long>(j), y, patterns);
+          recolourWord(pixels + 4 * j, first + static_cast<long>(j), y, patterns);
         }
       }
     }
   }
 
-  static std::uint32_t wordOf(const std::uint8_t* pixel) {
-    std::uint32_t word = 0;
-    std::memcpy(&word, pixel, sizeof word);
-    return word;
+  /// Has the block at an address brought to the cache meanwhile.
+  static void fetchAhead(const std::uint8_t* pixels) {
+    constexpr std::size_t kCacheLine = 64;
+    for (std::size_t i = 0; i < 4 * kBlock; i += kCacheLine) __builtin_prefetch(pixels + i);
   }
 
-  void recolourWord(std::uint32_t word, std::uint8_t* pixel, long x, long y, const std::vector<Pattern>& patterns) {
+  void recolourWord(std::uint8_t* pixel, long x, long y, const std::vector<Pattern>& patterns) {
+    const std::uint32_t word = wordOf(pixel);
     Known& known = known_[word >> 24U];
     if (known.before == word) {
       std::memcpy(pixel, &known.after, sizeof known.after);
