@@ -75,7 +75,7 @@ std::array<Band, 3> bandsOf(long height) {
 }
 
 /// The median grey of every second pixel of the band.
-int backgroundOf(GreyPlane& plane, const Band& band) {
+std::uint8_t backgroundOf(GreyPlane& plane, const Band& band) {
   std::array<long, kLevels> histogram{};
   long total = 0;
   for (long i = 0; i < band.length(); i += 2) {
@@ -86,31 +86,43 @@ int backgroundOf(GreyPlane& plane, const Band& band) {
   long running = 0;
   for (int level = 0; level < kLevels; ++level) {
     running += histogram[static_cast<std::size_t>(level)];
-    if (2 * running >= total) return level;
+    if (2 * running >= total) return static_cast<std::uint8_t>(level);
   }
   return kLevels / 2;
 }
 
 /// For each column, the pixels that stand out from the background, walking into the band until four in a row
-/// do not. All columns advance a row at a time, so that the work on them is done many columns at once.
-std::vector<std::uint16_t> columnHeights(GreyPlane& plane, const Band& band, int background, int threshold) {
-  constexpr std::uint16_t kEndingGap = 4;
+/// do not. All columns advance a row at a time, in the smallest numbers that hold a count, so that the work is
+/// done on many columns at once.
+template <class Count>
+std::vector<std::uint16_t> columnHeightsIn(GreyPlane& plane, const Band& band, std::uint8_t background,
+                                           std::uint8_t threshold) {
+  constexpr Count kEndingGap = 4;
   const auto width = static_cast<std::size_t>(plane.width);
-  std::vector<std::uint16_t> heights(width);
-  std::vector<std::uint16_t> gaps(width);
+  std::vector<Count> heights(width);
+  std::vector<Count> gaps(width);
   for (long i = 0; i < band.length(); ++i) {
     const std::uint8_t* row = plane.row(band.start + i * band.step());
-    std::uint16_t* height = heights.data();
-    std::uint16_t* gap = gaps.data();
+    Count* height = heights.data();
+    Count* gap = gaps.data();
     for (std::size_t x = 0; x < width; ++x) {
-      const int difference = row[x] - background;
-      const auto standsOut = static_cast<std::uint16_t>((difference > threshold) | (-difference > threshold));
-      const auto walks = static_cast<std::uint16_t>(gap[x] < kEndingGap);
-      height[x] = static_cast<std::uint16_t>(height[x] + (walks & standsOut));
-      const auto longer = static_cast<std::uint16_t>(standsOut != 0 ? 0 : gap[x] + 1);
+      const std::uint8_t level = row[x];
+      const auto difference = static_cast<std::uint8_t>(level > background ? level - background : background - level);
+      const auto standsOut = static_cast<Count>(difference > threshold);
+      const auto walks = static_cast<Count>(gap[x] < kEndingGap);
+      const auto longer = static_cast<Count>(standsOut != 0 ? 0 : gap[x] + 1);
+      height[x] = static_cast<Count>(height[x] + (walks & standsOut));
       gap[x] = walks != 0 ? longer : gap[x];
     }
   }
+  return {heights.begin(), heights.end()};
+}
+
+std::vector<std::uint16_t> columnHeights(GreyPlane& plane, const Band& band, std::uint8_t background,
+                                         std::uint8_t threshold) {
+  constexpr long kLargestByte = 255;
+  auto heights = band.length() <= kLargestByte ? columnHeightsIn<std::uint8_t>(plane, band, background, threshold)
+                                               : columnHeightsIn<std::uint16_t>(plane, band, background, threshold);
   if (band.dropsFullHeight) {
     std::replace(heights.begin(), heights.end(), static_cast<std::uint16_t>(band.length()), std::uint16_t{0});
   }
@@ -141,8 +153,8 @@ bool isPeak(std::span<const std::uint16_t> heights, std::size_t x, std::size_t r
   return true;
 }
 
-Search ticksAt(GreyPlane& plane, const Band& band, int background, int threshold, const RulerPixels& strip,
-               double leftEdge) {
+Search ticksAt(GreyPlane& plane, const Band& band, std::uint8_t background, std::uint8_t threshold,
+               const RulerPixels& strip, double leftEdge) {
   constexpr int kNoTick = 2;
   constexpr double kReach = 1.5;       // points
   constexpr double kLeftMargin = 2;    // points
@@ -162,10 +174,10 @@ Search ticksAt(GreyPlane& plane, const Band& band, int background, int threshold
 }
 
 Search searchBand(GreyPlane& plane, const Band& band, const RulerPixels& strip, double leftEdge) {
-  constexpr int kThreshold = 55;
-  constexpr int kFaintThreshold = 28;
+  constexpr std::uint8_t kThreshold = 55;
+  constexpr std::uint8_t kFaintThreshold = 28;
   constexpr long kFewTicks = 3;
-  const int background = backgroundOf(plane, band);
+  const std::uint8_t background = backgroundOf(plane, band);
   Search found = ticksAt(plane, band, background, kThreshold, strip, leftEdge);
   if (found.shortTicks >= kFewTicks) return found;
   return ticksAt(plane, band, background, kFaintThreshold, strip, leftEdge);
