@@ -1,0 +1,68 @@
+#pragma once
+// The arrange contents of a host with the bundle loaded, under grid settings that a test changes.
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <set>
+
+#include "cocoa/Call.h"
+#include "standin/Clock.h"
+#include "standin/Mouse.h"
+#include "standin/RunLoop.h"
+#include "tests/host/ArrangeHost.h"
+
+namespace support {
+
+class ArrangeContents : public testing::Test {
+ protected:
+  static constexpr double kNow = 7e8;
+
+  /// Starts at a clock that stands still.
+  void start(const ThemeFile& grid, host::Song song, host::HostOptions options = {}, const ThemeFile& theme = {}) {
+    standin::setClock(kNow);
+    application_ = support::start(writeTheme(theme.list()), std::move(song), std::move(options),
+                                  {.grid = writeList("grid.plist", grid), .state = state_, .tracksBackground = 2});
+    ASSERT_TRUE(application_);
+  }
+  /// What the user sets from now on.
+  static void set(const ThemeFile& grid) {
+    writeList("grid.plist", grid);
+    cocoa::call<"reloadSettings">(reader());
+  }
+  static NSObject reader() { return cocoa::call<"sharedReader", NSObject>(cocoa::classNamed("VLRGridSettingsReader")); }
+  [[nodiscard]] host::Song& song() const { return const_cast<host::Song&>(application_->song()); }
+  [[nodiscard]] NSView contents() const { return application_->arrange().contents(); }
+  NSBitmapImageRep picture() const { return drawn(contents(), contents().visibleRect()); }
+  /// The same once the colours of regions are known.
+  NSBitmapImageRep settledPicture() const {
+    picture();
+    standin::runMainQueue();
+    return picture();
+  }
+
+  static bool differ(NSBitmapImageRep a, NSBitmapImageRep b, long x, long y) {
+    const auto at = [&](NSBitmapImageRep bitmap) { return bitmap.bitmapData() + y * bitmap.bytesPerRow() + 4 * x; };
+    return std::memcmp(at(a), at(b), 4) != 0;
+  }
+  /// The columns in which two pictures differ in a row.
+  static std::set<long> changedColumns(NSBitmapImageRep a, NSBitmapImageRep b, long y) {
+    std::set<long> columns;
+    for (long x = 0; x < a.pixelsWide(); ++x) {
+      if (differ(a, b, x, y)) columns.insert(x);
+    }
+    return columns;
+  }
+  static bool areSame(NSBitmapImageRep a, NSBitmapImageRep b) {
+    for (long y = 0; y < a.pixelsHigh(); ++y) {
+      if (!changedColumns(a, b, y).empty()) return false;
+    }
+    return true;
+  }
+
+  cocoa::AutoreleasePool pool_;
+  std::string state_;
+  std::unique_ptr<host::Application> application_;
+};
+
+}  // namespace support
