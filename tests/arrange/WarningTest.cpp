@@ -1,0 +1,168 @@
+// The warning about track colours that the host's colour bars do not show.
+
+#include <gtest/gtest.h>
+
+#include "cocoa/Call.h"
+#include "cocoa/ClassDefinition.h"
+#include "host/arrange/CLgSongDocument.h"
+#include "standin/Desk.h"
+#include "standin/RunLoop.h"
+#include "tests/support/Theme.h"
+
+namespace {
+
+using namespace cocoa;
+using support::ThemeFile;
+
+NSString skipKey() { return literal<"SkipTrackColorWarning">(); }
+NSUserDefaults defaults() { return NSUserDefaults::standardUserDefaults(); }
+
+class TrackColourWarning : public testing::Test {
+ protected:
+  /// Opens a song whose headers show colour bars or not, under a theme that asks for track colours or not.
+  void open(bool bars, bool tracks = true) {
+    standin::setAlertAnswer([this](NSAlert alert) { return answer_(alert); });
+    standin::setOpenedURL([this](const std::string& address) { opened_.push_back(address); });
+    host::Song song;
+    song.arrange.headers.colourBars = bars;
+    application_ = support::start(
+        support::writeTheme(ThemeFile().flag("useTrackColorAsArrangeStripBackground", tracks).list()), song);
+    ASSERT_TRUE(application_);
+  }
+  /// How many alerts run now.
+  int alerts() {
+    alerts_ = 0;
+    standin::runMainQueue();
+    return alerts_;
+  }
+  void announce() const { host::announceOpened(application_->arrange().document()); }
+
+  AutoreleasePool pool_;
+  int alerts_ = 0;
+  std::vector<std::string> opened_;
+  std::function<NSUInteger(NSAlert)> answer_ = [this](NSAlert) {
+    ++alerts_;
+    return NSUInteger(0);
+  };
+  std::unique_ptr<host::Application> application_;
+};
+
+TEST_F(TrackColourWarning, ComesOnceForADocumentWithoutColourBars) {
+  open(false);
+  EXPECT_EQ(alerts_, 0) << "not while the document opens";
+  EXPECT_EQ(alerts(), 1);
+  EXPECT_EQ(alerts(), 0);
+  announce();
+  EXPECT_EQ(alerts(), 1) << "the next document";
+  EXPECT_FALSE(defaults().boolForKey(skipKey()));
+}
+
+TEST_F(TrackColourWarning, StaysAwayWhereNothingIsWrong) {
+  struct Case {
+    bool bars;
+    bool tracks;
+  };
+  for (const Case& c : {Case{true, true}, Case{false, false}, Case{true, false}}) {
+    EXPECT_TRUE(support::inChild([&] {
+      open(c.bars, c.tracks);
+      EXPECT_EQ(alerts(), 0);
+      const NSObject view = application_->arrange().arrangeView();
+      EXPECT_EQ((call<"isArrangeColorBarVisible:", BOOL>(classNamed("Utility"), view)) != 0, c.bars);
+      return true;
+    }));
+  }
+}
+
+TEST_F(TrackColourWarning, SaysWhatToDo) {
+  answer_ = [this](NSAlert alert) {
+    ++alerts_;
+    EXPECT_EQ(alert.buttons().count(), 2U);
+    EXPECT_EQ(toStdString(cast<NSButton>(alert.buttons().objectAtIndex(0)).title()), "Close");
+    EXPECT_EQ(toStdString(cast<NSButton>(alert.buttons().objectAtIndex(1)).title()), "Help");
+    EXPECT_EQ(toStdString(alert.messageText()), "Velura Use Track Color Warning");
+    const std::string text = toStdString(alert.informativeText());
+    EXPECT_TRUE(text.starts_with("Track header color not enabled in this ")) << text;
+    EXPECT_TRUE(
+        text.ends_with(" Project. Please navigate to one of the track headers in your project and right click "
+                       "onto track header in Arrange Area > Track Header Components > Track Color Bars, to "
+                       "activate track colors."))
+        << text;
+    EXPECT_EQ(alert.alertStyle(), NSAlertStyleWarning);
+    EXPECT_TRUE(alert.window().appearance().isEqual(NSAppearance::appearanceNamed(NSAppearanceNameVibrantDark)));
+    EXPECT_TRUE(alert.showsSuppressionButton());
+    EXPECT_EQ(toStdString(alert.suppressionButton().title()), "Don't show this again");
+    return NSUInteger(0);
+  };
+  open(false);
+  EXPECT_EQ(alerts(), 1);
+}
+
+TEST_F(TrackColourWarning, HelpsAndStaysOpen) {
+  answer_ = [this](NSAlert alert) {
+    ++alerts_;
+    const auto help = cast<NSButton>(alert.buttons().objectAtIndex(1));
+    call<"performClick:">(help, NSObject());
+    call<"performClick:">(help, NSObject());
+    EXPECT_EQ(opened_.size(), 2U) << "while the alert runs";
+    return NSUInteger(0);
+  };
+  open(false);
+  EXPECT_EQ(alerts(), 1);
+  ASSERT_EQ(opened_.size(), 2U);
+  EXPECT_TRUE(opened_[0].starts_with("https://")) << opened_[0];
+}
+
+TEST_F(TrackColourWarning, IsGivenNoMoreToWhoeverDoesNotWantIt) {
+  answer_ = [this](NSAlert alert) {
+    ++alerts_;
+    call<"performClick:">(alert.suppressionButton(), NSObject());
+    return NSUInteger(0);
+  };
+  open(false);
+  EXPECT_EQ(alerts(), 1);
+  EXPECT_TRUE(defaults().boolForKey(skipKey()));
+  announce();
+  EXPECT_EQ(alerts(), 0);
+  call<"showArrangeUseTrackColorAlert">(classNamed("Utility"));
+  EXPECT_EQ(alerts(), 0);
+  defaults().setBool(false, skipKey());
+  call<"showArrangeUseTrackColorAlert">(classNamed("Utility"));
+  EXPECT_EQ(alerts(), 1);
+}
+
+NSDictionary noConfiguration(Class /*self*/, NSObject /*window*/) { return {}; }
+NSDictionary shortConfiguration(Class /*self*/, NSObject /*window*/) {
+  const auto configuration = NSMutableDictionary::dictionary();
+  configuration.setObject(NSArray::array(), literal<"trackelemShow">());
+  return configuration;
+}
+
+TEST_F(TrackColourWarning, CountsBarsAsHiddenThatCannotBeAskedFor) {
+  open(true);
+  EXPECT_EQ(alerts(), 0);
+  const Class controller = metaclassOf(classNamed("TrackHeaderConfigController"));
+  detail::replaceFunction<"createSaveConfigDict:", noConfiguration>(controller);
+  announce();
+  EXPECT_EQ(alerts(), 1);
+  detail::replaceFunction<"createSaveConfigDict:", shortConfiguration>(controller);  // reading it raises
+  announce();
+  EXPECT_EQ(alerts(), 1);
+}
+
+TEST_F(TrackColourWarning, IsNotMovedByOtherDocuments) {
+  open(false);
+  alerts();
+  const auto post = [](NSObject document) {
+    const auto info = NSMutableDictionary::dictionary();
+    if (document) info.setObject(document, literal<"CLgSongDocument">());
+    NSNotificationCenter::defaultCenter().postNotificationName(
+        literal<"CLgDocumentControllerNotification_documentDidOpen">(), NSObject(), info);
+  };
+  post(NSObject());
+  post(string("no document"));
+  const auto closed = Ref<NSObject>::adopt(NSObject(call<"new", id>(asObject(classNamed("CLgSongDocument")))));
+  post(closed);
+  EXPECT_EQ(alerts(), 0);
+}
+
+}  // namespace
