@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <cstring>
 #include <random>
@@ -184,7 +185,8 @@ double save(const std::string& path) {
 void saveAndWait(host::Application& /*application*/, const std::string& path) {
   const NSObject reader = call<"sharedReader", NSObject>(classNamed("VLRGridSettingsReader"));
   const double expected = save(path);
-  while (call<"settings", velura::VLRGridSettings>(reader).barOpacity != expected) {
+  // Foundation may read a decimal an ulp off.
+  while (std::abs(call<"settings", velura::VLRGridSettings>(reader).barOpacity - expected) > 1e-9) {
     standin::waitForMainQueue(1);
     standin::runMainQueue();
   }

@@ -23,13 +23,14 @@ void storeSelectedTheme(const char* name) {
   call<"synchronize", BOOL>(suite.get().object);
 }
 
-/// Puts a link to `target` at a path of the plug-in's folder; "" removes what stands there.
+/// Puts a link to `target` at a path of the plug-in's folder; "" leaves what stands there.
 bool linkFile(const fs::path& target, const char* name, std::string& error) {
+  if (target.empty()) return true;
   const fs::path folder = applicationSupport() + "/Velura";
   std::error_code failure;
   fs::create_directories(folder, failure);
   if (!failure) fs::remove(folder / name, failure);
-  if (!failure && !target.empty()) fs::create_symlink(fs::absolute(target), folder / name, failure);
+  if (!failure) fs::create_symlink(fs::absolute(target), folder / name, failure);
   if (failure) error = (folder / name).string() + ": " + failure.message();
   return !failure;
 }

@@ -19,9 +19,9 @@ constexpr unsigned long kWatchedEvents =
     DISPATCH_VNODE_DELETE | DISPATCH_VNODE_WRITE | DISPATCH_VNODE_EXTEND | DISPATCH_VNODE_RENAME;
 constexpr unsigned long kOtherFileNow = DISPATCH_VNODE_DELETE | DISPATCH_VNODE_RENAME;
 
-/// "" when the user has no Application Support folder.
+/// "" when the user has no Application Support folder, which stays where it is as long as the process lives.
 std::string pathBeside(const char* name) {
-  const std::string support = applicationSupportFolder();
+  static const std::string support = applicationSupportFolder();
   return support.empty() ? support : support + "/Velura/" + name;
 }
 std::string settingsPath() { return pathBeside("grid-settings.plist"); }
