@@ -142,8 +142,18 @@ class Running {
     }
     return false;
   }
+  /// What it has written, once nothing has been added for more than a second.
+  [[nodiscard]] std::string settled() const {
+    std::string text;
+    do {
+      text = fileContents(output_);
+      std::this_thread::sleep_for(std::chrono::milliseconds(1'200));
+    } while (fileContents(output_) != text);
+    return text;
+  }
   /// Its exit status after a signal.
   int end(int signal) {
+    if (child_ <= 0) return -1;
     ::kill(child_, signal);
     int status = -1;
     ::waitpid(child_, &status, 0);
@@ -165,15 +175,13 @@ TEST_F(GridCommand, IsFollowedByWatch) {
                  VELURA_SOURCE_DIR "/songs/night-drive.json", "--window", "arrange", "--grid", file_, "--out", picture},
                 output);
   ASSERT_TRUE(watch.writes(1)) << fileContents(output);
-  std::this_thread::sleep_for(std::chrono::milliseconds(900));  // what is due after the first picture
+  const std::string linesBefore = watch.settled();
   const std::string before = fileContents(picture);
-  const std::string linesBefore = fileContents(output);
   const long count = std::count(linesBefore.begin(), linesBefore.end(), '\n');
   EXPECT_FALSE(before.empty());
   ASSERT_EQ(grid("enabled=true").status, 0);
   ASSERT_TRUE(watch.writes(count + 1)) << fileContents(output);
-  std::this_thread::sleep_for(std::chrono::milliseconds(200));
-  const std::string added = fileContents(output).substr(linesBefore.size());
+  const std::string added = watch.settled().substr(linesBefore.size());
   EXPECT_TRUE(std::regex_match(
       added, std::regex("redraw " + std::to_string(count + 1) + R"(: \d+\.\d ms after the settings were saved\n)")))
       << added;
