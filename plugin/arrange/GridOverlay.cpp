@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "cocoa/Dispatch.h"
+#include "cocoa/Exception.h"
 #include "plugin/arrange/OffScreen.h"
 #include "plugin/arrange/RegionLineColour.h"
 #include "plugin/arrange/TickDetection.h"
@@ -150,13 +151,16 @@ NSColor lineColour(const LineColour& region, const VLRGridSettings& settings) {
   return NSColor::colorWithSRGBRed(colour.red, colour.green, colour.blue, 1);
 }
 
-/// Null for a region of which too little is to be seen.
+/// Null for a region of which too little is to be seen, or that the host raises an exception about.
 Ref<NSColor> sampledColour(NSView view, CGRect region, CGRect visible, const VLRGridSettings& settings) {
   constexpr double kSmallest = 8;  // points
   const CGRect seen = CGRectIntersection(region, visible);
   if (seen.size.width < kSmallest || seen.size.height < kSmallest) return {};
   const AutoreleasePool pool;
-  const auto colour = middleColour(view, seen);
+  // Caught inside of the pool: an exception is autoreleased itself, and would be gone outside.
+  std::optional<LineColour> colour;
+  const auto raised = guarded([&] { colour = middleColour(view, seen); });
+  static_cast<void>(raised);
   return colour ? Ref<NSColor>(lineColour(*colour, settings)) : Ref<NSColor>();
 }
 

@@ -188,6 +188,23 @@ TEST_F(HostileHost, MayGiveAnySettings) {
   }
 }
 
+NSBitmapImageRep raisedBitmap(NSView /*self*/, CGRect /*rect*/) {
+  NSException::raise(literal<"Refused">(), literal<"no picture now">());
+  return {};
+}
+
+TEST_F(HostileHost, MayRaiseWhileItsColoursAreRead) {
+  open(support::sampleSong());
+  picture();
+  const Class view = classNamed("ArrangeContentsSectionView");
+  detail::replaceFunction<"bitmapImageRepForCachingDisplayInRect:", raisedBitmap>(view);
+  EXPECT_GT(standin::runMainQueue(), 0U);
+  const auto window = application_->draw(host::WindowKind::kArrange);
+  set(ThemeFile());
+  const auto without = application_->draw(host::WindowKind::kArrange);
+  EXPECT_FALSE(areSame(window, without)) << "grid and bands are still drawn";
+}
+
 TEST_F(HostileHost, MayShowThousandsOfTracksAndRegions) {
   host::Song song;
   std::mt19937 random(5);
