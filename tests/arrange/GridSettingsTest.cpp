@@ -54,6 +54,7 @@ class GridSettings : public testing::Test {
                                                       literal<"VLRGridSettingsDidChangeNotification">(), NSObject());
     reader_ = call<"sharedReader", NSObject>(classNamed("VLRGridSettingsReader"));
     path_ = toStdString(call<"_settingsPlistPath", NSString>(reader_));
+    fs::create_directories(fs::path(path_).parent_path());
     statePath_ = (fs::path(path_).parent_path() / "theme-state.plist").string();
   }
   void TearDown() override { NSNotificationCenter::defaultCenter().removeObserver(observer_); }
