@@ -24,6 +24,8 @@ class ArrangeContents : public testing::Test {
     application_ = support::start(writeTheme(theme.list()), std::move(song), std::move(options),
                                   {.grid = writeList("grid.plist", grid), .state = state_, .tracksBackground = 2});
     ASSERT_TRUE(application_);
+    // Settings are read when a test says so, not whenever the watcher comes to it.
+    cocoa::call<"_tearDownSource">(reader());
   }
   /// What the user sets from now on.
   static void set(const ThemeFile& grid) {

@@ -318,6 +318,17 @@ TEST_F(Grid, IsNotBegunWhileTheButtonIsHeld) {
   const NSBitmapImageRep held = picture();
   standin::setPressedMouseButtons(0);
   EXPECT_TRUE(areSame(held, without()));
+
+  set(strong());
+  EXPECT_FALSE(areSame(picture(), held));
+  standin::setPressedMouseButtons(1);
+  const auto other = Ref<NSView>::adopt(NSView(call<"initWithFrame:", id>(
+      call<"alloc", id>(classNamed("ArrangeContentsSectionView")), CGRectMake(0, 0, 300, 100))));
+  contents().superview().addSubview(other);
+  const NSBitmapImageRep drawn = support::drawn(other, other->bounds());
+  EXPECT_EQ(pixel(drawn, 64, 37).alpha, 0) << "in a view that the lines are not of";
+  other->removeFromSuperview();
+  standin::setPressedMouseButtons(0);
 }
 
 TEST_F(Grid, StaysAwayUnderTheDefaultThemeAndFromTheCycleRange) {
