@@ -1,6 +1,7 @@
 #include "plugin/arrange/VLRGridSettingsReader.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <string>
@@ -29,6 +30,14 @@ std::string settingsPath() { return pathBeside("grid-settings.plist"); }
 Ref<NSDictionary> dictionaryAt(const std::string& path) {
   if (path.empty()) return {};
   return as<NSDictionary>(readPropertyList(path.c_str()));
+}
+
+/// Whether a path still leads to the file that was opened there.
+bool leadsTo(const std::string& path, int descriptor) {
+  struct stat there {};
+  struct stat opened {};
+  return ::stat(path.c_str(), &there) == 0 && ::fstat(descriptor, &opened) == 0 && there.st_dev == opened.st_dev &&
+         there.st_ino == opened.st_ino;
 }
 
 /// What the handlers of one source work on. Keeps the reader until the source is cancelled.
@@ -131,6 +140,13 @@ void VLRGridSettingsReader::armWatchSource() {
   dispatch_source_set_event_handler_f(watchSource_, fileChanged);
   dispatch_source_set_cancel_handler_f(watchSource_, watchCancelled);
   dispatch_resume(watchSource_);
+  if (leadsTo(path, watchFd_)) return;
+  // Replaced between its being opened and its being watched: nobody will tell of that.
+  async(watchQueue_, [reader = Ref<NSObject>(NSObject(self))] {
+    auto& state = stateOf<VLRGridSettingsReader>(reader.get());
+    state.reloadSettings();
+    state.armWatchSource();
+  });
 }
 
 void VLRGridSettingsReader::tearDownSource() {
