@@ -6,6 +6,8 @@
 #include <fstream>
 
 #include "cli/PrivateFolders.h"
+#include "standin/Clock.h"
+#include "standin/RunLoop.h"
 #include "tests/support/Theme.h"
 
 namespace {
@@ -239,6 +241,41 @@ TEST(Frames, DoNotLeakWhileStripsChange) {
   constexpr long kMayGrow = 2 * 1024;
 #endif
   EXPECT_LE(residentMemory() - warm, kMayGrow) << "KiB more than after the first thousand frames";
+}
+
+TEST(Frames, OfTheArrangeWindowDoNotLeakWithBandsAndGrid) {
+#if defined(__SANITIZE_ADDRESS__)
+  constexpr int kFrames = 600;
+  constexpr long kMayGrow = 512 * 1024;
+#else
+  constexpr int kFrames = 10'000;
+  constexpr long kMayGrow = 4 * 1024;
+#endif
+  constexpr int kWarm = 500;
+  const std::string settings = session::privateFolder() + "/grid.plist";
+  support::writeFile(settings,
+                     ThemeFile().flag("enabled", true).flag("markerBandsEnabled", true).integer("colorMode", 2).list());
+  std::string error;
+  host::Song song = support::sampleSong();
+  song.tracks.resize(5);
+  session::SessionOptions options;
+  options.theming = session::Theming::kTheme;
+  options.themeFolder = sample("prism");
+  options.gridSettings = settings;
+  const auto application = session::startSession(options, std::move(song), error);
+  ASSERT_TRUE(application) << error;
+  const auto backing = application->draw(host::WindowKind::kArrange);
+  long warm = 0;
+  for (int frame = 0; frame < kFrames; ++frame) {
+    const cocoa::AutoreleasePool pool;
+    application->arrange().setScroll(frame % 113 * 3.0);
+    if (frame % 50 == 0) standin::setClock(1e6 + frame);  // colours are out of date
+    application->runFrame();
+    application->draw(host::WindowKind::kArrange, backing);
+    standin::runMainQueue();
+    if (frame + 1 == kWarm) warm = residentMemory();
+  }
+  EXPECT_LE(residentMemory() - warm, kMayGrow) << "KiB more than when warm";
 }
 
 }  // namespace
