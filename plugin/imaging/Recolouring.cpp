@@ -72,8 +72,7 @@ std::vector<long> edgesOf(const std::vector<PlacedRule>& placed, Extent PlacedRu
     edges.push_back((each.*side).end);
   }
   std::ranges::sort(edges);
-  const auto repeated = std::ranges::unique(edges);
-  edges.erase(repeated.begin(), repeated.end());
+  edges.erase(std::unique(edges.begin(), edges.end()), edges.end());
   return edges;
 }
 
