@@ -94,7 +94,7 @@ void CLgArrangeView::build(ArrangeModel& shown, const Belonging& belonging) {
 }
 
 void CLgArrangeView::closed() {
-  for (const NSView section : {ruler_, headers_, contents_}) stateOf<CLgSectionView>(section).closed();
+  for (const auto& section : {ruler_, headers_, contents_}) stateOf<CLgSectionView>(section).closed();
   model_ = nullptr;
 }
 
@@ -112,7 +112,7 @@ NSView CLgArrangeView::sectionView(NSInteger section) {
 }
 
 void CLgArrangeView::layOut(double scrollDown) {
-  const CGSize shown = contents_.superview().frame().size;
+  const CGSize shown = contents_->superview().frame().size;
   const double scale = stateOf<MAView>(self).backingScale();
   // On whole pixels, so that what is sharp at one place is so at every other.
   const auto within = [scale](double scroll, double most) {
@@ -130,9 +130,9 @@ void CLgArrangeView::layOut(double scrollDown) {
 }
 
 void CLgArrangeView::contentsChanged() {
-  for (const NSView section : {ruler_, headers_, contents_}) {
+  for (const auto& section : {ruler_, headers_, contents_}) {
     stateOf<CLgSectionView>(section).forgetElements();
-    section.setNeedsDisplay(true);
+    section->setNeedsDisplay(true);
   }
   NSView(self).setNeedsDisplay(true);
 }

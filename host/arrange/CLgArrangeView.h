@@ -39,9 +39,9 @@ struct CLgArrangeView : cocoa::ObjectState {
   void paintHeaders(CGRect dirty) const;
 
   ArrangeModel* model_ = nullptr;  // null once the window is closed
-  NSView headers_;                 // held by their superviews, like the next two
-  NSView contents_;
-  NSView ruler_;
+  cocoa::Ref<NSView> headers_;     // stay when somebody takes them out of the window, like the next two
+  cocoa::Ref<NSView> contents_;
+  cocoa::Ref<NSView> ruler_;
   double scrolledDown_ = 0;
 };
 
