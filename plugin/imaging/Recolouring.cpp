@@ -209,10 +209,10 @@ void flagSources(const std::uint8_t* pixels, std::size_t count, const std::vecto
 class Brush {
  public:
   Brush(const BitmapPixels& bitmap, std::span<const RecolourRule> rules, const PaintPixel& paint)
-      : bitmap_(bitmap),
-        rules_(rules),
+      : rules_(rules),
         paint_(paint),
-        size_(static_cast<std::size_t>(bitmap.bitsPerPixel / 8)),
+        size_(bitmap.hasAlpha ? 4 : 3),
+        isByteWise_(bitmap.bitsPerPixel == 24 || bitmap.bitsPerPixel == 32),
         known_(rules.size() * kAlphas) {}
 
   void apply(std::size_t rule, int alpha, std::uint8_t* pixel, long x, long y) {
@@ -225,7 +225,7 @@ class Brush {
     }
     const auto& [red, green, blue, full] = *suggested;
     paint_({red, green, blue, outputAlpha(full, rules_[rule].ignoreAlpha, alpha)}, x, y);
-    if (size_ > bytes.values.size() || bitmap_.bitsPerPixel % 8 != 0) return;
+    if (!isByteWise_) return;
     std::memcpy(bytes.values.data(), pixel, size_);
     bytes.isKnown = true;
   }
@@ -233,13 +233,13 @@ class Brush {
  private:
   static constexpr std::size_t kAlphas = 256;
   struct Bytes {
-    std::array<std::uint8_t, 8> values{};
+    std::array<std::uint8_t, 4> values{};
     bool isKnown = false;
   };
-  const BitmapPixels& bitmap_;
   std::span<const RecolourRule> rules_;
   const PaintPixel& paint_;
-  std::size_t size_;
+  std::size_t size_;  // bytes that hold samples; what else a pixel has stays its own
+  bool isByteWise_;
   std::vector<Bytes> known_;
 };
 
