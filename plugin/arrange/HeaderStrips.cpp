@@ -19,9 +19,6 @@ using namespace cocoa;
 
 // ---- Where the host shows its colour bars -------------------------------------------------------------
 
-constexpr NSUInteger kColourBarElement = 12;
-constexpr NSUInteger kSurfaceBarElement = 14;
-
 /// Asks the host's mixer model for its number of control-surface bars; below zero where it cannot be asked.
 NSInteger controlSurfaceBars(NSView header) {
   constexpr NSInteger kUnknown = -1;
@@ -51,10 +48,7 @@ NSInteger columnBesideSurfaceBars(NSView header, bool areTrackNumbersShown) {
 
 ColourBar askedOfHost(NSView header) {
   ColourBar bar{.column = 1};
-  const id controller = asObject(classNamed("TrackHeaderConfigController"));
-  if (controller == nullptr || !respondsTo(controller, selector<"createSaveConfigDict:">())) return bar;
-  const NSObject window = call<"fenster", NSObject>(ArrangeSection(header.object).parentView());
-  const auto configuration = call<"createSaveConfigDict:", NSDictionary>(controller, window);
+  const NSDictionary configuration = headerConfigurationOf(ArrangeSection(header.object).parentView());
   if (!configuration) return bar;
   const auto shows = cast<NSArray>(configuration.objectForKey(literal<"trackelemShow">()));
   const auto isShown = [&](NSUInteger element) { return asks<"boolValue">(shows.objectAtIndex(element).object); };

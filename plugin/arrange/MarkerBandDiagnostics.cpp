@@ -11,6 +11,7 @@
 
 #include "plugin/arrange/GridOverlay.h"
 #include "plugin/files/AtomicWrite.h"
+#include "plugin/files/FileExists.h"
 #include "plugin/hostapi/Accessibility.h"
 #include "plugin/hostapi/ArrangeView.h"
 
@@ -46,11 +47,6 @@ class Report {
  private:
   std::string text_;
 };
-
-bool exists(const char* path) {
-  struct stat status {};
-  return ::stat(path, &status) == 0;
-}
 
 /// Lets something happen at most once in a number of seconds.
 class Interval {
@@ -209,7 +205,7 @@ void probeRuler(NSView view, NSView ruler, Report& report) {
 
 void writeRenderReport(const MarkerRuler& ruler) {
   static Interval interval(0.8);
-  if (!exists("/tmp/vlr_mb_render_on") || !interval.isOver()) return;
+  if (!fileExists("/tmp/vlr_mb_render_on") || !interval.isOver()) return;
   Report report;
   const RulerPixels& pixels = ruler.rendering.pixels;
   report.add("ruler render W=%ld H=%ld scale=%.2f thr=%d\n", pixels.width, pixels.height, pixels.pixelsPerPoint,
@@ -223,7 +219,7 @@ void appendBandReport(const BandReport& found) {
   constexpr double kTolerance = 1;
   constexpr const char* kFile = "/tmp/vlr_mb_diag.txt";
   static double lastHeight = -1;
-  if (!exists("/tmp/vlr_mb_diag_on")) return;
+  if (!fileExists("/tmp/vlr_mb_diag_on")) return;
   const double height = found.ruler.frame().size.height;
   if (!(std::abs(height - lastHeight) > kTolerance)) return;
   lastHeight = height;
@@ -243,7 +239,7 @@ void appendBandReport(const BandReport& found) {
 
 void VLRMarkerProbe(NSView view) {
   static Interval interval(2);
-  if (!view || !exists("/tmp/vlr_marker_probe_on") || isPrimaryMouseButtonDown() || !interval.isOver()) return;
+  if (!view || !fileExists("/tmp/vlr_marker_probe_on") || isPrimaryMouseButtonDown() || !interval.isOver()) return;
   Report report;
   report.add("=== VLR MARKER PROBE %s ===\n", now().c_str());
   addViews(view, report);

@@ -3,6 +3,7 @@
 #include "cocoa/ClassDefinition.h"
 #include "cocoa/Dispatch.h"
 #include "cocoa/Exception.h"
+#include "plugin/hostapi/ArrangeView.h"
 #include "plugin/loader/Attach.h"
 #include "plugin/theme/ThemeUtility.h"
 
@@ -38,11 +39,7 @@ void runAlert() {
 }
 
 bool readsColourBarVisible(NSObject arrangeView) {
-  constexpr NSUInteger kColourBarElement = 12;
-  const id controller = asObject(classNamed("TrackHeaderConfigController"));
-  if (controller == nullptr || !respondsTo(controller, selector<"createSaveConfigDict:">())) return false;
-  const NSObject window = call<"fenster", NSObject>(arrangeView);
-  const auto configuration = call<"createSaveConfigDict:", NSDictionary>(controller, window);
+  const NSDictionary configuration = headerConfigurationOf(arrangeView);
   const auto shows = cast<NSArray>(configuration.objectForKey(literal<"trackelemShow">()));
   return asks<"boolValue">(shows.objectAtIndex(kColourBarElement).object);
 }

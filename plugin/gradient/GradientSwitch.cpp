@@ -1,8 +1,7 @@
 #include "plugin/gradient/GradientSwitch.h"
 
-#include <sys/stat.h>
-
 #include "cocoa/Foundation.h"
+#include "plugin/files/FileExists.h"
 
 namespace velura {
 
@@ -10,11 +9,6 @@ namespace {
 
 constexpr const char* kSwitchFile = "/tmp/vlr_gradients_off";
 constexpr double kSecondsBetweenTests = 1;
-
-bool exists(const char* path) {
-  struct stat status {};
-  return ::stat(path, &status) == 0;
-}
 
 }  // namespace
 
@@ -24,7 +18,7 @@ bool VLRGradientsDisabled() {
   const double now = CFAbsoluteTimeGetCurrent();
   if (now - lastTest > kSecondsBetweenTests) {
     lastTest = now;
-    disabled = exists(kSwitchFile);
+    disabled = fileExists(kSwitchFile);
   }
   return disabled;
 }

@@ -31,6 +31,13 @@ inline NSView ArrangeSection::sibling(NSInteger number) const {
              : NSView();
 }
 
+/// Places of switches in the list "trackelemShow" of a header configuration.
+inline constexpr NSUInteger kColourBarElement = 12;
+inline constexpr NSUInteger kSurfaceBarElement = 14;
+
+/// What the headers of an arrange view show; nil where the host cannot be asked.
+NSDictionary headerConfigurationOf(NSObject arrangeView);
+
 /// Screen x of a view's left edge, in points; 0 outside of a window.
 double screenLeftOf(NSView view);
 /// A screen rectangle in a view's own coordinates.
