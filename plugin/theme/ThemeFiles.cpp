@@ -1,5 +1,6 @@
 #include "plugin/theme/ThemeFiles.h"
 
+#include "plugin/files/AtomicWrite.h"
 #include "plugin/hostapi/Identifiers.h"
 #include "plugin/theme/PropertyListReader.h"
 #include "plugin/theme/StringBytes.h"
@@ -13,11 +14,8 @@ namespace {
 
 /// "" when the user has no Application Support folder.
 std::string settingsPath() {
-  constexpr BOOL kExpandTilde = 1;
-  const NSArray folders(
-      NSSearchPathForDirectoriesInDomains(NSApplicationSupportDirectory, NSUserDomainMask, kExpandTilde));
-  if (folders.count() == 0) return {};
-  return utf8Bytes(cast<NSString>(folders.objectAtIndex(0))) + "/Velura/PluginHelper.plist";
+  const std::string support = applicationSupportFolder();
+  return support.empty() ? support : support + "/Velura/PluginHelper.plist";
 }
 
 std::string referencePath() {
