@@ -146,9 +146,7 @@ std::uint8_t* pixelAt(const BitmapPixels& bitmap, long x, long y) {
 }
 
 static_assert(std::endian::native == std::endian::little, "words of pixels are taken apart by their bits");
-constexpr std::size_t kBlock = 256;  // pixels that are looked through at once
-using Flags = std::array<std::uint8_t, kBlock>;
-constexpr std::uint64_t kAllRaised = 0x0101010101010101;  // of eight flags
+constexpr std::size_t kGroup = 16;  // pixels that are looked through at once
 constexpr std::array<int, 3> kWhite{kFull, kFull, kFull};
 
 /// Red in the lowest byte, alpha in the highest.
@@ -158,51 +156,65 @@ inline std::uint32_t wordOf(const std::uint8_t* pixel) {
   return word;
 }
 
-// What follows raises the flag of every pixel that may have a source colour, and of a few more. It is free of
-// branches: the compiler looks through several pixels at once.
+// What follows says whether a group of pixels may hold a source colour: no when it surely does not, which is
+// the answer for most of a picture. It is free of branches, and looks through several pixels at once.
 
-/// White: no channel is below its alpha. Compared as one number, blue first, which where no channel is above
-/// its alpha is the same.
-void flagWhite(const std::uint8_t* pixels, std::size_t count, Flags& flags) {
-  constexpr std::uint32_t kChannels = 0xFFFFFF;
-  for (std::size_t i = 0; i < count; ++i) {
-    const std::uint32_t word = wordOf(pixels + 4 * i);
-    const std::uint32_t alpha = word >> 24U;
-    const auto white = static_cast<std::int32_t>(alpha | alpha << 8U | alpha << 16U);
-    const auto channels = static_cast<std::int32_t>(word & kChannels);
-    flags[i] = static_cast<std::uint8_t>(static_cast<int>(channels >= white) & static_cast<int>(alpha != 0));
+using Bytes = std::uint8_t __attribute__((vector_size(16)));
+using Words = std::uint32_t __attribute__((vector_size(16)));
+
+/// White: no channel is below its alpha. Red is enough to go by, and stands where the alpha is moved to; the bytes
+/// beside it are compared with zero. A transparent pixel is compared with what no byte reaches.
+bool mayHoldWhite(const std::uint8_t* group) {
+  Words found{};
+  for (std::size_t i = 0; i < 4 * kGroup; i += sizeof(Bytes)) {
+    Words words;
+    std::memcpy(&words, group + i, sizeof words);
+    const Words least = (words >> 24U) | Words(words == 0);
+    found |= Words(Words(Bytes(words) >= Bytes(least)) == ~0U);
   }
+  std::array<std::uint64_t, 2> halves{};
+  std::memcpy(halves.data(), &found, sizeof halves);
+  return (halves[0] | halves[1]) != 0;
 }
 
 /// Any colour. A channel rounds to the source only if 255 times the channel lies within half an alpha of the
 /// source times the alpha.
-void flagColour(const std::uint8_t* pixels, std::size_t count, const std::array<int, 3>& source, Flags& flags) {
+bool mayHoldColour(const std::uint8_t* group, const std::array<int, 3>& source) {
   constexpr std::uint32_t kByte = 0xFF;
   const auto isNear = [](std::uint32_t channel, std::uint32_t alpha, int wanted) {
     const int a = static_cast<int>(alpha);
     const int off = kFull * static_cast<int>(std::min(channel, alpha)) - wanted * a;
     return static_cast<int>(2 * off <= a) & static_cast<int>(-2 * off <= a);
   };
-  for (std::size_t i = 0; i < count; ++i) {
-    const std::uint32_t word = wordOf(pixels + 4 * i);
+  int found = 0;
+  for (std::size_t i = 0; i < kGroup; ++i) {
+    const std::uint32_t word = wordOf(group + 4 * i);
     const std::uint32_t alpha = word >> 24U;
-    const int found = isNear(word & kByte, alpha, source[0]) & isNear(word >> 8U & kByte, alpha, source[1]) &
-                      isNear(word >> 16U & kByte, alpha, source[2]) & static_cast<int>(alpha != 0);
-    flags[i] = static_cast<std::uint8_t>(flags[i] | found);
+    found |= isNear(word & kByte, alpha, source[0]) & isNear(word >> 8U & kByte, alpha, source[1]) &
+             isNear(word >> 16U & kByte, alpha, source[2]) & static_cast<int>(alpha != 0);
   }
+  return found != 0;
 }
 
-/// The sources come without repetition, white first.
-void flagSources(const std::uint8_t* pixels, std::size_t count, const std::vector<std::array<int, 3>>& sources,
-                 Flags& flags) {
-  for (const auto& source : sources) {
-    if (source == kWhite) {
-      flagWhite(pixels, count, flags);
-    } else {
-      flagColour(pixels, count, source, flags);
+/// The colours that the rules of an area look for.
+struct Sources {
+  explicit Sources(const std::vector<Pattern>& patterns) {
+    for (const Pattern& pattern : patterns) {
+      if (pattern.source == kWhite) {
+        white = true;
+      } else if (std::ranges::find(others, pattern.source) == others.end()) {
+        others.push_back(pattern.source);
+      }
     }
   }
-}
+  bool white = false;
+  std::vector<std::array<int, 3>> others;
+
+  [[nodiscard]] bool mayBeIn(const std::uint8_t* group) const {
+    if (white && mayHoldWhite(group)) return true;
+    return std::ranges::any_of(others, [group](const auto& source) { return mayHoldColour(group, source); });
+  }
+};
 
 /// Writes the colours of rules. A colour depends on its rule and on the alpha of the pixel, so the platform is
 /// asked once for each pair; the bytes that it wrote are copied from then on.
@@ -249,30 +261,16 @@ class Recolourer {
       : bitmap_(bitmap), order_(bitmap), brush_(bitmap, rules, paint) {}
 
   void recolour(const Area& area, const std::vector<Pattern>& patterns) {
-    const bool blocks = bitmap_.bitsPerPixel == 32 && order_.premultiplied && order_.alpha == 3;
-    const std::vector<std::array<int, 3>> sources = distinctSources(patterns);
+    const bool inGroups = bitmap_.bitsPerPixel == 32 && order_.premultiplied && order_.alpha == 3;
+    const Sources sources(patterns);
     known_ = {};
     for (long y = area.rows.first; y < area.rows.end; ++y) {
-      if (blocks) {
-        recolourBlocks(area.columns, y, patterns, sources);
-      } else {
-        for (long x = area.columns.first; x < area.columns.end; ++x)
-          recolourPixel(pixelAt(bitmap_, x, y), x, y, patterns);
-      }
+      const long first = inGroups ? recolourGroups(area.columns, y, patterns, sources) : area.columns.first;
+      for (long x = first; x < area.columns.end; ++x) recolourPixel(pixelAt(bitmap_, x, y), x, y, patterns);
     }
   }
 
  private:
-  static std::vector<std::array<int, 3>> distinctSources(const std::vector<Pattern>& patterns) {
-    std::vector<std::array<int, 3>> sources;
-    for (const Pattern& pattern : patterns) {
-      if (std::ranges::find(sources, pattern.source) == sources.end()) sources.push_back(pattern.source);
-    }
-    if (const auto white = std::ranges::find(sources, kWhite); white != sources.end())
-      std::iter_swap(sources.begin(), white);
-    return sources;
-  }
-
   /// What a pixel became in the area at hand. White marks differ in their alpha alone, so one entry an alpha
   /// holds them all.
   struct Known {
@@ -280,36 +278,16 @@ class Recolourer {
     std::uint32_t after = 0;
   };
 
-  void recolourBlocks(const Extent& columns, long y, const std::vector<Pattern>& patterns,
-                      const std::vector<std::array<int, 3>>& sources) {
-    for (long first = columns.first; first < columns.end; first += static_cast<long>(kBlock)) {
-      const auto count = std::min(kBlock, static_cast<std::size_t>(columns.end - first));
-      std::uint8_t* pixels = pixelAt(bitmap_, first, y);
-      if (first + 2 * static_cast<long>(kBlock) <= columns.end) fetchAhead(pixels + 4 * kBlock);
-      Flags flags{};
-      flagSources(pixels, count, sources, flags);
-      // Eight flags at a time: most pixels of a picture match nothing, and those that do stand together.
-      for (std::size_t i = 0; i < count; i += sizeof(std::uint64_t)) {
-        std::uint64_t raised = 0;
-        std::memcpy(&raised, flags.data() + i, sizeof raised);
-        if (raised == kAllRaised) {
-          for (std::size_t j = i; j < i + sizeof raised; ++j) {
-            recolourWord(pixels + 4 * j, first + static_cast<long>(j), y, patterns);
-          }
-          continue;
-        }
-        for (; raised != 0; raised &= raised - 1) {
-          const std::size_t j = i + static_cast<std::size_t>(std::countr_zero(raised)) / 8;
-          recolourWord(pixels + 4 * j, first + static_cast<long>(j), y, patterns);
-        }
-      }
+  /// Recolours the groups of a row, and says where the rest of it begins.
+  long recolourGroups(const Extent& columns, long y, const std::vector<Pattern>& patterns, const Sources& sources) {
+    constexpr long kStep = kGroup;
+    long x = columns.first;
+    std::uint8_t* group = pixelAt(bitmap_, x, y);
+    for (; x + kStep <= columns.end; x += kStep, group += 4 * kGroup) {
+      if (!sources.mayBeIn(group)) continue;
+      for (std::size_t i = 0; i < kGroup; ++i) recolourWord(group + 4 * i, x + static_cast<long>(i), y, patterns);
     }
-  }
-
-  /// Has the block at an address brought to the cache meanwhile.
-  static void fetchAhead(const std::uint8_t* pixels) {
-    constexpr std::size_t kCacheLine = 64;
-    for (std::size_t i = 0; i < 4 * kBlock; i += kCacheLine) __builtin_prefetch(pixels + i);
+    return x;
   }
 
   void recolourWord(std::uint8_t* pixel, long x, long y, const std::vector<Pattern>& patterns) {
