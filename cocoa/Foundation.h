@@ -393,6 +393,10 @@ struct NSBundle : NSObject {
   static NSBundle bundleWithPath(NSString path) {
     return cocoa::send<NSBundle>(cocoa::classNamed<"NSBundle">(), cocoa::selector<"bundleWithPath:">(), path);
   }
+  /// The bundle whose code defines the class.
+  static NSBundle bundleForClass(Class cls) {
+    return cocoa::send<NSBundle>(cocoa::classNamed<"NSBundle">(), cocoa::selector<"bundleForClass:">(), cls);
+  }
   [[nodiscard]] NSDictionary infoDictionary() const {
     return cocoa::send<NSDictionary>(object, cocoa::selector<"infoDictionary">());
   }

@@ -37,6 +37,13 @@ struct CALayer : NSObject {
   void setAnchorPoint(CGPoint anchor) const { cocoa::call<"setAnchorPoint:">(object, anchor); }
   [[nodiscard]] CGRect frame() const { return cocoa::call<"frame", CGRect>(object); }
   void setFrame(CGRect frame) const { cocoa::call<"setFrame:">(object, frame); }
+  /// About the anchor point. While it is not the identity, `frame` must not be set.
+  [[nodiscard]] CGAffineTransform affineTransform() const {
+    return cocoa::call<"affineTransform", CGAffineTransform>(object);
+  }
+  void setAffineTransform(CGAffineTransform transform) const {
+    cocoa::call<"setAffineTransform:">(object, transform);
+  }
   [[nodiscard]] CGFloat zPosition() const { return cocoa::call<"zPosition", CGFloat>(object); }
   void setZPosition(CGFloat z) const { cocoa::call<"setZPosition:">(object, z); }
   [[nodiscard]] bool isGeometryFlipped() const { return cocoa::asks<"isGeometryFlipped">(object); }

@@ -66,6 +66,11 @@ void LayerState::setContents(NSObject changed) {
   pixels = nullptr;
 }
 
+void LayerState::setContentsScale(CGFloat scale) {
+  if (scale != contentsScale) pixels = nullptr;  // another representation may suit
+  contentsScale = scale;
+}
+
 NSString LayerState::contentsGravity() {
   for (const GravityName& entry : kGravities) {
     if (entry.gravity == gravity) return *entry.name;
@@ -186,6 +191,7 @@ void registerLayers() {
       .property<"anchorPoint", "setAnchorPoint:", &LayerState::anchorPoint>()
       .method<"frame", &LayerState::frame>()
       .method<"setFrame:", &LayerState::setFrame>()
+      .property<"affineTransform", "setAffineTransform:", &LayerState::transform>()
       .property<"zPosition", "setZPosition:", &LayerState::zPosition>()
       .property<"isGeometryFlipped", "setGeometryFlipped:", &LayerState::geometryFlipped>()
       .property<"name", "setName:", &LayerState::name>()
@@ -201,7 +207,8 @@ void registerLayers() {
       .method<"removeFromSuperlayer", &LayerState::removeFromSuperlayer>()
       .getter<"contents", &LayerState::contents>()
       .method<"setContents:", &LayerState::setContents>()
-      .property<"contentsScale", "setContentsScale:", &LayerState::contentsScale>()
+      .getter<"contentsScale", &LayerState::contentsScale>()
+      .method<"setContentsScale:", &LayerState::setContentsScale>()
       .method<"contentsGravity", &LayerState::contentsGravity>()
       .method<"setContentsGravity:", &LayerState::setContentsGravity>()
       .method<"backgroundColor", &LayerState::background>()

@@ -28,6 +28,7 @@ struct LayerState : cocoa::ObjectState {
   CGRect bounds;
   CGPoint position;
   CGPoint anchorPoint{0.5, 0.5};
+  CGAffineTransform transform;  // about the anchor point
   CGFloat zPosition = 0;
   CGFloat contentsScale = 1;
   CGFloat borderWidth = 0;
@@ -55,12 +56,18 @@ struct LayerState : cocoa::ObjectState {
   ~LayerState();
 
   void setBounds(CGRect changed);
-  [[nodiscard]] CGRect frame() {
+  [[nodiscard]] CGRect untransformedFrame() const {
     return {{position.x - anchorPoint.x * bounds.size.width, position.y - anchorPoint.y * bounds.size.height},
             bounds.size};
   }
+  /// The smallest upright rectangle around the layer as it is transformed.
+  [[nodiscard]] CGRect frame() {
+    const CGRect still = untransformedFrame().offsetBy(-position.x, -position.y);
+    return CGRectApplyAffineTransform(still, transform).offsetBy(position.x, position.y);
+  }
   void setFrame(CGRect frame);
   void setContents(NSObject contents);
+  void setContentsScale(CGFloat scale);
   NSString contentsGravity();
   void setContentsGravity(NSString gravity);
   CGColorRef background() { return backgroundColor; }

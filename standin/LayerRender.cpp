@@ -13,12 +13,25 @@ namespace {
 
 CGRect localBounds(const LayerState& layer) { return {{}, layer.bounds.size}; }
 
-/// Where a sublayer's bottom left corner lies in its superlayer's space.
+/// Where a sublayer's bottom left corner lies in its superlayer's space before it is transformed.
 CGPoint cornerIn(const LayerState& above, LayerState& layer, bool flipped) {
-  const CGRect frame = layer.frame();
+  const CGRect frame = layer.untransformedFrame();
   const double fromBottom = frame.minY() - above.bounds.minY();
   return {frame.minX() - above.bounds.minX(),
           flipped ? above.bounds.size.height - fromBottom - frame.size.height : fromBottom};
+}
+
+/// From a sublayer's space to its superlayer's: the layer's transform turns it about its anchor point.
+CGAffineTransform placeIn(const LayerState& above, LayerState& layer, bool flipped) {
+  const CGPoint corner = cornerIn(above, layer, flipped);
+  if (layer.transform == CGAffineTransformIdentity) return CGAffineTransformMakeTranslation(corner.x, corner.y);
+  CGAffineTransform transform = layer.transform;
+  if (flipped) transform = {transform.a, -transform.b, -transform.c, transform.d, transform.tx, -transform.ty};
+  const CGPoint anchor{layer.anchorPoint.x * layer.bounds.size.width,
+                       (flipped ? 1 - layer.anchorPoint.y : layer.anchorPoint.y) * layer.bounds.size.height};
+  const CGAffineTransform turned =
+      CGAffineTransformConcat(CGAffineTransformMakeTranslation(-anchor.x, -anchor.y), transform);
+  return CGAffineTransformConcat(turned, CGAffineTransformMakeTranslation(corner.x + anchor.x, corner.y + anchor.y));
 }
 
 /// Everything that the layer and its sublayers cover, in the layer's space.
@@ -28,8 +41,8 @@ CGRect extentOf(LayerState& layer, bool flipped) {
   for (const auto& sublayer : layer.sublayers) {
     LayerState& below = stateOf<LayerState>(sublayer);
     if (below.hidden) continue;
-    const CGPoint corner = cornerIn(layer, below, flipped);
-    const CGRect part = extentOf(below, flipped != below.geometryFlipped).offsetBy(corner.x, corner.y);
+    const CGRect part =
+        CGRectApplyAffineTransform(extentOf(below, flipped != below.geometryFlipped), placeIn(layer, below, flipped));
     const double left = std::fmin(extent.minX(), part.minX());
     const double bottom = std::fmin(extent.minY(), part.minY());
     extent = {{left, bottom},
@@ -94,8 +107,7 @@ class LayerRenderer {
   }
 
   void renderBelow(const LayerState& above, LayerState& layer, const CGAffineTransform& toDevice, bool flipped) {
-    const CGPoint corner = cornerIn(above, layer, flipped);
-    render(layer, CGAffineTransformTranslate(toDevice, corner.x, corner.y), flipped != layer.geometryFlipped);
+    render(layer, CGAffineTransformConcat(placeIn(above, layer, flipped), toDevice), flipped != layer.geometryFlipped);
   }
 
   void renderParts(LayerState& layer, const CGAffineTransform& toDevice, bool flipped) {

@@ -1,5 +1,5 @@
 #pragma once
-// The application's own bundle, as a host describes itself.
+// Bundles as a host describes them: its own, and those that its classes come from.
 
 #include "cocoa/Foundation.h"
 
@@ -7,5 +7,9 @@ namespace standin {
 
 /// What the main bundle's `infoDictionary` answers from now on; nil for what Foundation finds by itself.
 void setMainBundleInfo(NSDictionary info);
+
+/// What `bundleForClass:` answers for a class. On the real platform the image that holds the class decides; here
+/// classes are made at run time by the program itself.
+void setBundleOfClass(Class cls, NSBundle bundle);
 
 }  // namespace standin

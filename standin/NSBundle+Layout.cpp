@@ -1,5 +1,5 @@
 // Bundles in the platform's layout, with everything in a folder "Contents", which Foundation does not know
-// here; bundles found again by identifier; and a main bundle that a host can describe.
+// here; bundles found again by identifier or by their classes; and a main bundle that a host can describe.
 
 #include <filesystem>
 #include <map>
@@ -18,6 +18,8 @@ using BundleWithPath =
     Override<"NSBundle", NSBundle(NSString), "bundleWithPath:", "standinBundleWithPath:", MethodKind::kClass>;
 using BundleWithIdentifier = Override<"NSBundle", NSBundle(NSString),
                                       "bundleWithIdentifier:", "standinBundleWithIdentifier:", MethodKind::kClass>;
+using BundleForClass =
+    Override<"NSBundle", NSBundle(Class), "bundleForClass:", "standinBundleForClass:", MethodKind::kClass>;
 using InfoDictionary = Override<"NSBundle", NSDictionary(), "infoDictionary", "standinInfoDictionary">;
 using BundleIdentifier = Override<"NSBundle", NSString(), "bundleIdentifier", "standinBundleIdentifier">;
 using ResourcePath = Override<"NSBundle", NSString(), "resourcePath", "standinResourcePath">;
@@ -73,6 +75,17 @@ NSBundle bundleWithIdentifier(Class cls, NSString identifier) {
   return BundleWithIdentifier::callHost(cls, identifier);
 }
 
+/// Classes that a program makes at run time, and the bundles that they are said to come from.
+std::map<Class, Ref<NSBundle>>& homes() {
+  static auto* bundles = new std::map<Class, Ref<NSBundle>>();  // outlives every late release
+  return *bundles;
+}
+
+NSBundle bundleForClass(Class cls, Class asked) {
+  const auto found = homes().find(asked);
+  return found == homes().end() ? BundleForClass::callHost(cls, asked) : found->second.get();
+}
+
 NSDictionary infoDictionary(NSBundle self) {
   if (mainInfo() && self == NSBundle::mainBundle()) return mainInfo();
   if (const Ref<NSDictionary>& info = remembered(self).info) return info;
@@ -100,16 +113,20 @@ NSString pathForResource(NSBundle self, NSString name, NSString type) {
 
 void setMainBundleInfo(NSDictionary info) { mainInfo() = info; }
 
+void setBundleOfClass(Class cls, NSBundle bundle) { homes()[cls] = bundle; }
+
 void registerBundles() {
   CategoryDefinition("NSBundle")
       .replacement<BundleWithPath, bundleWithPath>()
       .replacement<BundleWithIdentifier, bundleWithIdentifier>()
+      .replacement<BundleForClass, bundleForClass>()
       .replacement<InfoDictionary, infoDictionary>()
       .replacement<BundleIdentifier, bundleIdentifier>()
       .replacement<ResourcePath, resourcePath>()
       .replacement<PathForResource, pathForResource>();
   BundleWithPath::install();
   BundleWithIdentifier::install();
+  BundleForClass::install();
   InfoDictionary::install();
   BundleIdentifier::install();
   ResourcePath::install();

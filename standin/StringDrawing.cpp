@@ -23,7 +23,7 @@ NSSize stringSize(NSString text, NSDictionary attributes) { return sizeOf(styled
 
 void drawStyled(const StyledText& text, NSRect rect, NSStringDrawingOptions options) {
   if ((options & NSStringDrawingUsesLineFragmentOrigin) != 0) return drawText(text, rect);
-  drawOnBaseline(text, rect.origin);
+  drawOnBaseline(text, rect);
 }
 void drawStringWithRect(NSString text, NSRect rect, NSStringDrawingOptions options, NSDictionary attributes, id) {
   drawStyled(styledText(text, attributes), rect, options);

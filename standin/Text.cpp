@@ -160,6 +160,13 @@ void upright(NSPoint origin, F&& draw) {
   context->endLayer();
 }
 
+/// How far from the left a line begins in `room`; at the left where nothing limits it.
+double indentOf(NSTextAlignment alignment, double room, double width) {
+  if (!(room > 0)) return 0;
+  if (alignment == NSTextAlignmentCenter) return (room - width) / 2;
+  return alignment == NSTextAlignmentRight ? room - width : 0;
+}
+
 }  // namespace
 
 StyledText styledText(NSString text, NSDictionary attributes) {
@@ -197,12 +204,8 @@ void drawText(const StyledText& text, NSRect rect) {
   if (limited && text.lineBreakMode != NSLineBreakByClipping && natural.width > rect.size.width) {
     layout = layoutFor(text, static_cast<int>(std::fmin(rect.size.width, 1e5) * PANGO_SCALE));
   }
-  const double room = limited ? rect.size.width - natural.width : 0;
   const bool aligned = pango_layout_get_width(layout.get()) >= 0;
-  const double indent = aligned                                   ? 0
-                        : text.alignment == NSTextAlignmentCenter ? room / 2
-                        : text.alignment == NSTextAlignmentRight  ? room
-                                                                  : 0;
+  const double indent = aligned ? 0 : indentOf(text.alignment, rect.size.width, natural.width);
   const bool flipped = NSGraphicsContext::currentContext().isFlipped();
   const NSPoint top{rect.minX(), flipped ? rect.minY() : rect.maxY()};
   upright(top, [&](Context& context, cairo_t* cr) {
@@ -218,10 +221,11 @@ void drawText(const StyledText& text, NSRect rect) {
   });
 }
 
-void drawOnBaseline(const StyledText& text, NSPoint baseline) {
+void drawOnBaseline(const StyledText& text, NSRect rect) {
   if (text.text.empty()) return;
   const Layout layout = layoutFor(text, -1);
-  upright(baseline, [&](Context& context, cairo_t* cr) {
+  const double indent = indentOf(text.alignment, rect.size.width, sizeOf(layout.get()).width);
+  upright({rect.minX() + indent, rect.minY()}, [&](Context& context, cairo_t* cr) {
     drawLine(context, cr, text, pango_layout_get_line_readonly(layout.get(), 0), 0, 0);
   });
 }

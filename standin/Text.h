@@ -45,7 +45,8 @@ NSSize sizeOf(const StyledText& text);
 /// Draws lines from the top of the rectangle down, in the current context. A rectangle of no width does not
 /// limit the lines; lines that would begin below the rectangle are left out.
 void drawText(const StyledText& text, NSRect rect);
-/// A single line with its baseline's left end at the point.
-void drawOnBaseline(const StyledText& text, NSPoint baseline);
+/// A single line with its baseline on the rectangle's lower edge, aligned between its sides; a rectangle of no
+/// width is where the line begins.
+void drawOnBaseline(const StyledText& text, NSRect rect);
 
 }  // namespace standin
