@@ -4,8 +4,26 @@
 
 namespace velura {
 
+void attachMAButtonNodeThemeSupport();
+void attachMACapNodeThemeSupport();
+void attachMADisplayNodeThemeSupport();
+void attachMAEQThumbnailNodeThemeSupport();
+void attachMAFaderNodeThemeSupport();
+void attachMAGainReductionMeterNodeThemeSupport();
 void attachMAImageNodeThemeSupport();
+void attachMAKnobNodeThemeSupport();
+void attachMALevelNodeBackgroundTextureCacheThemeSupport();
+void attachMALevelNodeTextureCacheThemeSupport();
+void attachMALevelNodeThemeSupport();
+void attachMAPlanarPannerNodeThemeSupport();
+void attachMAScaleNodeThemeSupport();
+void attachMAScaleTickThemeSupport();
+void attachMAShapeNodeThemeSupport();
+void attachMAStereoPannerCapNodeThemeSupport();
+void attachMAStereoPannerNodeThemeSupport();
+void attachMAStereoPannerSpreadNodeThemeSupport();
 void attachMAStripNodeThemeSupport();
+void attachMASymbolButtonNodeThemeSupport();
 void attachMATextNodeThemeSupport();
 void attachMAViewThemeSupport();
 void attachNSColorThemeSupport();

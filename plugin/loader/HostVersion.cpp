@@ -22,4 +22,8 @@ bool isHostEqualOrNewerThan(std::string_view version) {
          send<BOOL>(hostVersion().object, selector<"isEqualOrNewerThanVersion:">(), string(version)) != 0;
 }
 
+bool isHostOlderThan(std::string_view version) {
+  return hostVersion() && send<BOOL>(hostVersion().object, selector<"isOlderThanVersion:">(), string(version)) != 0;
+}
+
 }  // namespace velura

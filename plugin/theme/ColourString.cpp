@@ -40,18 +40,25 @@ bool take(std::string_view& text, char c) {
 
 }  // namespace
 
-std::optional<ColourComponents> parseColourString(std::string_view text) {
-  if (!hasPrefix(text)) return std::nullopt;
-  ColourComponents colour;
-  if (!text.starts_with(kPrefix)) return colour;
+int scanColourString(std::string_view text, ColourComponents& colour) {
+  if (!text.starts_with(kPrefix)) return 0;
   text.remove_prefix(kPrefix.size());
-  if (!take(text, '{')) return colour;
+  if (!take(text, '{')) return 0;
+  int read = 0;
   for (std::int32_t* component : {&colour.red, &colour.green, &colour.blue, &colour.alpha}) {
     const auto value = takeInteger(text);
     if (!value) break;
     *component = *value;
+    ++read;
     if (!take(text, ',')) break;
   }
+  return read;
+}
+
+std::optional<ColourComponents> parseColourString(std::string_view text) {
+  if (!hasPrefix(text)) return std::nullopt;
+  ColourComponents colour;
+  scanColourString(text, colour);
   return colour;
 }
 

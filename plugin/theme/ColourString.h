@@ -16,6 +16,10 @@ struct ColourComponents {
   friend bool operator==(const ColourComponents&, const ColourComponents&) = default;
 };
 
+/// Reads "sRGBColor:{%i, %i, %i, %i" as `scanf` does, into the components in their order, and answers how many it
+/// read; what it does not reach stays as it is.
+int scanColourString(std::string_view text, ColourComponents& colour);
+
 /// The components of a colour string; nothing for a text that does not begin with "sRGBColor:" in any
 /// letter case. From there on it is read as `scanf` reads "sRGBColor:{%i, %i, %i, %i": the pattern's
 /// letters must match exactly, a prefix of 0x or 0 sets the base, and reading stops at the first character

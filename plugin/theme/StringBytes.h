@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <string>
+#include <string_view>
 
 #include "cocoa/Foundation.h"
 
@@ -14,5 +16,28 @@ inline std::string utf8Bytes(NSString text) {
   if (bytes == nullptr) return {};
   return {bytes, cocoa::send<NSUInteger>(text.object, cocoa::selector<"lengthOfBytesUsingEncoding:">(), kUTF8)};
 }
+
+/// The same to look at for a moment: a name of the usual length needs no memory.
+class BriefUTF8 {
+ public:
+  explicit BriefUTF8(NSString text) {
+    constexpr NSUInteger kUTF8 = 4;
+    const bool fits = cocoa::send<BOOL>(text.object, cocoa::selector<"getCString:maxLength:encoding:">(),
+                                        buffer_.data(), NSUInteger(buffer_.size()), kUTF8) != 0;
+    view_ = fits ? std::string_view(buffer_.data()) : std::string_view();
+    // Fewer bytes than characters: one of them is a zero.
+    if (fits && view_.size() >= text.length()) return;
+    long_ = utf8Bytes(text);
+    view_ = long_;
+  }
+  BriefUTF8(const BriefUTF8&) = delete;
+  BriefUTF8& operator=(const BriefUTF8&) = delete;
+  [[nodiscard]] std::string_view view() const { return view_; }
+
+ private:
+  std::array<char, 64> buffer_{};
+  std::string long_;
+  std::string_view view_;
+};
 
 }  // namespace velura

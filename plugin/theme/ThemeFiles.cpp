@@ -44,6 +44,8 @@ bool areSameString(NSObject a, NSObject b) {
 
 }  // namespace
 
+Ref<NSDictionary> readReferenceTheme() { return readDictionary(referencePath()); }
+
 NSMutableDictionary loadThemeSettings() {
   const Ref<NSDictionary> settings = readDictionary(settingsPath());
   if (!settings) return {};
@@ -53,7 +55,7 @@ NSMutableDictionary loadThemeSettings() {
 }
 
 void removeUnchangedColours(NSMutableDictionary theme) {
-  const Ref<NSDictionary> reference = readDictionary(referencePath());
+  const Ref<NSDictionary> reference = readReferenceTheme();
   for (const NSString key : items<NSString>(reference->allKeys())) {
     if (areSameString(reference->objectForKey(key), theme.objectForKey(key)) && !isKept(key)) {
       theme.removeObjectForKey(key);

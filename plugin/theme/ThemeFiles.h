@@ -9,6 +9,9 @@ namespace velura {
 /// when there is no settings file or it holds no dictionary.
 NSMutableDictionary loadThemeSettings();
 
+/// The reference theme; nil when it cannot be read.
+cocoa::Ref<NSDictionary> readReferenceTheme();
+
 /// Removes the strings that equal the reference theme's, save for the kept keys. Removes nothing when the
 /// reference theme cannot be read.
 void removeUnchangedColours(NSMutableDictionary theme);

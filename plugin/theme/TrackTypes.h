@@ -33,20 +33,27 @@ struct TrackTypeRow {
   OwnPannerImages pannerImages;
   ThemeKey sharedPanner;
   ThemeKey sharedFader;
+  ThemeKey sharedMeter;
+  ThemeKey lowestMeterColour;  // the other four follow
 };
 
 inline constexpr auto kTrackTypes = [] {
   using enum ThemeKey;
   return std::to_array<TrackTypeRow>({
-      {TrackType::kAudio, "audio", 0, OwnPannerImages::kYes, kUseSharedPannerAudio, kUseSharedFaderAudio},
+      {TrackType::kAudio, "audio", 0, OwnPannerImages::kYes, kUseSharedPannerAudio, kUseSharedFaderAudio,
+       kUseSharedLevelMeterAudio, kLevelMeterColor0Audio},
       {TrackType::kInstrument, "instrument", 1, OwnPannerImages::kYes, kUseSharedPannerInstrument,
-       kUseSharedFaderInstrument},
-      {TrackType::kAux, "aux", 2, OwnPannerImages::kYes, kUseSharedPannerAux, kUseSharedFaderAux},
-      {TrackType::kBus, "bus", 3, OwnPannerImages::kYes, kUseSharedPannerBus, kUseSharedFaderBus},
-      {TrackType::kMaster, "master", 4, OwnPannerImages::kNo, kUseSharedPannerMaster, kUseSharedFaderMaster},
-      {TrackType::kFolder, "folder", 5, OwnPannerImages::kYes, kUseSharedPannerFolder, kUseSharedFaderFolder},
+       kUseSharedFaderInstrument, kUseSharedLevelMeterInstrument, kLevelMeterColor0Instrument},
+      {TrackType::kAux, "aux", 2, OwnPannerImages::kYes, kUseSharedPannerAux, kUseSharedFaderAux,
+       kUseSharedLevelMeterAux, kLevelMeterColor0Aux},
+      {TrackType::kBus, "bus", 3, OwnPannerImages::kYes, kUseSharedPannerBus, kUseSharedFaderBus,
+       kUseSharedLevelMeterBus, kLevelMeterColor0Bus},
+      {TrackType::kMaster, "master", 4, OwnPannerImages::kNo, kUseSharedPannerMaster, kUseSharedFaderMaster,
+       kUseSharedLevelMeterMaster, kLevelMeterColor0Master},
+      {TrackType::kFolder, "folder", 5, OwnPannerImages::kYes, kUseSharedPannerFolder, kUseSharedFaderFolder,
+       kUseSharedLevelMeterFolder, kLevelMeterColor0Folder},
       {TrackType::kStereoOut, "stereo_out", 6, OwnPannerImages::kYes, kUseSharedPannerStereoOut,
-       kUseSharedFaderStereoOut},
+       kUseSharedFaderStereoOut, kUseSharedLevelMeterStereoOut, kLevelMeterColor0StereoOut},
   });
 }();
 

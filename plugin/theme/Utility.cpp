@@ -47,12 +47,7 @@ NSString faderImage(Class /*self*/, BOOL highlighted, NSInteger type, BOOL share
   return name ? string(*name) : NSString();
 }
 
-CALayer sublayerWithName(Class /*self*/, CALayer layer, NSString name) {
-  for (const CALayer sublayer : items<CALayer>(layer.sublayers())) {
-    if (sublayer.name().isEqualToString(name)) return sublayer;
-  }
-  return {};
-}
+CALayer sublayerWithName(Class /*self*/, CALayer layer, NSString name) { return sublayerNamed(layer, name); }
 
 }  // namespace
 
@@ -63,6 +58,13 @@ TrackType trackTypeOf(NSObject node) {
   const auto dataSource = call<"dataSource", NSObject>(strip.controller());
   if (!dataSource.respondsToSelector(selector<"typeOfStrip:">())) return TrackType::kAudio;
   return TrackType(call<"typeOfStrip:", NSInteger>(dataSource, strip.representedObject()));
+}
+
+CALayer sublayerNamed(CALayer layer, NSString name) {
+  for (const CALayer sublayer : items<CALayer>(layer.sublayers())) {
+    if (sublayer.name().isEqualToString(name)) return sublayer;
+  }
+  return {};
 }
 
 NSMutableDictionary Utility::getColorCollection() const { return loadThemeSettings(); }

@@ -1,0 +1,49 @@
+// Gain reduction meters.
+
+#include "cocoa/Override.h"
+#include "plugin/hostapi/MANode.h"
+#include "plugin/loader/Attach.h"
+#include "plugin/mixer/KeyPair.h"
+
+namespace velura {
+namespace {
+
+using namespace cocoa;
+
+using BackgroundFillColor =
+    Override<"MAGainReductionMeterNode", NSColor(), "backgroundFillColor", "customBackgroundFillColor">;
+using FillColor = Override<"MAGainReductionMeterNode", NSColor(), "fillColor", "customFillColor">;
+
+constexpr KeyPair kFill{ThemeKey::kUnselectedGainReductionFillColor, ThemeKey::kSelectedGainReductionFillColor};
+
+NSColor customBackgroundFillColor(MANode meter) {
+  const bool isOn = meter.respondsToSelector(selector<"isOn">()) && asks<"isOn">(meter.object);
+  const NSColor themed = ThemeUtility::shared().colorForKey(isOn ? ThemeKey::kGainReductionBackgroundColor
+                                                                 : ThemeKey::kGainReductionEmptyBackgroundColor);
+  return themed ? themed : BackgroundFillColor::callHost(meter);
+}
+
+NSColor customFillColor(MANode meter) {
+  const NSColor themed = kFill.colour(meter.isHighlighted());
+  return themed ? themed : FillColor::callHost(meter);
+}
+
+void addSwizzleMethod(Class /*self*/) {
+  static const bool installed = [] {
+    BackgroundFillColor::install();
+    FillColor::install();
+    return true;
+  }();
+  static_cast<void>(installed);
+}
+
+}  // namespace
+
+void attachMAGainReductionMeterNodeThemeSupport() {
+  CategoryDefinition("MAGainReductionMeterNode")
+      .replacement<BackgroundFillColor, customBackgroundFillColor>()
+      .replacement<FillColor, customFillColor>()
+      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+}
+
+}  // namespace velura

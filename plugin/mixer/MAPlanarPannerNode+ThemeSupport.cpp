@@ -1,0 +1,118 @@
+// Surround panners: a disc with a ring, a cross and circles.
+
+#include <initializer_list>
+
+#include "cocoa/Override.h"
+#include "plugin/loader/Attach.h"
+#include "plugin/mixer/KnobDrawing.h"
+
+namespace velura {
+namespace {
+
+using namespace cocoa;
+
+using ValueIndicatorColor =
+    Override<"MAPlanarPannerNode", NSColor(), "valueIndicatorColor", "customValueIndicatorColor">;
+using SpreadFillColor = Override<"MAPlanarPannerNode", NSColor(), "spreadFillColor", "customSpreadFillColor">;
+using SpreadStrokeColor = Override<"MAPlanarPannerNode", NSColor(), "spreadStrokeColor", "customSpreadStrokeColor">;
+using DrawRect =
+    Override<"MAPlanarPannerNode", void(CGRect, CGContextRef), "drawRect:inContext:", "customDrawRect:inContext:">;
+
+constexpr double kThinLine = 0.5;
+
+NSColor themedOr(ThemeKey key, NSColor host) {
+  const NSColor themed = ThemeUtility::shared().colorForKey(key);
+  return themed ? themed : host;
+}
+
+NSColor customValueIndicatorColor(MANode panner) {
+  return themedOr(ThemeKey::kSurroundPannerKnobBorderColor, ValueIndicatorColor::callHost(panner));
+}
+NSColor customSpreadFillColor(MANode panner) {
+  return themedOr(ThemeKey::kSurroundPannerKnobFillColor, SpreadFillColor::callHost(panner));
+}
+NSColor customSpreadStrokeColor(MANode panner) {
+  return themedOr(ThemeKey::kSurroundPannerKnobBorderColor, SpreadStrokeColor::callHost(panner));
+}
+
+struct Line {
+  CGPoint from;
+  CGPoint to;
+};
+void strokeLines(CGContextRef context, std::initializer_list<Line> lines) {
+  CGContextSetLineWidth(context, kThinLine);
+  CGContextBeginPath(context);
+  for (const Line& line : lines) {
+    CGContextMoveToPoint(context, line.from.x, line.from.y);
+    CGContextAddLineToPoint(context, line.to.x, line.to.y);
+  }
+  CGContextStrokePath(context);
+}
+
+void drawGrid(CGRect rect, CGContextRef context, NSColor grid, NSColor background) {
+  constexpr double kInset = 2.5;
+  constexpr double kRingWidth = 3;
+  constexpr double kCircleStep = 0.125;  // of the disc's width
+  const CGRect disc = rect.insetBy(kInset, kInset);
+  CGContextSaveGState(context);
+  CGContextSetStrokeColorWithColor(context, grid.CGColor());
+  fillDisc(disc, context, background);
+  CGContextSetLineWidth(context, kRingWidth);
+  CGContextStrokeEllipseInRect(context, disc);
+  strokeLines(context, {{{disc.minX(), disc.midY()}, {disc.maxX(), disc.midY()}},
+                        {{disc.midX(), disc.minY()}, {disc.midX(), disc.maxY()}}});
+  CGContextBeginPath(context);
+  CGContextAddEllipseInRect(context, disc.insetBy(1, 1));
+  CGContextEOClip(context);
+  strokeLines(context, {{{disc.minX(), disc.minY()}, {disc.maxX(), disc.maxY()}},
+                        {{disc.maxX(), disc.minY()}, {disc.minX(), disc.maxY()}}});
+  const double step = disc.size.width * kCircleStep;
+  CGRect circle = disc.insetBy(step + 1, step + 1);
+  for (int i = 0; i < 3; ++i) {
+    if (i > 0) circle = circle.insetBy(step, step);
+    CGContextStrokeEllipseInRect(context, circle);
+  }
+  fillDisc(circle, context, background);
+  CGContextRestoreGState(context);
+}
+
+BOOL customDrawBackground(MANode panner, CGRect rect, CGContextRef context) {
+  const ThemeUtility& theme = ThemeUtility::shared();
+  if (theme.useImagesToDraw && drawImage(kSurroundBackground, panner, rect, context)) return 1;
+  const NSColor grid = theme.colorForKey(ThemeKey::kSurroundPannerKnobGridColor);
+  const NSColor background = theme.colorForKey(ThemeKey::kSurroundPannerKnobBackgroundColor);
+  if (!grid || !background) return 0;
+  drawGrid(rect, context, grid, background);
+  return 1;
+}
+
+void customDrawRect(MANode panner, CGRect rect, CGContextRef context) {
+  CGContextSaveGState(context);
+  if (customDrawBackground(panner, rect, context) == 0) DrawRect::callHost(panner, rect, context);
+  CGContextRestoreGState(context);
+}
+
+void addSwizzleMethod(Class /*self*/) {
+  static const bool installed = [] {
+    ValueIndicatorColor::install();
+    SpreadFillColor::install();
+    SpreadStrokeColor::install();
+    DrawRect::install();
+    return true;
+  }();
+  static_cast<void>(installed);
+}
+
+}  // namespace
+
+void attachMAPlanarPannerNodeThemeSupport() {
+  CategoryDefinition("MAPlanarPannerNode")
+      .method<"customDrawBackgroundInRect:inContext:", customDrawBackground>()
+      .replacement<ValueIndicatorColor, customValueIndicatorColor>()
+      .replacement<SpreadFillColor, customSpreadFillColor>()
+      .replacement<SpreadStrokeColor, customSpreadStrokeColor>()
+      .replacement<DrawRect, customDrawRect>()
+      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+}
+
+}  // namespace velura
