@@ -9,6 +9,8 @@ namespace {
 
 using namespace cocoa;
 
+enum class Model { kRGB, kGrey };
+
 struct Row {
   Look which;
   int red;
@@ -16,6 +18,7 @@ struct Row {
   int blue;
   int alpha;
   const char* catalogueName;
+  Model model = Model::kRGB;
 };
 
 constexpr auto kCount = static_cast<std::size_t>(Look::kCount);
@@ -39,19 +42,10 @@ constexpr std::array<Row, kCount> kRows{{
     {Look::kButtonTop, 92, 93, 97, 100, nullptr},
     {Look::kButtonBottom, 76, 77, 81, 100, nullptr},
     {Look::kButtonEdge, 34, 34, 36, 100, nullptr},
-    {Look::kButtonText, 222, 223, 226, 100, nullptr},
-    {Look::kPlugInTop, 74, 126, 196, 100, nullptr},
-    {Look::kPlugInBottom, 52, 100, 168, 100, nullptr},
-    {Look::kPlugInText, 240, 245, 252, 100, nullptr},
-    {Look::kBypassedTop, 84, 86, 91, 100, nullptr},
-    {Look::kBypassedBottom, 72, 74, 79, 100, nullptr},
-    {Look::kBypassedText, 150, 153, 160, 100, nullptr},
-    {Look::kMidiTop, 156, 104, 186, 100, nullptr},
-    {Look::kMidiBottom, 130, 82, 160, 100, nullptr},
-    {Look::kInstrumentTop, 72, 152, 104, 100, nullptr},
-    {Look::kInstrumentBottom, 54, 128, 84, 100, nullptr},
-    {Look::kSendTop, 70, 118, 186, 100, nullptr},
-    {Look::kSendBottom, 54, 98, 162, 100, nullptr},
+    {Look::kTitleOn, 236, 236, 236, 100, nullptr, Model::kGrey},
+    {Look::kTitleOff, 150, 150, 150, 100, nullptr, Model::kGrey},
+    {Look::kTitleLowLatency, 255, 176, 74, 100, nullptr},
+    {Look::kTitleDimmed, 206, 214, 226, 50, nullptr},
     {Look::kAutomationRead, 96, 184, 110, 100, nullptr},
     {Look::kAutomationTouch, 222, 188, 80, 100, nullptr},
     {Look::kAutomationLatch, 226, 150, 72, 100, nullptr},
@@ -65,23 +59,33 @@ constexpr std::array<Row, kCount> kRows{{
     {Look::kKnobRing, 36, 37, 39, 100, nullptr},
     {Look::kKnobArc, 96, 190, 112, 100, nullptr},
     {Look::kKnobFace, 104, 106, 111, 100, nullptr},
-    {Look::kKnobFaceEdge, 42, 43, 45, 100, nullptr},
+    {Look::kKnobEdge, 30, 31, 33, 100, nullptr},
     {Look::kKnobPointer, 236, 237, 240, 100, nullptr},
     {Look::kSendArc, 92, 158, 230, 100, nullptr},
+    {Look::kSendPostPanArc, 98, 196, 176, 100, nullptr},
+    {Look::kSendBypassedArc, 122, 122, 122, 100, nullptr, Model::kGrey},
+    {Look::kInputGainArc, 232, 168, 74, 100, nullptr},
+    {Look::kSpreadArc, 96, 190, 112, 100, nullptr},
+    {Look::kSpreadInverseArc, 226, 150, 72, 100, nullptr},
+    {Look::kSurroundBackground, 34, 35, 37, 100, nullptr},
+    {Look::kSurroundGrid, 86, 88, 93, 100, nullptr},
+    {Look::kSurroundSpread, 96, 190, 112, 35, nullptr},
+    {Look::kSurroundBorder, 122, 216, 138, 100, nullptr},
     {Look::kFaderTrack, 22, 22, 24, 100, nullptr},
     {Look::kFaderTop, 214, 215, 219, 100, nullptr},
     {Look::kFaderBottom, 148, 150, 156, 100, nullptr},
     {Look::kFaderEdge, 30, 30, 32, 100, nullptr},
     {Look::kFaderLine, 44, 45, 48, 100, nullptr},
+    {Look::kFaderGroupLine, 196, 132, 40, 100, nullptr},
     {Look::kMeterBackground, 22, 23, 24, 100, nullptr},
-    {Look::kMeterGreen, 84, 200, 106, 100, nullptr},
-    {Look::kMeterYellow, 236, 208, 72, 100, nullptr},
-    {Look::kMeterRed, 236, 86, 72, 100, nullptr},
+    {Look::kGainReductionOff, 44, 45, 47, 100, nullptr},
     {Look::kGainReduction, 240, 176, 72, 100, nullptr},
-    {Look::kScaleTick, 255, 255, 255, 35, nullptr},
-    {Look::kScaleNumber, 255, 255, 255, 55, nullptr},
+    {Look::kScaleTick, 255, 255, 255, 40, nullptr},
+    {Look::kScaleNumber, 255, 255, 255, 40, nullptr},
+    {Look::kScaleZero, 255, 255, 255, 100, nullptr},
     {Look::kSymbolOff, 82, 83, 88, 100, nullptr},
-    {Look::kSymbolText, 206, 208, 212, 100, nullptr},
+    {Look::kSymbolText, 208, 208, 208, 100, nullptr, Model::kGrey},
+    {Look::kSymbolTextOn, 14, 14, 14, 100, nullptr, Model::kGrey},
     {Look::kMuteOn, 76, 168, 214, 100, nullptr},
     {Look::kSoloOn, 226, 196, 62, 100, nullptr},
     {Look::kRecordOn, 220, 66, 60, 100, nullptr},
@@ -142,6 +146,7 @@ constexpr bool rowsFollowTheNames() {
 static_assert(rowsFollowTheNames());
 
 Ref<NSColor> made(const Row& row) {
+  if (row.model == Model::kGrey) return NSColor::colorWithCalibratedWhite(row.red / 255.0, row.alpha / 100.0);
   return NSColor::colorWithSRGBRed(row.red / 255.0, row.green / 255.0, row.blue / 255.0, row.alpha / 100.0);
 }
 

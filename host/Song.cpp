@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstring>
 #include <nlohmann/json.hpp>
+#include <utility>
 
 namespace host {
 namespace {
@@ -111,13 +112,94 @@ void readColour(const Fields& fields, const char* name, std::optional<SongColour
   out = SongColour{byte(1), byte(3), byte(5)};
 }
 
+unsigned readCode(const Fields& fields, const char* name) {
+  std::string text;
+  fields.read(name, text);
+  const bool wellFormed =
+      text.size() == 4 && std::all_of(text.begin(), text.end(), [](char c) { return c >= ' ' && c <= '~'; });
+  if (!wellFormed) throw SongError{fields.where(name) + ": expected a code of four characters"};
+  unsigned code = 0;
+  for (const char c : text) code = code << 8U | static_cast<unsigned char>(c);
+  return code;
+}
+
+/// All three codes, or none.
+void readCodes(const Fields& fields, std::optional<ComponentCodes>& out) {
+  const auto isThere = [&](const char* name) { return fields.find(name) != nullptr; };
+  if (!isThere("type") && !isThere("subType") && !isThere("manufacturer")) return;
+  out = ComponentCodes{readCode(fields, "type"), readCode(fields, "subType"), readCode(fields, "manufacturer")};
+}
+
+void readPlugIn(const Fields& fields, PlugInSlot& slot) {
+  fields.read("name", slot.name);
+  fields.read("bypassed", slot.bypassed);
+  fields.read("lowLatency", slot.lowLatency);
+  fields.read("dimmed", slot.dimmed);
+  readCodes(fields, slot.codes);
+}
+
 void readPlugIns(const Fields& fields, const char* name, std::vector<PlugInSlot>& out) {
   const json* list = fields.array(name, kMostSlots);
   for (std::size_t i = 0; list != nullptr && i < list->size(); ++i) {
-    const Fields slot((*list)[i], indexed(fields.where(name), i));
-    slot.read("name", out.emplace_back().name);
-    slot.read("bypassed", out.back().bypassed);
+    readPlugIn(Fields((*list)[i], indexed(fields.where(name), i)), out.emplace_back());
   }
+}
+
+/// Without one of its own, the instrument is what the track has as its input.
+void readInstrument(const Fields& fields, Track& track) {
+  const json* value = fields.find("instrument");
+  if (value == nullptr) {
+    track.instrument.name = track.input;
+    return;
+  }
+  const Fields slot(*value, fields.where("instrument"));
+  readPlugIn(slot, track.instrument);
+  slot.read("audio", track.instrument.audio);
+}
+
+/// A field that holds one of a few words; `out` stays as it is when it is missing.
+template <class Value, std::size_t Count>
+void readWord(const Fields& fields, const char* name, const std::pair<std::string_view, Value> (&words)[Count],
+              Value& out) {
+  if (fields.find(name) == nullptr) return;
+  std::string text;
+  fields.read(name, text);
+  const auto* found =
+      std::find_if(std::begin(words), std::end(words), [&](const auto& word) { return word.first == text; });
+  if (found == std::end(words)) {
+    std::string all;
+    for (const auto& word : words) all += (all.empty() ? "" : ", ") + std::string(word.first);
+    throw SongError{fields.where(name) + ": expected one of " + all};
+  }
+  out = found->second;
+}
+
+constexpr std::pair<std::string_view, SendMode> kSendModes[] = {{"postFader", SendMode::kPostFader},
+                                                                {"preFader", SendMode::kPreFader},
+                                                                {"postPan", SendMode::kPostPan},
+                                                                {"none", SendMode::kNone}};
+constexpr std::pair<std::string_view, PanMode> kPanModes[] = {
+    {"balance", PanMode::kBalance}, {"stereo", PanMode::kStereo}, {"surround", PanMode::kSurround}};
+constexpr std::pair<std::string_view, bool> kMeters[] = {{"exponential", true}, {"linear", false}};
+
+void readPanning(const Fields& fields, Panning& panning) {
+  readWord(fields, "panMode", kPanModes, panning.mode);
+  fields.read("spread", panning.spread, 0, 1);
+  fields.read("inverseSpread", panning.inverseSpread);
+  fields.read("surroundX", panning.x, -1, 1);
+  fields.read("surroundY", panning.y, -1, 1);
+}
+
+void readBlinking(const Fields& fields, Blinking& blinking) {
+  fields.read("muteBlink", blinking.mute);
+  fields.read("soloBlink", blinking.solo);
+  fields.read("recordBlink", blinking.record);
+  fields.read("monitoringBlink", blinking.monitoring);
+}
+
+void readInputGain(const Fields& fields, std::optional<double>& gain) {
+  if (fields.find("inputGain") == nullptr) return;
+  fields.read("inputGain", gain.emplace(0), kLowestInputGain, kHighestInputGain);
 }
 
 void readSends(const Fields& fields, std::vector<SendSlot>& out) {
@@ -126,6 +208,10 @@ void readSends(const Fields& fields, std::vector<SendSlot>& out) {
     const Fields slot((*list)[i], indexed(fields.where("sends"), i));
     slot.read("bus", out.emplace_back().bus);
     slot.read("level", out.back().level, 0, 1);
+    readWord(slot, "mode", kSendModes, out.back().mode);
+    slot.read("bypassed", out.back().bypassed);
+    slot.read("lowLatency", out.back().lowLatency);
+    slot.read("onFader", out.back().onFader);
   }
 }
 
@@ -229,18 +315,24 @@ Track readTrack(const json& value, const std::string& place) {
   readPlugIns(fields, "midiPlugIns", track.midiPlugIns);
   readPlugIns(fields, "audioPlugIns", track.audioPlugIns);
   readSends(fields, track.sends);
+  readInstrument(fields, track);
+  readInputGain(fields, track.inputGain);
   fields.read("volume", track.volume, -144, 6);
+  fields.read("faderMode", track.faderMode, 0, 2);
   fields.read("pan", track.pan, -64, 63);
+  readPanning(fields, track.panning);
   fields.read("peak", track.peak, -144, 24);
   fields.read("gainReduction", track.gainReduction, 0, 1);
   fields.read("left", track.levels[0], 0, 1);
   fields.read("right", track.levels[1], 0, 1);
+  readWord(fields, "meter", kMeters, track.exponentialMeter);
   fields.read("stereo", track.stereo);
   fields.read("equalizer", track.equalizer);
   fields.read("muted", track.muted);
   fields.read("soloed", track.soloed);
   fields.read("recordArmed", track.recordArmed);
   fields.read("monitoring", track.monitoring);
+  readBlinking(fields, track.blinking);
   fields.read("height", track.height, kLowestTrack, kHighestTrack);
   readRegions(fields, track.regions);
   return track;

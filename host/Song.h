@@ -15,14 +15,55 @@ struct SongColour {
   int blue = 0;
 };
 
+/// Names a plug-in among all plug-ins: three codes of four characters, the first in the highest byte.
+struct ComponentCodes {
+  unsigned type = 0;
+  unsigned subType = 0;
+  unsigned manufacturer = 0;
+};
+
 struct PlugInSlot {
   std::string name;
   bool bypassed = false;
+  bool lowLatency = false;  // left out while recording with little delay
+  bool dimmed = false;      // cannot be used as things are
+  std::optional<ComponentCodes> codes;
 };
+
+/// An instrument is a plug-in; one that is no MIDI instrument of the host's own kind says so.
+struct InstrumentSlot : PlugInSlot {
+  bool audio = false;
+};
+
+/// Where a send takes its signal from.
+enum class SendMode { kPostFader = 0, kPreFader = 1, kPostPan = 2, kNone = 3 };
 
 struct SendSlot {
   std::string bus;
   double level = 0;  // 0 to 1
+  SendMode mode = SendMode::kPostFader;
+  bool bypassed = false;
+  bool lowLatency = false;
+  bool onFader = false;  // the channel faders show the levels of this bus
+};
+
+enum class PanMode { kBalance, kStereo, kSurround };
+
+/// Where a track lies between its speakers. Places run from -1 to 1, spreads from 0 to 1.
+struct Panning {
+  PanMode mode = PanMode::kBalance;
+  double spread = 0.5;
+  bool inverseSpread = false;  // left and right are exchanged
+  double x = 0;
+  double y = 0;
+};
+
+/// Buttons that blink instead of being on: muted by another track's solo, about to record.
+struct Blinking {
+  bool mute = false;
+  bool solo = false;
+  bool record = false;
+  bool monitoring = false;
 };
 
 /// A stretch of material on a track. Bars count from 1 and may be fractional.
@@ -95,6 +136,12 @@ struct Track {
   double pan = 0;            // -64 to 63
   double peak = -144;        // dB
   double gainReduction = 0;  // 0 to 1
+  Panning panning;
+  InstrumentSlot instrument;        // of an instrument track; none while its name is empty
+  std::optional<double> inputGain;  // dB; there is a knob for it when there is a number
+  bool exponentialMeter = true;
+  int faderMode = 0;  // 1 shows the fader of a group
+  Blinking blinking;
   std::array<double, 2> levels{0, 0};
   bool stereo = true;
   bool equalizer = false;
@@ -118,6 +165,8 @@ struct Song {
 inline constexpr std::size_t kMostTracks = 20'000;
 inline constexpr std::size_t kMostRegions = 100'000;  // on all tracks together
 inline constexpr std::size_t kMostMarkers = 2'000;
+inline constexpr double kLowestInputGain = -20;  // dB
+inline constexpr double kHighestInputGain = 60;
 inline constexpr double kSmallestZoom = 4;
 inline constexpr double kLargestZoom = 2'000;
 inline constexpr double kFurthestBar = 10'001;

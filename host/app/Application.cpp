@@ -3,12 +3,15 @@
 #include <dlfcn.h>
 
 #include <cmath>
+#include <cstdio>
 
 #include "host/Look.h"
 #include "host/app/Views.h"
 #include "host/arrange/CLgSongDocument.h"
+#include "host/mixer/AssetMapping.h"
 #include "host/mixer/MAButtonNode.h"
 #include "host/mixer/MADisplayNode.h"
+#include "host/mixer/MADynamicScaleNode.h"
 #include "host/mixer/MAEQThumbnailNode.h"
 #include "host/mixer/MAFaderNode.h"
 #include "host/mixer/MAGainReductionMeterNode.h"
@@ -16,11 +19,14 @@
 #include "host/mixer/MAKnobNode.h"
 #include "host/mixer/MALevelNode.h"
 #include "host/mixer/MANode.h"
+#include "host/mixer/MAPannerNode.h"
 #include "host/mixer/MAScaleNode.h"
 #include "host/mixer/MAStripNode.h"
 #include "host/mixer/MASymbolButtonNode.h"
 #include "host/mixer/MATextNode.h"
 #include "host/mixer/MixerData.h"
+#include "host/mixer/PlugIn.h"
+#include "host/mixer/ScreenImage.h"
 #include "standin/Clock.h"
 #include "standin/Display.h"
 #include "standin/MainBundle.h"
@@ -33,6 +39,7 @@ using namespace cocoa;
 
 constexpr void (*kDefinitions[])() = {
     defineViews,
+    definePlugIns,
     defineMixerData,
     defineMixerWindow,
     defineMANode,
@@ -41,6 +48,7 @@ constexpr void (*kDefinitions[])() = {
     defineMAButtonNode,
     defineMASymbolButtonNode,
     defineMAKnobNode,
+    defineMAPannerNodes,
     defineMAFaderNode,
     defineMALevelNode,
     defineMAScaleNode,
@@ -48,13 +56,24 @@ constexpr void (*kDefinitions[])() = {
     defineMAEQThumbnailNode,
     defineMAGainReductionMeterNode,
     defineMAImageNode,
+    attachImageTint,
     attachStepSequencerColours,
     registerLook,
 };
 
+/// From version 11.2 on.
+bool hasScalePictures(const std::string& version) {
+  int major = 0;
+  int minor = 0;
+  std::sscanf(version.c_str(), "%d.%d", &major, &minor);
+  return major > 11 || (major == 11 && minor >= 2);
+}
+
 void defineClasses(const HostOptions& options) {
   static const bool defined = [&] {
     for (const auto define : kDefinitions) define();
+    if (hasScalePictures(options.version)) defineMADynamicScaleNode();
+    placeMixerClasses();
     defineArrangeClasses(options);
     return true;
   }();

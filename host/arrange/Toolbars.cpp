@@ -47,7 +47,7 @@ void drawTransport(const Arrangement& arrange, CGRect bounds, CGContextRef conte
   painter.fill(CGRectMake(0, 0, bounds.size.width, 1), catalogueColour(Look::kToolbarEdge));
   drawDisplay(painter, arrange, CGRectMake(std::floor(bounds.midX()) - 130, 8, 260, 36));
   double x = 16;
-  for (const Look colour : {Look::kSymbolText, Look::kMeterGreen, Look::kRecordOn}) {
+  for (const Look colour : {Look::kSymbolText, Look::kArrangeVolume, Look::kRecordOn}) {
     painter.fillRounded(CGRectMake(x, 12, 40, 28), 6, faded(NSColor::blackColor(), 0.2));
     painter.fillEllipse(CGRectMake(x + 14, 20, 12, 12), look(colour));
     x += kButtonPitch;

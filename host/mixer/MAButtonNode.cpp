@@ -1,65 +1,212 @@
 #include "host/mixer/MAButtonNode.h"
 
+#include "host/mixer/AssetMapping.h"
 #include "host/mixer/Painter.h"
+#include "host/mixer/ScreenImage.h"
 
 namespace host {
 namespace {
 
 using namespace cocoa;
 
-struct ButtonLook {
+constexpr double kRadius = 4;
+constexpr double kSymbolSegment = 12;
+constexpr double kArrowSegment = 10;
+constexpr double kSymbolSize = 8;
+constexpr NSInteger kLeftSymbol = 2;
+
+constexpr std::string_view kInserts = "Buttons.AudioPlugIn";
+constexpr std::string_view kEmpty = "Buttons.EmptyPlugIn";
+
+struct Segments {
   std::string_view path;
-  Look top;
-  Look bottom;
-  Look text;
+  NSInteger count;
 };
+constexpr Segments kSegments[] = {{"Buttons.AudioPlugIn", 3}, {"Buttons.MIDIPlugIn", 3}, {"Buttons.InputSegment", 2}};
 
-constexpr ButtonLook kPlain{"Buttons.Default", Look::kButtonTop, Look::kButtonBottom, Look::kButtonText};
-constexpr ButtonLook kBypassed{"", Look::kBypassedTop, Look::kBypassedBottom, Look::kBypassedText};
-constexpr ButtonLook kButtonLooks[] = {
-    kPlain,
-    {"Buttons.AudioPlugIn", Look::kPlugInTop, Look::kPlugInBottom, Look::kPlugInText},
-    {"Buttons.MIDIPlugIn", Look::kMidiTop, Look::kMidiBottom, Look::kPlugInText},
-    {"Buttons.CustomInstrument", Look::kInstrumentTop, Look::kInstrumentBottom, Look::kPlugInText},
-    {"Buttons.Instrument", Look::kInstrumentTop, Look::kInstrumentBottom, Look::kPlugInText},
-    {"Buttons.Send", Look::kSendTop, Look::kSendBottom, Look::kPlugInText},
-    {"Buttons.InputSegment", Look::kButtonTop, Look::kButtonBottom, Look::kButtonText},
-    {"Buttons.AutomationRead", Look::kButtonTop, Look::kButtonBottom, Look::kAutomationRead},
-    {"Buttons.AutomationTouch", Look::kButtonTop, Look::kButtonBottom, Look::kAutomationTouch},
-    {"Buttons.AutomationLatch", Look::kButtonTop, Look::kButtonBottom, Look::kAutomationLatch},
-    {"Buttons.AutomationWrite", Look::kButtonTop, Look::kButtonBottom, Look::kAutomationWrite},
+/// The colour of an automation button while its mode is on.
+struct AutomationColour {
+  std::string_view path;
+  Look colour;
 };
+constexpr AutomationColour kAutomationColours[] = {{"Buttons.AutomationRead", Look::kAutomationRead},
+                                                   {"Buttons.AutomationTouch", Look::kAutomationTouch},
+                                                   {"Buttons.AutomationLatch", Look::kAutomationLatch},
+                                                   {"Buttons.AutomationWrite", Look::kAutomationWrite}};
 
-const ButtonLook& lookFor(const std::string& path, bool on) {
-  if (!on) return kBypassed;
-  for (const ButtonLook& row : kButtonLooks) {
-    if (row.path == path) return row;
-  }
-  return kPlain;
+/// A circle with a bar through its open top: the power switch of a plug-in.
+Ref<NSImage> powerSymbol(NSColor colour) {
+  return screenImage({kSymbolSize, kSymbolSize}, [&](CGContextRef context) {
+    const Painter painter(context);
+    constexpr double kMiddle = kSymbolSize / 2;
+    painter.arc({kMiddle, kMiddle - 0.4}, 2.7, 50, -230, colour, 1.1);
+    painter.line({kMiddle, kMiddle + 0.1}, {kMiddle, kMiddle + 3.2}, colour, 1.1);
+  });
 }
 
-constexpr double kRadius = 4;
+NSImage powerSymbol(bool on) {
+  static const Ref<NSImage> symbols[] = {powerSymbol(look(Look::kTitleOff)), powerSymbol(look(Look::kTitleOn))};
+  return symbols[on ? 1 : 0];
+}
+
+void drawSeparator(const Painter& painter, CGRect rect, double x) {
+  painter.fill(CGRectMake(x, rect.minY() + 3, 1, rect.size.height - 6), faded(NSColor::blackColor(), 0.2));
+}
+
+/// Two small arrow heads: a menu opens here.
+void drawMenuArrow(const Painter& painter, CGPoint middle, NSColor colour) {
+  CGContextRef context = painter.context();
+  CGContextSetFillColorWithColor(context, colour.CGColor());
+  for (const double up : {1.0, -1.0}) {
+    CGContextBeginPath(context);
+    CGContextMoveToPoint(context, middle.x - 2, middle.y + up * 1.2);
+    CGContextAddLineToPoint(context, middle.x + 2, middle.y + up * 1.2);
+    CGContextAddLineToPoint(context, middle.x, middle.y + up * 3.8);
+    CGContextClosePath(context);
+    CGContextFillPath(context);
+  }
+}
 
 }  // namespace
 
 id MAButtonNode::init() {
   superSend<MAButtonNode, id>(self, selector<"init">());
-  stateOf<MANode>(self).drawsContents = true;
-  stateOf<MANode>(self).state = 1;
+  MANode& node = stateOf<MANode>(self);
+  node.drawsContents = true;
+  node.state = 1;
+  foregroundColor = look(Look::kTitleOn);
   return self;
 }
 
-void MAButtonNode::drawRect(CGRect rect, CGContextRef context) {
+void MAButtonNode::setAssetSetPath(NSString path) {
+  superSend<MAButtonNode, void>(self, selector<"setAssetSetPath:">(), path);
+  call<"setNeedsUpdateContents:">(self, BOOL(1));
+}
+
+void MAButtonNode::setRepresentedObject(NSObject object) {
+  superSend<MAButtonNode, void>(self, selector<"setRepresentedObject:">(), object);
+  call<"setNeedsUpdateContents:">(self, BOOL(1));
+}
+
+void MAButtonNode::setState(NSInteger state) {
+  const bool changes = stateOf<MANode>(self).state != state;
+  superSend<MAButtonNode, void>(self, selector<"setState:">(), state);
+  if (changes) applyForeground();
+}
+
+void MAButtonNode::setHighlightState(NSInteger state) {
+  const bool changes = stateOf<MANode>(self).highlightState != state;
+  superSend<MAButtonNode, void>(self, selector<"setHighlightState:">(), state);
+  if (changes) applyForeground();
+}
+
+void MAButtonNode::setMode(ButtonMode newMode) {
+  if (mode == newMode) return;
+  mode = newMode;
+  applyForeground();
+}
+
+void MAButtonNode::setForegroundColor(NSColor colour) {
+  foregroundColor = colour;
+  call<"setNeedsUpdateContents:">(self, BOOL(1));
+}
+
+void MAButtonNode::applyForeground() { call<"setForegroundColor:">(self, ownColour()); }
+
+NSColor MAButtonNode::ownColour() {
   const MANode& node = stateOf<MANode>(self);
-  const ButtonLook& button = lookFor(toStdString(node.assetSetPath), node.state != 0);
+  const std::string path = toStdString(node.assetSetPath);
+  if (path == kEmpty) return look(Look::kEmptySlotTitle);
+  if (mode == ButtonMode::kLowLatency) return look(Look::kTitleLowLatency);
+  if (mode == ButtonMode::kDimmed) return look(Look::kTitleDimmed);
+  if (node.state == 0) return look(Look::kTitleOff);
+  for (const AutomationColour& row : kAutomationColours) {
+    if (row.path == path) return look(row.colour);
+  }
+  return look(Look::kTitleOn);
+}
+
+NSInteger MAButtonNode::numberOfSegments() {
+  const std::string path = toStdString(call<"assetSetPath", NSString>(self));
+  for (const Segments& row : kSegments) {
+    if (row.path == path) return row.count;
+  }
+  return 1;
+}
+
+NSObject MAButtonNode::attributedTitleForState(NSInteger /*state*/) {
+  const MANode& node = stateOf<MANode>(self);
+  if (node.name->isEqualToString(literal<"masteringAssistant">())) return node.title;
+  const std::string path = toStdString(node.assetSetPath);
+  const bool insert = path.starts_with(kInserts);
+  const NSColor colour = insert ? ownColour() : call<"foregroundColor", NSColor>(self);
+  const bool narrow = call<"numberOfSegments", NSInteger>(self) > 1;
+  const TextStyle style{.size = narrow ? 9.0 : 9.5, .weight = path == kEmpty ? 0 : NSFontWeightMedium};
+  return autoreleased(
+      NSAttributedString::withString(node.title ? node.title.get() : literal<"">(), lineAttributes(colour, style)));
+}
+
+NSImage MAButtonNode::imageForState(NSInteger part) {
+  const MANode& node = stateOf<MANode>(self);
+  const bool plugIn = isPlugIn && part == kLeftSymbol;
+  return plugIn ? powerSymbol(node.state != 0) : NSImage();
+}
+
+void MAButtonNode::drawBody(CGRect rect, CGContextRef context) {
+  const MANode& node = stateOf<MANode>(self);
   const Painter painter(context);
-  painter.body(rect, kRadius, look(button.top), look(button.bottom), look(Look::kButtonEdge));
-  painter.text(node.title, rect.insetBy(4, 0), look(button.text), {.size = 9.5, .weight = 0.23});
+  const std::string path = toStdString(call<"assetSetPath", NSString>(self));
+  if (path == kEmpty) {
+    painter.fillRounded(rect, kRadius, look(node.highlightState != 0 ? Look::kEmptySlotSelected : Look::kEmptySlot));
+    painter.strokeRounded(rect, kRadius, faded(NSColor::blackColor(), 0.05), 1);
+    return;
+  }
+  const ButtonAsset& asset = buttonAsset(path);
+  const ButtonBody& body = node.state != 0 ? asset.on : asset.off;
+  painter.body(rect, kRadius, body.top, body.bottom, look(Look::kButtonEdge));
+}
+
+void MAButtonNode::drawRect(CGRect rect, CGContextRef context) {
+  drawBody(rect, context);
+  const Painter painter(context);
+  const NSInteger segments = call<"numberOfSegments", NSInteger>(self);
+  CGRect room = rect.insetBy(segments == 1 ? 4 : 2, 0);
+  const auto colour = call<"foregroundColor", NSColor>(self);
+  if (segments > 2) {
+    const auto symbol = call<"imageForState:", NSImage>(self, kLeftSymbol);
+    const CGSize size = symbol.size();
+    if (symbol) {
+      painter.image(symbol, CGRectMake(rect.minX() + 2.5 + (kSymbolSize - size.width) / 2,
+                                       rect.midY() - size.height / 2, size.width, size.height));
+    }
+    drawSeparator(painter, rect, rect.minX() + kSymbolSegment);
+    room = CGRectMake(rect.minX() + kSymbolSegment + 1, room.minY(), room.maxX() - rect.minX() - kSymbolSegment - 1,
+                      room.size.height);
+  }
+  if (segments > 1) {
+    drawSeparator(painter, rect, rect.maxX() - kArrowSegment);
+    drawMenuArrow(painter, {rect.maxX() - kArrowSegment / 2, rect.midY()}, colour);
+    room.size.width = rect.maxX() - kArrowSegment - room.minX();
+  }
+  const auto title = call<"attributedTitleForState:", NSObject>(self, stateOf<MANode>(self).state);
+  if (const auto styled = as<NSAttributedString>(title)) return painter.text(styled, room);
+  painter.text(as<NSString>(title), room, colour, {.size = 9.5, .weight = NSFontWeightMedium});
 }
 
 void defineMAButtonNode() {
   ClassDefinition<MAButtonNode>("MAButtonNode", "MANode")
       .method<"init", &MAButtonNode::init>()
+      .method<"assetSetPath", &MAButtonNode::assetSetPath>()
+      .method<"setAssetSetPath:", &MAButtonNode::setAssetSetPath>()
+      .method<"representedObject", &MAButtonNode::representedObject>()
+      .method<"setRepresentedObject:", &MAButtonNode::setRepresentedObject>()
+      .method<"setState:", &MAButtonNode::setState>()
+      .method<"setHighlightState:", &MAButtonNode::setHighlightState>()
+      .getter<"foregroundColor", &MAButtonNode::foregroundColor>()
+      .method<"setForegroundColor:", &MAButtonNode::setForegroundColor>()
+      .method<"numberOfSegments", &MAButtonNode::numberOfSegments>()
+      .method<"attributedTitleForState:", &MAButtonNode::attributedTitleForState>()
+      .method<"imageForState:", &MAButtonNode::imageForState>()
       .method<"drawRect:inContext:", &MAButtonNode::drawRect>()
       .registered();
 }

@@ -78,7 +78,17 @@ void MAEQThumbnailNode::drawRect(CGRect rect, CGContextRef context) {
 }
 
 void MAEQThumbnailNode::drawTitle(CGRect rect, CGContextRef context) {
-  Painter(context).text(stateOf<MANode>(self).title, rect, look(Look::kEqualizerTitle), {.size = 9.5});
+  const MANode& node = stateOf<MANode>(self);
+  if (node.title->length() == 0) return;
+  const double size = NSFont::smallSystemFontSize();
+  const auto attributes = NSMutableDictionary::dictionary();
+  attributes.setObject(NSFont::systemFontOfSize(size), NSFontAttributeName);
+  attributes.setObject(look(Look::kEqualizerTitle), NSForegroundColorAttributeName);
+  const Ref<NSMutableParagraphStyle> centred = make<NSMutableParagraphStyle>();
+  centred->setAlignment(NSTextAlignmentCenter);
+  attributes.setObject(centred.get(), NSParagraphStyleAttributeName);
+  const auto title = NSAttributedString::withString(node.title, attributes);
+  Painter(context).baselineText(title, CGRectMake(0, (rect.size.height - size) * 0.5, rect.size.width, size));
 }
 
 void defineMAEQThumbnailNode() {

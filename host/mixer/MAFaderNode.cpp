@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "host/mixer/Painter.h"
+#include "host/mixer/ScreenImage.h"
 
 namespace host {
 namespace {
@@ -12,6 +13,26 @@ using namespace cocoa;
 
 constexpr double kCapWidth = 22;
 constexpr double kCapHeight = 38;
+constexpr NSInteger kGroupMode = 1;
+
+/// The cap lies in its picture with room for its shadow. Faders of groups have a line of another colour.
+void drawCap(CGContextRef context, Look line) {
+  const Painter painter(context);
+  const CGRect cap = CGRectMake(0, 0, kCapWidth, kCapHeight).insetBy(1, 2);
+  painter.fillRounded(cap.offsetBy(0, -1.5), 4, faded(NSColor::blackColor(), 0.45));
+  painter.body(cap, 4, look(Look::kFaderTop), look(Look::kFaderBottom), look(Look::kFaderEdge));
+  const CGRect waist = CGRectMake(cap.minX() + 1, cap.midY() - 6, cap.size.width - 2, 12);
+  painter.verticalGradient(waist, 0, look(Look::kFaderBottom), look(Look::kFaderTop));
+  painter.fill(CGRectMake(cap.minX() + 2, cap.midY() - 0.75, cap.size.width - 4, 1.5), look(line));
+}
+
+NSImage capImage(bool ofGroup) {
+  const auto make = [](Look line) {
+    return screenImage({kCapWidth, kCapHeight}, [=](CGContextRef context) { drawCap(context, line); });
+  };
+  static const Ref<NSImage> caps[] = {make(Look::kFaderLine), make(Look::kFaderGroupLine)};
+  return caps[ofGroup ? 1 : 0];
+}
 
 }  // namespace
 
@@ -23,7 +44,7 @@ double faderPosition(double decibels) {
 id MAFaderNode::init() {
   superSend<MAFaderNode, id>(self, selector<"init">());
   stateOf<MANode>(self).drawsContents = true;
-  call<"addChild:">(self, makeNode("MAFaderKnobNode", "fader knob", {}).get());
+  call<"addChild:">(self, makeNode("MAImageNode", "fader knob", {}).get());
   return self;
 }
 
@@ -37,6 +58,16 @@ void MAFaderNode::setValue(double position) {
       knob, CGRectMake(std::floor((size.width - kCapWidth) / 2), std::round(travel * value), kCapWidth, kCapHeight));
 }
 
+void MAFaderNode::updatePresentationObject(NSObject presentation, NSObject view) {
+  superSend<MAFaderNode, void>(self, selector<"updatePresentationObject:view:">(), presentation, view);
+  call<"updateFaderKnob">(self);
+}
+
+void MAFaderNode::updateFaderKnob() {
+  const auto knob = call<"childNodeWithName:", NSObject>(self, literal<"fader knob">());
+  call<"setContents:">(knob, capImage(faderMode == kGroupMode));
+}
+
 void MAFaderNode::drawRect(CGRect rect, CGContextRef context) {
   const Painter painter(context);
   const CGRect groove = CGRectMake(std::floor(rect.midX()) - 2, 6, 4, rect.size.height - 12);
@@ -44,30 +75,13 @@ void MAFaderNode::drawRect(CGRect rect, CGContextRef context) {
   painter.fillRounded(groove, 2, look(Look::kFaderTrack));
 }
 
-id MAFaderKnobNode::init() {
-  superSend<MAFaderKnobNode, id>(self, selector<"init">());
-  stateOf<MANode>(self).drawsContents = true;
-  return self;
-}
-
-void MAFaderKnobNode::drawRect(CGRect rect, CGContextRef context) {
-  const Painter painter(context);
-  const CGRect cap = rect.insetBy(1, 2);
-  painter.fillRounded(cap.offsetBy(0, -1.5), 4, faded(NSColor::blackColor(), 0.45));
-  painter.body(cap, 4, look(Look::kFaderTop), look(Look::kFaderBottom), look(Look::kFaderEdge));
-  const CGRect waist = CGRectMake(cap.minX() + 1, cap.midY() - 6, cap.size.width - 2, 12);
-  painter.verticalGradient(waist, 0, look(Look::kFaderBottom), look(Look::kFaderTop));
-  painter.fill(CGRectMake(cap.minX() + 2, cap.midY() - 0.75, cap.size.width - 4, 1.5), look(Look::kFaderLine));
-}
-
 void defineMAFaderNode() {
-  ClassDefinition<MAFaderKnobNode>("MAFaderKnobNode", "MANode")
-      .method<"init", &MAFaderKnobNode::init>()
-      .method<"drawRect:inContext:", &MAFaderKnobNode::drawRect>()
-      .registered();
   ClassDefinition<MAFaderNode>("MAFaderNode", "MANode")
       .method<"init", &MAFaderNode::init>()
       .method<"setValue:", &MAFaderNode::setValue>()
+      .property<"faderMode", "setFaderMode:", &MAFaderNode::faderMode>()
+      .method<"updatePresentationObject:view:", &MAFaderNode::updatePresentationObject>()
+      .method<"updateFaderKnob", &MAFaderNode::updateFaderKnob>()
       .method<"drawRect:inContext:", &MAFaderNode::drawRect>()
       .registered();
 }

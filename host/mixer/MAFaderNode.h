@@ -4,18 +4,15 @@
 
 namespace host {
 
-/// The channel fader: a groove, and a child named "fader knob" that rides in it.
+/// The channel fader: a groove, and a child named "fader knob" that rides in it, a picture.
 struct MAFaderNode : cocoa::ObjectState {
   double value = 0;  // position from 0 at the bottom to 1
+  NSInteger faderMode = 0;
 
   id init();
   void setValue(double position);
-  void drawRect(CGRect rect, CGContextRef context);
-};
-
-/// The cap of a fader.
-struct MAFaderKnobNode : cocoa::ObjectState {
-  id init();
+  void updatePresentationObject(NSObject presentation, NSObject view);
+  void updateFaderKnob();
   void drawRect(CGRect rect, CGContextRef context);
 };
 

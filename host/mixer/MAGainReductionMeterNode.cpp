@@ -14,17 +14,28 @@ id MAGainReductionMeterNode::init() {
   return self;
 }
 
+NSColor MAGainReductionMeterNode::backgroundFillColor() {
+  return look(isOn ? Look::kMeterBackground : Look::kGainReductionOff);
+}
+
+NSColor MAGainReductionMeterNode::fillColor() { return look(Look::kGainReduction); }
+
 void MAGainReductionMeterNode::drawRect(CGRect rect, CGContextRef context) {
   const Painter painter(context);
-  painter.fillRounded(rect, 2, look(Look::kMeterBackground));
+  painter.fillRounded(rect, 2, call<"backgroundFillColor", NSColor>(self));
+  if (!asks<"isOn">(self)) return;
   const CGRect inner = rect.insetBy(1, 1);
   const double width = std::round(inner.size.width * reduction);
-  painter.fill(CGRectMake(inner.maxX() - width, inner.minY(), width, inner.size.height), look(Look::kGainReduction));
+  painter.fill(CGRectMake(inner.maxX() - width, inner.minY(), width, inner.size.height),
+               call<"fillColor", NSColor>(self));
 }
 
 void defineMAGainReductionMeterNode() {
   ClassDefinition<MAGainReductionMeterNode>("MAGainReductionMeterNode", "MANode")
       .method<"init", &MAGainReductionMeterNode::init>()
+      .getter<"isOn", &MAGainReductionMeterNode::isOn>()
+      .method<"backgroundFillColor", &MAGainReductionMeterNode::backgroundFillColor>()
+      .method<"fillColor", &MAGainReductionMeterNode::fillColor>()
       .method<"drawRect:inContext:", &MAGainReductionMeterNode::drawRect>()
       .registered();
 }

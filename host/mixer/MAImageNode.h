@@ -4,9 +4,13 @@
 
 namespace host {
 
-/// A picture: the icon of a track. `title` names the picture.
+/// A picture: one that it was given as its contents, else the icon of a track that `title` names.
 struct MAImageNode : cocoa::ObjectState {
+  cocoa::Ref<NSObject> contents;  // an NSImage or an image of Core Graphics
+
   id init();
+  void setContents(NSObject image);
+  void updatePresentationObject(NSObject presentation, NSObject view);
   void drawRect(CGRect rect, CGContextRef context);
 };
 

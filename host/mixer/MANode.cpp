@@ -116,9 +116,8 @@ void MANode::drawRect(CGRect /*rect*/, CGContextRef /*context*/) {}
 
 Ref<NSObject> makeNode(const char* className, const char* name, CGRect frame) {
   const id object = call<"init", id>(call<"alloc", id>(classNamed(className)));
-  MANode& node = stateOf<MANode>(object);
-  node.name = sharedName(name);
-  node.frame = frame;
+  stateOf<MANode>(object).name = sharedName(name);
+  call<"setFrame:">(object, frame);
   return Ref<NSObject>::adopt(NSObject(object));
 }
 

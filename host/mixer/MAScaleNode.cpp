@@ -1,51 +1,100 @@
 #include "host/mixer/MAScaleNode.h"
 
-#include <cmath>
-#include <span>
-
-#include "host/mixer/MAFaderNode.h"
 #include "host/mixer/Painter.h"
+#include "host/mixer/ScaleMarks.h"
 
 namespace host {
 namespace {
 
 using namespace cocoa;
 
-struct Mark {
-  double decibels;
-  const char* label;
-};
-constexpr Mark kVolumeMarks[] = {{6, "6"},  {3, "3"},    {0, "0"},    {-3, "3"},
-                                 {-6, "6"}, {-12, "12"}, {-18, "18"}, {-30, "30"}};
-constexpr Mark kLevelMarks[] = {{6, "0"}, {0, "6"}, {-6, "12"}, {-15, "24"}, {-30, "48"}};
-constexpr double kInset = 19;  // the middle of a fader cap at the end of its travel
+/// A tick of the type that its factory is for; `type` is what the scale wants of it.
+NSObject newTick(Class cls, NSInteger type, CGColorRef color, CGColorRef highlighted, double position, NSString label) {
+  const id made = call<"init", id>(call<"alloc", id>(cls));
+  MAScaleTick& tick = stateOf<MAScaleTick>(made);
+  tick.type = type;
+  tick.color = color;
+  tick.highlightedColor = highlighted;
+  tick.defaultYPosition = position;
+  tick.label = label;
+  return autoreleased(Ref<NSObject>::adopt(NSObject(made)));
+}
+
+NSObject infinityTick(Class cls, NSInteger type, CGColorRef color, CGColorRef highlighted, double position,
+                      NSString label) {
+  return newTick(cls, type, color, highlighted, position, label);
+}
+
+NSObject tickFor(const ScaleMark& mark, NSInteger scaleType) {
+  const bool zero = scaleType == kVolumeScale && mark.position == kZeroDecibels;
+  const CGColorRef colour = look(zero ? Look::kScaleZero : Look::kScaleTick).CGColor();
+  const Class cls = classNamed("MAScaleTick");
+  const NSString label = string(mark.label);
+  const NSInteger type = mark.type;
+  if (mark.type == kInfinityTick) {
+    return call<"scaleInfinityTickWithType:color:highlightedColor:defaultYPosition:label:", NSObject>(
+        cls, type, colour, colour, mark.position, label);
+  }
+  return call<"scaleTickWithType:color:highlightedColor:defaultYPosition:label:", NSObject>(cls, type, colour, colour,
+                                                                                            mark.position, label);
+}
 
 }  // namespace
 
 id MAScaleNode::init() {
   superSend<MAScaleNode, id>(self, selector<"init">());
   stateOf<MANode>(self).drawsContents = true;
+  largeScaleTicks = make<NSMutableArray>();
   return self;
 }
 
+void MAScaleNode::setType(NSInteger newType) {
+  if (type == newType) return;
+  type = newType;
+  largeScaleTicks->removeAllObjects();
+  for (const ScaleMark& mark : scaleMarks(type)) largeScaleTicks->addObject(tickFor(mark, type));
+  call<"setNeedsUpdateContents:">(self, BOOL(1));
+}
+
+CGColorRef MAScaleNode::labelColor() { return look(Look::kScaleNumber).CGColor(); }
+CGColorRef MAScaleNode::highlightedLabelColor() { return look(Look::kScaleNumber).CGColor(); }
+
 void MAScaleNode::drawRect(CGRect rect, CGContextRef context) {
   const Painter painter(context);
-  const bool volume = type == 2;
-  const double inset = volume ? kInset : 4;
-  const std::span<const Mark> marks = volume ? std::span<const Mark>(kVolumeMarks) : std::span<const Mark>(kLevelMarks);
-  for (const Mark& mark : marks) {
-    const double y = std::round(inset + (rect.size.height - 2 * inset) * faderPosition(mark.decibels));
-    const double width = rect.size.width;
-    painter.fill(CGRectMake(volume ? width - 4 : 0, y, volume ? 4 : 2, 1), look(Look::kScaleTick));
-    painter.text(mark.label, CGRectMake(volume ? 0 : 3, y - 5, width - 5, 11), look(Look::kScaleNumber),
-                 {.size = 7, .alignment = volume ? TextAlignment::kRight : TextAlignment::kLeft});
+  const bool highlighted = stateOf<MANode>(self).highlightState != 0;
+  const NSColor numbers = NSColor::colorWithCGColor(highlighted ? call<"highlightedLabelColor", CGColorRef>(self)
+                                                                : call<"labelColor", CGColorRef>(self));
+  const ScaleColumns columns = scaleColumns(type, rect.size.width);
+  for (const NSObject each : items(largeScaleTicks)) {
+    const MAScaleTick& tick = stateOf<MAScaleTick>(each);
+    const double y = tick.defaultYPosition * rect.size.height / kDefaultScaleHeight - 1;
+    const CGColorRef colour = highlighted ? tick.highlightedColor : tick.color;
+    painter.fill(CGRectMake(columns.ticksFrom, y, rect.size.width - columns.ticksFrom, 1),
+                 NSColor::colorWithCGColor(colour));
+    painter.text(tick.label, CGRectMake(0, y - 5, columns.numbersTo, 11), numbers,
+                 {.size = 7, .alignment = TextAlignment::kRight});
   }
 }
 
 void defineMAScaleNode() {
+  ClassDefinition<MAScaleTick>("MAScaleTick", "NSObject")
+      .classMethod<"scaleTickWithType:color:highlightedColor:defaultYPosition:label:", newTick>()
+      .classMethod<"scaleInfinityTickWithType:color:highlightedColor:defaultYPosition:label:", infinityTick>()
+      .getter<"type", &MAScaleTick::type>()
+      .method<"color", &MAScaleTick::plain>()
+      .method<"setColor:", &MAScaleTick::setColor>()
+      .method<"highlightedColor", &MAScaleTick::highlighted>()
+      .method<"setHighlightedColor:", &MAScaleTick::setHighlightedColor>()
+      .getter<"defaultYPosition", &MAScaleTick::defaultYPosition>()
+      .getter<"label", &MAScaleTick::label>()
+      .registered();
   ClassDefinition<MAScaleNode>("MAScaleNode", "MANode")
       .method<"init", &MAScaleNode::init>()
-      .property<"type", "setType:", &MAScaleNode::type>()
+      .getter<"type", &MAScaleNode::type>()
+      .method<"setType:", &MAScaleNode::setType>()
+      .getter<"largeScaleTicks", &MAScaleNode::largeScaleTicks>()
+      .method<"labelColor", &MAScaleNode::labelColor>()
+      .method<"highlightedLabelColor", &MAScaleNode::highlightedLabelColor>()
       .method<"drawRect:inContext:", &MAScaleNode::drawRect>()
       .registered();
 }

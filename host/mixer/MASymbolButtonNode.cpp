@@ -24,11 +24,11 @@ Look bodyFor(const std::string& name) {
   return Look::kSymbolOff;
 }
 
-void drawDisclosure(const Painter& painter, CGRect rect) {
+void drawDisclosure(const Painter& painter, CGRect rect, NSColor colour) {
   const double x = rect.midX();
   const double y = rect.midY();
   CGContextRef context = painter.context();
-  CGContextSetFillColorWithColor(context, look(Look::kSymbolText).CGColor());
+  CGContextSetFillColorWithColor(context, colour.CGColor());
   CGContextBeginPath(context);
   CGContextMoveToPoint(context, x - 2.5, y + 4);
   CGContextAddLineToPoint(context, x + 3.5, y);
@@ -38,13 +38,41 @@ void drawDisclosure(const Painter& painter, CGRect rect) {
 }
 
 constexpr double kRadius = 3.5;
+constexpr double kWide = 40;  // room for more than a letter
 
 }  // namespace
 
 id MASymbolButtonNode::init() {
   superSend<MASymbolButtonNode, id>(self, selector<"init">());
   stateOf<MANode>(self).drawsContents = true;
+  foregroundColor = look(Look::kSymbolText);
   return self;
+}
+
+void MASymbolButtonNode::setState(NSInteger state) {
+  const bool changes = stateOf<MANode>(self).state != state;
+  superSend<MASymbolButtonNode, void>(self, selector<"setState:">(), state);
+  if (changes) applySymbol();
+}
+
+void MASymbolButtonNode::setForegroundColor(NSColor colour) {
+  foregroundColor = colour;
+  call<"setNeedsUpdateContents:">(self, BOOL(1));
+}
+
+void MASymbolButtonNode::setSymbol(NSAttributedString glyph) {
+  symbol = glyph;
+  call<"setNeedsUpdateContents:">(self, BOOL(1));
+}
+
+void MASymbolButtonNode::applySymbol() {
+  const MANode& node = stateOf<MANode>(self);
+  const Look colour = node.state == kOn         ? Look::kSymbolTextOn
+                      : node.state == kBlinking ? bodyFor(toStdString(node.name))
+                                                : Look::kSymbolText;
+  const TextStyle style{.size = node.frame.size.width > kWide ? 9.0 : 10.0, .weight = NSFontWeightSemibold};
+  const NSString letter = node.title ? node.title.get() : literal<"">();
+  call<"setSymbol:">(self, autoreleased(NSAttributedString::withString(letter, lineAttributes(look(colour), style))));
 }
 
 void MASymbolButtonNode::drawRect(CGRect rect, CGContextRef context) {
@@ -52,19 +80,22 @@ void MASymbolButtonNode::drawRect(CGRect rect, CGContextRef context) {
   const std::string name = toStdString(node.name);
   const Painter painter(context);
   if (name == "disclosure") {
-    drawDisclosure(painter, rect);
+    drawDisclosure(painter, rect, foregroundColor);
     return;
   }
-  const bool on = node.state != 0;
-  const NSColor body = look(on ? bodyFor(name) : Look::kSymbolOff);
+  const NSColor body = look(node.state == kOn ? bodyFor(name) : Look::kSymbolOff);
   painter.body(rect, kRadius, body, faded(body, 0.86), look(Look::kButtonEdge));
-  painter.text(node.title, rect, on ? NSColor::blackColor() : look(Look::kSymbolText),
-               {.size = rect.size.width > 40 ? 9.0 : 10.0, .weight = 0.3});
+  painter.text(symbol.get(), rect);
 }
 
 void defineMASymbolButtonNode() {
   ClassDefinition<MASymbolButtonNode>("MASymbolButtonNode", "MANode")
       .method<"init", &MASymbolButtonNode::init>()
+      .method<"setState:", &MASymbolButtonNode::setState>()
+      .getter<"foregroundColor", &MASymbolButtonNode::foregroundColor>()
+      .method<"setForegroundColor:", &MASymbolButtonNode::setForegroundColor>()
+      .getter<"symbol", &MASymbolButtonNode::symbol>()
+      .method<"setSymbol:", &MASymbolButtonNode::setSymbol>()
       .method<"drawRect:inContext:", &MASymbolButtonNode::drawRect>()
       .registered();
 }

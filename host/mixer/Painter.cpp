@@ -9,6 +9,30 @@ namespace host {
 
 using namespace cocoa;
 
+namespace {
+
+/// Where messages draw while it lasts. What it changes of the context is put back.
+class CurrentContext {
+ public:
+  explicit CurrentContext(const Painter& painter) : context_(painter.context()) {
+    CGContextSaveGState(context_);
+    NSGraphicsContext::saveGraphicsState();
+    NSGraphicsContext::setCurrentContext(
+        NSGraphicsContext::graphicsContextWithCGContext(context_, painter.isFlipped()));
+  }
+  CurrentContext(const CurrentContext&) = delete;
+  CurrentContext& operator=(const CurrentContext&) = delete;
+  ~CurrentContext() {
+    NSGraphicsContext::restoreGraphicsState();
+    CGContextRestoreGState(context_);
+  }
+
+ private:
+  CGContextRef context_;
+};
+
+}  // namespace
+
 void Painter::fill(CGRect rect, NSColor colour) const {
   CGContextSetFillColorWithColor(context_, colour.CGColor());
   CGContextFillRect(context_, rect);
@@ -105,13 +129,38 @@ void Painter::text(NSString text, CGRect rect, NSColor colour, const TextStyle& 
   if (style.alignment == TextAlignment::kCentre) x += std::max(0.0, (rect.size.width - size.width) / 2);
   if (style.alignment == TextAlignment::kRight) x += std::max(0.0, rect.size.width - size.width);
   const double y = rect.minY() + (rect.size.height - size.height) / 2;
-  CGContextSaveGState(context_);
+  const CurrentContext current(*this);
   CGContextClipToRect(context_, rect);
-  NSGraphicsContext::saveGraphicsState();
-  NSGraphicsContext::setCurrentContext(NSGraphicsContext::graphicsContextWithCGContext(context_, flipped_));
   call<"drawAtPoint:withAttributes:">(text, CGPoint{x, y}, attributes);
-  NSGraphicsContext::restoreGraphicsState();
-  CGContextRestoreGState(context_);
+}
+
+void Painter::text(NSAttributedString text, CGRect rect) const {
+  if (text.length() == 0) return;
+  const CGSize size = call<"size", CGSize>(text);
+  const double y = rect.minY() + (rect.size.height - size.height) / 2;
+  const CurrentContext current(*this);
+  call<"drawInRect:">(text, CGRectMake(rect.minX(), y, rect.size.width, size.height));
+}
+
+void Painter::baselineText(NSAttributedString text, CGRect rect) const {
+  const CurrentContext current(*this);
+  cocoa::text::drawWithRect(text, rect, NSStringDrawingUsesBaseline);
+}
+
+void Painter::image(NSImage image, CGRect rect) const {
+  const CurrentContext current(*this);
+  image.drawInRect(rect, {}, NSCompositingOperationSourceOver, 1);
+}
+
+NSMutableDictionary lineAttributes(NSColor colour, const TextStyle& style) {
+  const Ref<NSMutableParagraphStyle> paragraph = make<NSMutableParagraphStyle>();
+  paragraph->setAlignment(NSTextAlignmentCenter);
+  paragraph->setLineBreakMode(NSLineBreakByTruncatingTail);
+  const auto attributes = NSMutableDictionary::dictionary();
+  attributes.setObject(NSFont::systemFontOfSize(style.size, style.weight), NSFontAttributeName);
+  attributes.setObject(colour, NSForegroundColorAttributeName);
+  attributes.setObject(paragraph.get(), NSParagraphStyleAttributeName);
+  return attributes;
 }
 
 NSColor faded(NSColor colour, double alpha) { return colour.colorWithAlphaComponent(alpha); }

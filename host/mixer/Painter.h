@@ -35,6 +35,11 @@ class Painter {
   /// One line of text, centred vertically in the rectangle; what does not fit is cut off.
   void text(std::string_view text, CGRect rect, NSColor colour, const TextStyle& style) const;
   void text(NSString text, CGRect rect, NSColor colour, const TextStyle& style) const;
+  /// The same for text that brings its own colour and font.
+  void text(NSAttributedString text, CGRect rect) const;
+  /// The same on the lower edge of the rectangle.
+  void baselineText(NSAttributedString text, CGRect rect) const;
+  void image(NSImage image, CGRect rect) const;
   [[nodiscard]] CGContextRef context() const { return context_; }
   [[nodiscard]] bool isFlipped() const { return flipped_; }
 
@@ -43,6 +48,9 @@ class Painter {
   CGContextRef context_;
   bool flipped_;
 };
+
+/// The attributes of one line of text, centred between the sides of its rectangle and shortened to fit it.
+NSMutableDictionary lineAttributes(NSColor colour, const TextStyle& style);
 
 /// The look's colour at another alpha.
 NSColor faded(NSColor colour, double alpha);

@@ -4,16 +4,22 @@
 #include <cmath>
 #include <cstdio>
 
+#include "host/mixer/MAButtonNode.h"
 #include "host/mixer/MADisplayNode.h"
+#include "host/mixer/MADynamicScaleNode.h"
 #include "host/mixer/MAEQThumbnailNode.h"
 #include "host/mixer/MAFaderNode.h"
 #include "host/mixer/MAGainReductionMeterNode.h"
 #include "host/mixer/MAKnobNode.h"
 #include "host/mixer/MALevelNode.h"
+#include "host/mixer/MAPannerNode.h"
 #include "host/mixer/MAScaleNode.h"
 #include "host/mixer/MAStripNode.h"
+#include "host/mixer/MASymbolButtonNode.h"
 #include "host/mixer/MATextNode.h"
 #include "host/mixer/MixerData.h"
+#include "host/mixer/PlugIn.h"
+#include "host/mixer/ScaleMarks.h"
 
 namespace host {
 namespace {
@@ -31,10 +37,10 @@ constexpr CGRect kLabel = {{kMargin + 20, 40}, {kInnerWidth - 20, 13}};
 constexpr double kMuteY = 56;
 constexpr double kRecordY = 76;
 constexpr double kSymbolHeight = 18;
-constexpr CGRect kScale = {{3, 98}, {18, 146}};
-constexpr CGRect kFader = {{21, 98}, {26, 146}};
-constexpr CGRect kLevel = {{51, 98}, {13, 146}};
-constexpr CGRect kLevelScale = {{65, 98}, {16, 146}};
+constexpr CGRect kVolumeMarks = {{2, 98}, {18, kDefaultScaleHeight}};
+constexpr CGRect kFader = {{20, 98}, {26, kDefaultScaleHeight}};
+constexpr CGRect kLevelMarks = {{47, 98}, {15, kDefaultScaleHeight}};
+constexpr CGRect kLevel = {{63, 98}, {15, kDefaultScaleHeight}};
 constexpr double kReadoutY = 247;
 constexpr double kReadoutHeight = 14;
 constexpr CGRect kPan = {{22, 267}, {40, 40}};
@@ -51,7 +57,7 @@ constexpr double kGap = 4;
 constexpr double kEqualizerHeight = 40;
 constexpr double kReductionHeight = 8;
 constexpr double kTopMargin = 8;
-constexpr double kSendKnob = 16;
+constexpr double kSmallKnob = 18;
 
 struct UpperRows {
   double sends = kSendsY;
@@ -112,13 +118,6 @@ Sections sectionsOf(const Track& track) {
       break;
   }
   return s;
-}
-
-std::string decibels(double value) {
-  if (value <= -96) return "-\u221E";
-  char text[32];
-  std::snprintf(text, sizeof text, std::abs(value) < 10 ? "%.1f" : "%.0f", value);
-  return text;
 }
 
 const char* labelOf(const Track& track) {
@@ -183,13 +182,44 @@ class StripBuilder {
     call<"addChild:">(strip_.get(), child.get());
     return child;
   }
-  void addButton(const char* name, CGRect frame, std::string_view title, const char* path, bool on = true) {
-    MANode& button = stateOf<MANode>(add("MAButtonNode", name, frame, title));
-    button.assetSetPath = string(path);
-    button.state = on ? 1 : 0;
+  NSObject addButton(const char* name, CGRect frame, std::string_view title, const char* path, bool on = true) {
+    const NSObject button = add("MAButtonNode", name, frame, title);
+    stateOf<MANode>(button).state = on ? 1 : 0;
+    call<"setAssetSetPath:">(button, string(path));
+    stateOf<MAButtonNode>(button).applyForeground();
+    return button;
   }
-  void addSymbol(const char* name, CGRect frame, const char* glyph, bool on) {
-    stateOf<MANode>(add("MASymbolButtonNode", name, frame, glyph)).state = on ? 1 : 0;
+  /// What a plug-in slot represents is known later than its kind.
+  void addPlugIn(const char* name, CGRect frame, const PlugInSlot& slot, const char* path) {
+    const NSObject button = addButton(name, frame, slot.name, path, !slot.bypassed);
+    MAButtonNode& state = stateOf<MAButtonNode>(button);
+    state.isPlugIn = true;
+    state.mode = slot.lowLatency ? ButtonMode::kLowLatency : slot.dimmed ? ButtonMode::kDimmed : ButtonMode::kNormal;
+    if (slot.codes) call<"setRepresentedObject:">(button, representedPlugIn(*slot.codes).get());
+    state.applyForeground();
+  }
+  NSObject addKnob(const char* name, CGRect frame, double value, Look fill, double neutral = 0) {
+    const NSObject made = add("MAKnobNode", name, frame);
+    MAKnobNode& knob = stateOf<MAKnobNode>(made);
+    knob.neutral = neutral;
+    knob.fill = fill;
+    call<"setValue:">(made, value);
+    return made;
+  }
+  static void addReadout(NSObject knob, const char* name, CGRect frame, std::string_view text) {
+    const Ref<NSObject> readout = makeNode("MATextNode", name, frame);
+    stateOf<MANode>(readout.get()).title = string(text);
+    stateOf<MATextNode>(readout.get()).style = {.size = 7.5, .alignment = TextAlignment::kRight};
+    call<"setForegroundColor:">(readout.get(), look(Look::kReadoutText));
+    knob::addPart(knob.object, readout);
+  }
+  void addSymbol(const char* name, CGRect frame, const char* glyph, bool on, bool blinks = false) {
+    const NSObject button = add("MASymbolButtonNode", name, frame, glyph);
+    stateOf<MANode>(button).state = on       ? MASymbolButtonNode::kOn
+                                    : blinks ? MASymbolButtonNode::kBlinking
+                                             : MASymbolButtonNode::kOff;
+    call<"setForegroundColor:">(button, look(Look::kSymbolText));
+    stateOf<MASymbolButtonNode>(button).applySymbol();
   }
   void leaveEmpty(CGRect rect, std::string_view title = {}) {
     EmptySlot& slot = empty_.emplace_back();
@@ -208,6 +238,7 @@ class StripBuilder {
       const NSObject meter =
           add("MAGainReductionMeterNode", "gainReductionMeter", row(rows_.reduction, kReductionHeight));
       stateOf<MAGainReductionMeterNode>(meter).reduction = track_.gainReduction;
+      stateOf<MAGainReductionMeterNode>(meter).isOn = track_.gainReduction > 0;
     }
     if (sections_.equalizer) {
       const NSObject thumbnail =
@@ -227,28 +258,51 @@ class StripBuilder {
       if (track_.midiPlugIns.empty()) {
         leaveEmpty(frame, "MIDI FX");
       } else {
-        const PlugInSlot& slot = track_.midiPlugIns.front();
-        addButton("midiPlugIn", frame, slot.name, "Buttons.MIDIPlugIn", !slot.bypassed);
+        addPlugIn("midiPlugIn", frame, track_.midiPlugIns.front(), "Buttons.MIDIPlugIn");
       }
     }
     if (!sections_.input) return;
-    CGRect frame = row(rows_.input, kSlotHeight);
+    const CGRect frame = row(rows_.input, kSlotHeight);
     if (track_.type == StripType::kInstrument) {
-      if (track_.input.empty()) {
-        leaveEmpty(frame, "Instrument");
-      } else {
-        addButton("input", frame, track_.input, "Buttons.Instrument");
-      }
-      return;
-    }
-    addSymbol("channelMode", CGRectMake(frame.minX(), frame.minY(), 18, kSlotHeight), track_.stereo ? "oo" : "o",
-              false);
-    frame = CGRectMake(frame.minX() + 20, frame.minY(), frame.size.width - 20, kSlotHeight);
-    if (track_.input.empty()) {
-      leaveEmpty(frame, "Input");
+      addInstrument(frame);
     } else {
-      addButton("input", frame, track_.input, "Buttons.InputSegment");
+      addAudioInput(frame);
     }
+  }
+  void addInstrument(CGRect frame) {
+    const InstrumentSlot& slot = track_.instrument;
+    if (slot.name.empty()) {
+      addButton("input", frame, "Instrument", "Buttons.EmptyPlugIn");
+    } else {
+      addPlugIn("input", frame, slot, slot.audio ? "Buttons.AudioPlugIn" : "Buttons.MIDIPlugIn");
+    }
+  }
+  void addAudioInput(CGRect frame) {
+    constexpr double kMode = 18;
+    constexpr double kBetween = 2;
+    addSymbol("channelMode", CGRectMake(frame.minX(), frame.minY(), kMode, kSlotHeight), track_.stereo ? "oo" : "o",
+              false);
+    double right = frame.maxX();
+    if (track_.inputGain && track_.type == StripType::kAudio) {
+      right -= kSmallKnob;
+      addInputGain(CGRectMake(right, frame.minY(), kSmallKnob, kSmallKnob), *track_.inputGain);
+      right -= kBetween;
+    }
+    const double left = frame.minX() + kMode + kBetween;
+    const CGRect input = CGRectMake(left, frame.minY(), right - left, kSlotHeight);
+    if (track_.input.empty()) {
+      leaveEmpty(input, "Input");
+    } else {
+      addButton("input", input, track_.input, "Buttons.InputSegment");
+    }
+  }
+  void addInputGain(CGRect frame, double gain) {
+    constexpr double kRange = kHighestInputGain - kLowestInputGain;
+    const NSObject knob = addKnob("inputGainKnob", frame, (gain - kLowestInputGain) / kRange, Look::kInputGainArc,
+                                  -kLowestInputGain / kRange);
+    char text[16];
+    std::snprintf(text, sizeof text, "%+.0f", gain);
+    addReadout(knob, "knob readout", CGRectMake(-12, frame.size.height, 32, 10), text);
   }
 
   void addSlots() {
@@ -257,8 +311,7 @@ class StripBuilder {
       const CGRect frame = row(rows_.audio + (song_.audioRows - 1 - i) * kRowPitch, kSlotHeight);
       const auto index = static_cast<std::size_t>(i);
       if (index < track_.audioPlugIns.size()) {
-        const PlugInSlot& slot = track_.audioPlugIns[index];
-        addButton("audioPlugIn", frame, slot.name, "Buttons.AudioPlugIn", !slot.bypassed);
+        addPlugIn("audioPlugIn", frame, track_.audioPlugIns[index], "Buttons.AudioPlugIn");
       } else if (track_.type == StripType::kStereoOut && i + 1 == song_.audioRows) {
         addButton("masteringAssistant", frame, "Mastering", "Buttons.Default");
       } else if (index == track_.audioPlugIns.size()) {
@@ -271,17 +324,26 @@ class StripBuilder {
     if (!sections_.sends) return;
     for (int i = 0; i < song_.sendRows; ++i) {
       const CGRect frame = row(rows_.sends + (song_.sendRows - 1 - i) * kRowPitch, kSlotHeight);
-      const CGRect slot = CGRectMake(frame.minX(), frame.minY(), frame.size.width - kSendKnob - 3, kSlotHeight);
-      const CGRect knob = CGRectMake(frame.maxX() - kSendKnob, frame.minY() + 1, kSendKnob, kSendKnob);
+      const CGRect slot = CGRectMake(frame.minX(), frame.minY(), frame.size.width - kSmallKnob - 2, kSlotHeight);
+      const CGRect knob = CGRectMake(frame.maxX() - kSmallKnob, frame.minY(), kSmallKnob, kSmallKnob);
       const auto index = static_cast<std::size_t>(i);
       if (index < track_.sends.size()) {
-        addButton("sendButton", slot, track_.sends[index].bus, "Buttons.Send");
-        stateOf<MAKnobNode>(add("MAKnobNode", "sendKnob", knob)).value = track_.sends[index].level;
+        addSend(track_.sends[index], slot, knob);
       } else if (index == track_.sends.size()) {
         leaveEmpty(slot, "Send");
-        empty_.push_back({EmptyElement::kKnob, knob, {}});
+        empty_.push_back({EmptyElement::kKnob, knob.insetBy(1, 1), {}});
       }
     }
+  }
+
+  void addSend(const SendSlot& send, CGRect slot, CGRect frame) {
+    const NSObject button = addButton("sendButton", slot, send.bus,
+                                      send.onFader ? "Buttons.SendIsOnFader" : "Buttons.Send", !send.bypassed);
+    if (send.lowLatency) stateOf<MAButtonNode>(button).setMode(ButtonMode::kLowLatency);
+    const bool postPan = send.mode == SendMode::kPostPan;
+    const NSObject knob = addKnob("sendKnob", frame, send.level, postPan ? Look::kSendPostPanArc : Look::kSendArc);
+    call<"setRepresentedObject:">(knob, representedSend(send.mode).get());
+    stateOf<MAKnobNode>(knob).setBypassed(BOOL(send.bypassed));
   }
 
   void addRouting() {
@@ -301,18 +363,34 @@ class StripBuilder {
 
   void addPan() {
     if (!sections_.pan) return;
-    const NSObject pan = add("MAKnobNode", "pan", kPan);
-    MAKnobNode& knob = stateOf<MAKnobNode>(pan);
-    knob.value = (track_.pan + 64) / 127;
-    knob.bipolar = true;
+    const double value = (track_.pan + 64) / 127;
+    if (track_.type == StripType::kOther) addAssignKnobs();
+    switch (track_.panning.mode) {
+      case PanMode::kSurround:
+        stateOf<MAPlanarPannerNode>(add("MAPlanarPannerNode", "surround", kPan)).setPanning(track_.panning);
+        return;
+      case PanMode::kStereo: {
+        const NSObject pan = add("MAStereoPannerNode", "pan", kPan);
+        stateOf<MAStereoPannerNode>(pan).setPanning(value, track_.panning);
+        return addPanReadout(pan);
+      }
+      case PanMode::kBalance:
+        return addPanReadout(addKnob("pan", kPan, value, Look::kKnobArc, 0.5));
+    }
+  }
+  void addPanReadout(NSObject pan) const {
     if (track_.pan == 0) return;
     char text[16];
     std::snprintf(text, sizeof text, "%+.0f", track_.pan);
-    const Ref<NSObject> readout = makeNode("MATextNode", "panner readout", CGRectMake(38, 0, 24, 10));
-    stateOf<MANode>(readout.get()).title = string(text);
-    stateOf<MATextNode>(readout.get()).style = {.size = 7.5};
-    call<"setForegroundColor:">(readout.get(), look(Look::kReadoutText));
-    call<"addChild:">(pan, readout.get());
+    addReadout(pan, "panner readout", CGRectMake(34, 0, 22, 10), text);
+  }
+  /// Two controllers that a strip of an external instrument is assigned.
+  void addAssignKnobs() {
+    constexpr double kSize = 30;
+    const double y = kAutomation.maxY() + 3;
+    addKnob("midiAssignKnob1", CGRectMake(kMargin + 4, y, kSize, kSize), 0.7, Look::kKnobArc);
+    addKnob("midiAssignKnob2", CGRectMake(kStripWidth - 1 - kMargin - 4 - kSize, y, kSize, kSize), 0.35,
+            Look::kKnobArc);
   }
 
   void addFader() {
@@ -322,31 +400,47 @@ class StripBuilder {
     call<"setTextColor:">(volume, look(Look::kDisplayText));
     const NSObject peak = add("MADisplayNode", "peak", CGRectMake(kMargin + half + 2, kReadoutY, half, kReadoutHeight),
                               decibels(track_.peak));
-    call<"setTextColor:">(peak, look(track_.peak >= 0   ? Look::kPeakMaximum
-                                     : track_.peak > -3 ? Look::kPeakWarning
-                                                        : Look::kPeakNormal));
-    stateOf<MAScaleNode>(add("MAScaleNode", "volumeScale", kScale)).type = 2;
-    call<"setValue:">(add("MAFaderNode", "volumeFader", kFader), faderPosition(track_.volume));
+    call<"setTextColor:">(peak, peakColour(track_.peak));
+    addScale("volumeScale", kVolumeMarks, kVolumeScale);
+    const NSObject fader = add("MAFaderNode", "volumeFader", kFader);
+    call<"setFaderMode:">(fader, static_cast<NSInteger>(track_.faderMode));
+    call<"setValue:">(fader, faderPosition(track_.volume));
+    addScale("levelScale", kLevelMarks, kLevelScale);
     MALevelNode& level = stateOf<MALevelNode>(add("MALevelNode", "level", kLevel));
-    level.levels = track_.levels;
-    level.bars = track_.stereo ? 2 : 1;
-    stateOf<MAScaleNode>(add("MAScaleNode", "levelScale", kLevelScale)).type = 1;
+    level.setMixerLevelType(meterType());
+    level.setBars(track_.stereo ? 2 : 1);
+    level.setLevels(track_.levels);
+  }
+  [[nodiscard]] NSInteger meterType() const {
+    const bool output = track_.type == StripType::kStereoOut || track_.type == StripType::kMaster;
+    return (track_.exponentialMeter ? 3 : 1) + (output ? 1 : 0);
+  }
+  /// Hosts that have scales as pictures have them on all strips but two kinds.
+  void addScale(const char* name, CGRect frame, ScaleType type) {
+    const bool ticks = track_.type == StripType::kMaster || track_.type == StripType::kOther;
+    if (!ticks && classNamed(kDynamicScaleClass) != nullptr) {
+      add(kDynamicScaleClass, name, frame);
+    } else {
+      call<"setType:">(add("MAScaleNode", name, frame), static_cast<NSInteger>(type));
+    }
   }
 
   void addButtons() {
     const double half = (kInnerWidth - 2) / 2;
     const CGRect left = CGRectMake(kMargin, kMuteY, half, kSymbolHeight);
     const CGRect right = left.offsetBy(half + 2, 0);
-    addSymbol("mute", left, "M", track_.muted);
+    addSymbol("mute", left, "M", track_.muted, track_.blinking.mute);
     if (sections_.solo) {
-      addSymbol("solo", right, "S", track_.soloed);
+      addSymbol("solo", right, "S", track_.soloed, track_.blinking.solo);
     } else {
       const bool master = track_.type == StripType::kMaster;
       addSymbol(master ? "dim" : "bounce", right, master ? "D" : "Bnce", false);
     }
     if (sections_.record) {
-      addSymbol("monitoring", CGRectMake(kMargin, kRecordY, half, kSymbolHeight), "I", track_.monitoring);
-      addSymbol("record", CGRectMake(kMargin + half + 2, kRecordY, half, kSymbolHeight), "R", track_.recordArmed);
+      addSymbol("monitoring", CGRectMake(kMargin, kRecordY, half, kSymbolHeight), "I", track_.monitoring,
+                track_.blinking.monitoring);
+      addSymbol("record", CGRectMake(kMargin + half + 2, kRecordY, half, kSymbolHeight), "R", track_.recordArmed,
+                track_.blinking.record);
     }
     if (track_.folder) addSymbol("disclosure", CGRectMake(kMargin, kRecordY, half, kSymbolHeight), "", false);
   }
@@ -394,6 +488,17 @@ class StripBuilder {
 };
 
 }  // namespace
+
+std::string decibels(double value) {
+  if (value <= -96) return "-\u221E";
+  char text[32];
+  std::snprintf(text, sizeof text, std::abs(value) < 10 ? "%.1f" : "%.0f", value);
+  return text;
+}
+
+NSColor peakColour(double decibels) {
+  return look(decibels >= 0 ? Look::kPeakMaximum : decibels > -3 ? Look::kPeakWarning : Look::kPeakNormal);
+}
 
 double stripHeight(const Song& song) { return upperRows(song).top; }
 

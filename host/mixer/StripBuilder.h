@@ -1,6 +1,8 @@
 #pragma once
 // Builds the node tree of a channel strip: which sections a track has, and where they lie.
 
+#include <string>
+
 #include "host/Song.h"
 #include "host/mixer/MANode.h"
 
@@ -13,5 +15,9 @@ double stripHeight(const Song& song);
 
 /// The strip of a track, with all of its sections. `number` counts from 1.
 cocoa::Ref<NSObject> buildStrip(const Song& song, const Track& track, std::size_t number);
+
+/// How a level in dB is written, and the colour of a peak of that level.
+std::string decibels(double value);
+NSColor peakColour(double decibels);
 
 }  // namespace host
