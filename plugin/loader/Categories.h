@@ -10,7 +10,6 @@ using AttachCategory = void (*)();
 
 struct ThemedClass {
   const char* name;
-  /// Null while no category themes the class.
   AttachCategory attach;
 };
 

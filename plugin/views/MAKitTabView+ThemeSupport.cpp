@@ -1,0 +1,37 @@
+// The tabs of the loop browser.
+
+#include "cocoa/AppKit.h"
+#include "cocoa/Override.h"
+#include "plugin/loader/Attach.h"
+#include "plugin/views/LayerColour.h"
+
+namespace velura {
+namespace {
+
+using namespace cocoa;
+
+using SetLayer = Override<"MAKitTabView", void(CALayer), "setLayer:", "customSetLayer:">;
+
+void customSetLayer(NSView tabs, CALayer layer) {
+  SetLayer::callHost(tabs, layer);
+  if (!tabs.superview().className().isEqualToString(literal<"MALoopBrowserSplitView">())) return;
+  fillLayer(layer, ThemeKey::kLoopBrowserPaneHeaderColor);
+}
+
+void addSwizzleMethod(Class /*self*/) {
+  static const bool installed = [] {
+    SetLayer::install();
+    return true;
+  }();
+  static_cast<void>(installed);
+}
+
+}  // namespace
+
+void attachMAKitTabViewThemeSupport() {
+  CategoryDefinition("MAKitTabView")
+      .replacement<SetLayer, customSetLayer>()
+      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+}
+
+}  // namespace velura

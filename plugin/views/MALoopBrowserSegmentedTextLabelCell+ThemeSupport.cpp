@@ -1,0 +1,76 @@
+// Search buttons of the loop browser, of one row or of two.
+
+#include "cocoa/AppKit.h"
+#include "cocoa/Override.h"
+#include "plugin/loader/Attach.h"
+#include "plugin/theme/StringBytes.h"
+#include "plugin/theme/ThemeUtility.h"
+
+namespace velura {
+namespace {
+
+using namespace cocoa;
+
+using AttributedString =
+    Override<"MALoopBrowserSegmentedTextLabelCell", NSObject(), "attributedString", "customAttributedString">;
+
+struct RowKeys {
+  ThemeKey on;
+  ThemeKey off;
+};
+constexpr RowKeys kFirstRow{ThemeKey::kLoopbrowserSearchButtonTitleOn, ThemeKey::kLoopbrowserSearchButtonTitleOff};
+constexpr RowKeys kOtherRows{ThemeKey::kLoopbrowserSearchButtonTitleSecondRowOn,
+                             ThemeKey::kLoopbrowserSearchButtonTitleSecondRowOff};
+
+void recolour(NSMutableAttributedString text, NSRange range, const RowKeys& keys, bool isOn) {
+  const NSColor colour = ThemeUtility::shared().colorForKey(isOn ? keys.on : keys.off);
+  if (!colour || range.length == 0) return;
+  call<"removeAttribute:range:">(text, NSForegroundColorAttributeName, range);
+  text.addAttribute(NSForegroundColorAttributeName, colour, range);
+}
+
+/// The rows are told apart by the runs of one colour: the first begins with the text.
+void recolourRuns(NSMutableAttributedString text, bool isOn) {
+  call<"beginEditing">(text);
+  const NSRange whole{0, text.length()};
+  for (NSUInteger at = 0; at < whole.length;) {
+    NSRange run{};
+    const auto colour = call<"attribute:atIndex:longestEffectiveRange:inRange:", NSObject>(
+        text, NSForegroundColorAttributeName, at, &run, whole);
+    if (colour) recolour(text, run, run.location == 0 ? kFirstRow : kOtherRows, isOn);
+    if (run.length == 0) break;
+    at = run.location + run.length;
+  }
+  call<"endEditing">(text);
+}
+
+NSObject customAttributedString(NSCell cell) {
+  const NSObject host = AttributedString::callHost(cell);
+  const auto text = as<NSMutableAttributedString>(host);
+  if (!text) return host;
+  const bool isOn = cell.state() != 0;
+  if (utf8Bytes(cell.stringValue()).find('\n') == std::string::npos) {
+    recolour(text, {0, text.length()}, kFirstRow, isOn);
+  } else {
+    recolourRuns(text, isOn);
+  }
+  return text;
+}
+
+void addSwizzleMethod(Class /*self*/) {
+  static const bool installed = [] {
+    AttributedString::install();
+    return true;
+  }();
+  static_cast<void>(installed);
+}
+
+}  // namespace
+
+void attachMALoopBrowserSegmentedTextLabelCellThemeSupport() {
+  CategoryDefinition("MALoopBrowserSegmentedTextLabelCell")
+      .replacement<AttributedString, customAttributedString>()
+      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+}
+
+}  // namespace velura

@@ -1,0 +1,38 @@
+// The upper part of the loop browser.
+
+#include "cocoa/AppKit.h"
+#include "cocoa/Override.h"
+#include "plugin/loader/Attach.h"
+#include "plugin/views/LayerColour.h"
+
+namespace velura {
+namespace {
+
+using namespace cocoa;
+
+using SetLayer = Override<"MASplitView", void(CALayer), "setLayer:", "customSetLayer:">;
+
+void customSetLayer(NSView split, CALayer layer) {
+  SetLayer::callHost(split, layer);
+  if (split.className().isEqualToString(literal<"MALoopBrowserSplitView">())) {
+    fillLayer(layer, ThemeKey::kLoopBrowserHeaderColor);
+  }
+}
+
+void addSwizzleMethod(Class /*self*/) {
+  static const bool installed = [] {
+    SetLayer::install();
+    return true;
+  }();
+  static_cast<void>(installed);
+}
+
+}  // namespace
+
+void attachMASplitViewThemeSupport() {
+  CategoryDefinition("MASplitView")
+      .replacement<SetLayer, customSetLayer>()
+      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+}
+
+}  // namespace velura

@@ -1,0 +1,40 @@
+// The label of the volume in the mixer's legend.
+
+#include "cocoa/AppKit.h"
+#include "cocoa/Override.h"
+#include "plugin/loader/Attach.h"
+#include "plugin/theme/StringBytes.h"
+#include "plugin/views/LayerColour.h"
+
+namespace velura {
+namespace {
+
+using namespace cocoa;
+
+using ViewDidMoveToWindow = Override<"MATextField", void(), "viewDidMoveToWindow", "customViewDidMoveToWindow">;
+
+void customViewDidMoveToWindow(NSView field) {
+  constexpr std::string_view kVolumeLabel = "MAMixerLegendVolumeLabelItem";
+  if (BriefUTF8(call<"identifier", NSString>(field)).view().starts_with(kVolumeLabel)) {
+    fillLayer(field.superview().layer(), ThemeKey::kComponentsLabelBackgroundColor);
+  }
+  ViewDidMoveToWindow::callHost(field);
+}
+
+void addSwizzleMethod(Class /*self*/) {
+  static const bool installed = [] {
+    ViewDidMoveToWindow::install();
+    return true;
+  }();
+  static_cast<void>(installed);
+}
+
+}  // namespace
+
+void attachMATextFieldThemeSupport() {
+  CategoryDefinition("MATextField")
+      .replacement<ViewDidMoveToWindow, customViewDidMoveToWindow>()
+      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+}
+
+}  // namespace velura

@@ -1,0 +1,46 @@
+// The mixer's legend: its background, and its elements, which stay the host's.
+
+#include "cocoa/AppKit.h"
+#include "cocoa/Override.h"
+#include "plugin/loader/Attach.h"
+#include "plugin/theme/ThemeUtility.h"
+
+namespace velura {
+namespace {
+
+using namespace cocoa;
+
+using BackgroundColor = Override<"MixerLegendView", NSColor(), "backgroundColor", "customBackgroundColor">;
+using AddElements = Override<"MixerLegendViewController", void(), "addElements", "customAddElements">;
+
+NSColor customBackgroundColor(NSView legend) {
+  const NSColor themed = ThemeUtility::shared().colorForKey(ThemeKey::kComponentsLabelBackgroundColor);
+  return themed ? themed : BackgroundColor::callHost(legend);
+}
+
+void customAddElements(NSObject controller) { AddElements::callHost(controller); }
+
+template <class Pair>
+void addSwizzleMethod(Class /*self*/) {
+  static const bool installed = [] {
+    Pair::install();
+    return true;
+  }();
+  static_cast<void>(installed);
+}
+
+}  // namespace
+
+void attachMixerLegendViewThemeSupport() {
+  CategoryDefinition("MixerLegendView")
+      .replacement<BackgroundColor, customBackgroundColor>()
+      .classMethod<"addSwizzleMethod", addSwizzleMethod<BackgroundColor>>();
+}
+
+void attachMixerLegendViewControllerThemeSupport() {
+  CategoryDefinition("MixerLegendViewController")
+      .replacement<AddElements, customAddElements>()
+      .classMethod<"addSwizzleMethod", addSwizzleMethod<AddElements>>();
+}
+
+}  // namespace velura

@@ -1,0 +1,52 @@
+// The symbols of the action bar's buttons.
+
+#include <utility>
+
+#include "cocoa/Override.h"
+#include "plugin/loader/Attach.h"
+#include "plugin/theme/SelectedTheme.h"
+#include "plugin/theme/ThemeUtility.h"
+#include "plugin/views/ToolbarButton.h"
+
+namespace velura {
+namespace {
+
+using namespace cocoa;
+
+using SetImage = Override<"NSButton", void(NSImage), "setImage:", "customSetImage:">;
+
+NSImage tinted(NSImage image, ThemeKey key) {
+  if (!image.respondsToSelector(selector<"imageWithColor:">())) return image;
+  return call<"imageWithColor:", NSImage>(image, ThemeUtility::shared().colorForKey(key));
+}
+
+void customSetImage(NSButton button, NSImage image) {
+  if (!isToolbarButton(button)) return SetImage::callHost(button, image);
+  const bool isSwitch = call<"showsStateBy", NSUInteger>(button.cell()) != 0;
+  if (!isSwitch) {
+    return SetImage::callHost(button, tinted(image, ThemeKey::kOneClickToolbarIconsSymbolsColor));
+  }
+  NSImage shown = tinted(image, ThemeKey::kOnOffToolbarIconsOffSymbolsColor);
+  NSImage other = tinted(image, ThemeKey::kOnOffToolbarIconsOnSymbolsColor);
+  if (button.state() == NSControlStateValueOn) std::swap(shown, other);
+  SetImage::callHost(button, shown);
+  call<"setAlternateImage:">(button, other);
+}
+
+void addSwizzleMethod(Class /*self*/) {
+  static const bool installed = [] {
+    if (VLRIsCustomThemeSelected()) SetImage::install();
+    return true;
+  }();
+  static_cast<void>(installed);
+}
+
+}  // namespace
+
+void attachNSButtonThemeSupport() {
+  CategoryDefinition("NSButton")
+      .replacement<SetImage, customSetImage>()
+      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+}
+
+}  // namespace velura

@@ -1,0 +1,57 @@
+// The note pad.
+
+#include "cocoa/AppKit.h"
+#include "cocoa/Override.h"
+#include "plugin/loader/Attach.h"
+#include "plugin/views/LayerColour.h"
+
+namespace velura {
+namespace {
+
+using namespace cocoa;
+
+using NotePadBackground = Override<"NotePadBackgroundView", NSColor(), "backgroundColor", "notePadViewBackgroundColor">;
+using NotesListDrawRect = Override<"CLgDocwNotesListView", void(CGRect), "drawRect:", "clgDocwNotesListViewDrawRect:">;
+
+NSColor notePadViewBackgroundColor(NSView view) {
+  const NSColor themed = ThemeUtility::shared().colorForKey(ThemeKey::kListAreaNotePadBG);
+  if (!themed) return NotePadBackground::callHost(view);
+  if (view.wantsLayer()) view.layer().setBackgroundColor(themed.CGColor());
+  return themed;
+}
+
+NSView decorationOf(NSView list) {
+  for (const NSView view : items<NSView>(list.subviews())) {
+    if (view.className().isEqualToString(literal<"NotePadDecorationView">())) return view;
+  }
+  return {};
+}
+
+void notesListDrawRect(NSView list, CGRect dirty) {
+  NotesListDrawRect::callHost(list, dirty);
+  const NSColor colour = ThemeUtility::shared().colorForKey(ThemeKey::kListAreabuttonMatrixBackgroundColor);
+  const NSView decoration = colour ? decorationOf(list) : NSView();
+  if (!decoration) return;
+  colour.setFill();
+  NSRectFill(decoration.convertRectToView(decoration.bounds(), list));
+}
+
+void addSwizzleMethod(Class /*self*/) {
+  static const bool installed = [] {
+    NotePadBackground::install();
+    NotesListDrawRect::install();
+    return true;
+  }();
+  static_cast<void>(installed);
+}
+
+}  // namespace
+
+void attachNSViewThemeSupport() {
+  CategoryDefinition("NSView")
+      .replacement<NotePadBackground, notePadViewBackgroundColor>()
+      .replacement<NotesListDrawRect, notesListDrawRect>()
+      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+}
+
+}  // namespace velura

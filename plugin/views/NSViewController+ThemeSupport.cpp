@@ -1,0 +1,178 @@
+// View controllers of the host: the library's title and menu, and the items of the mixer's legend.
+
+#include <array>
+#include <string>
+
+#include "cocoa/AppKit.h"
+#include "cocoa/Override.h"
+#include "plugin/hostapi/Identifiers.h"
+#include "plugin/imaging/MyNSBitmapImageRep.h"
+#include "plugin/imaging/RectToSourceColorData.h"
+#include "plugin/imaging/Utility+Recolouring.h"
+#include "plugin/loader/Attach.h"
+#include "plugin/loader/HostVersion.h"
+#include "plugin/mixer/ColouredText.h"
+#include "plugin/theme/StringBytes.h"
+#include "plugin/theme/ThemeUtility.h"
+#include "plugin/views/LibraryColours.h"
+
+namespace velura {
+namespace {
+
+using namespace cocoa;
+
+using UpdateLibrary = Override<"CLgLibraryViewController", void(NSObject),
+                               "_updateUIWithAvailableDataSource:", "customeUpdateUIWithAvailableDataSource:">;
+using LegendItem = Override<"CLgRupertContentsViewController", NSObject(NSString),
+                            "legendItemForIdentifier:", "customLegendItemForIdentifier:">;
+
+// ---- The library --------------------------------------------------------------------------------------
+
+void customUpdateLibrary(NSObject controller, NSObject dataSource) {
+  UpdateLibrary::callHost(controller, dataSource);
+  const NSColor title = ThemeUtility::shared().colorForKey(ThemeKey::kLibraryHeaderTextColor);
+  if (title && controller.respondsToSelector(selector<"headerTitle">())) {
+    call<"headerTitle", NSTextField>(controller).setTextColor(title);
+  }
+  if (controller.respondsToSelector(selector<"soundPacksFilterPopUpButton">())) {
+    colourLibraryMenu(call<"soundPacksFilterPopUpButton", NSObject>(controller));
+  }
+}
+
+// ---- The scale of the mixer's legend ------------------------------------------------------------------
+
+/// Pictures of the scale that a theme may bring along, by the size of the host's.
+struct ReadyMadeScale {
+  std::string_view size;
+  NSString (*image)();
+};
+constexpr ReadyMadeScale kReadyMadeScales[] = {{"{134, 598}", literal<"LongFaderScale">},
+                                               {"{134, 398}", literal<"FaderScale">}};
+
+/// From the size of the host's picture to the one that is shown. One a size; sizes are the host's.
+NSMutableDictionary scaleCache() {
+  static const NSMutableDictionary cache = make<NSMutableDictionary>().detach();
+  return cache;
+}
+
+struct ScaleColours {
+  NSColor tick;
+  NSColor number;
+  NSColor zero;
+  [[nodiscard]] bool any() const { return tick || number || zero; }
+};
+
+ScaleColours scaleColours() {
+  const ThemeUtility& theme = ThemeUtility::shared();
+  return {theme.colorForKey(ThemeKey::kScaleTickMarkColor), theme.colorForKey(ThemeKey::kScaleNumberColor),
+          theme.colorForKey(ThemeKey::kScale0DBTickMarkColor)};
+}
+
+NSImage readyMadeScale(NSString size) {
+  for (const ReadyMadeScale& scale : kReadyMadeScales) {
+    if (utf8Bytes(size) != scale.size) continue;
+    const NSBundle companion = NSBundle::bundleWithIdentifier(literal<kCompanionIdentifier>());
+    return call<"imageForResource:", NSImage>(companion, scale.image());
+  }
+  return {};
+}
+
+bool hasLongFaders(NSObject controller) {
+  if (!controller.respondsToSelector(selector<"delegate">())) return false;
+  const auto delegate = call<"delegate", NSObject>(controller);
+  return delegate.respondsToSelector(selector<"longFaders">()) && asks<"longFaders">(delegate.object);
+}
+
+/// Numbers stand left of the ticks; the mark of 0 dB lies in a band of its own in both parts.
+NSArray scaleRules(NSBitmapImageRep bitmap, const ScaleColours& colours, bool longFaders) {
+  constexpr double kTickWidth = 23;  // points
+  constexpr double kBandHeight = 32;
+  constexpr double kBandOfLongFaders = 323;
+  constexpr double kBandOfShortFaders = 220;
+  const auto width = static_cast<double>(bitmap.pixelsWide());
+  const auto height = static_cast<double>(bitmap.pixelsHigh());
+  const double points = bitmap.size().width;
+  const double ticks = width - kTickWidth * (points > 0 ? width / points : 1);
+  const double band = longFaders ? kBandOfLongFaders : kBandOfShortFaders;
+  struct Rule {
+    CGRect rect;
+    double alpha;
+    NSColor suggested;
+  };
+  const Rule rules[] = {{CGRectMake(0, band, ticks, kBandHeight), 1, colours.zero},
+                        {CGRectMake(0, 0, ticks, height), 0.4, colours.number},
+                        {CGRectMake(ticks, band, width - ticks, kBandHeight), 1, colours.zero},
+                        {CGRectMake(ticks, 0, width - ticks, height), 0.4, colours.tick}};
+  const NSMutableArray list = NSMutableArray::array();
+  for (const Rule& rule : rules) {
+    const NSColor white = NSColor::colorWithDeviceRed(1, 1, 1, rule.alpha);
+    list.addObject(RectToSourceColorData::make(rule.rect, white, rule.suggested, rule.alpha, false));
+  }
+  return list;
+}
+
+/// The host's picture in the theme's colours; nil when it cannot be read.
+Ref<NSImage> recolouredScale(NSImage image, const ScaleColours& colours, bool longFaders) {
+  const NSData tiff = image.TIFFRepresentation();
+  if (!tiff) return {};
+  const auto bitmap =
+      call<"imageRepWithData:", NSBitmapImageRep>(asObject(DefinedClass<MyNSBitmapImageRep>::cls), tiff);
+  if (!bitmap) return {};
+  applyTransformationToBitmap(bitmap, scaleRules(bitmap, colours, longFaders));
+  const NSSize size{static_cast<double>(bitmap.pixelsWide()), static_cast<double>(bitmap.pixelsHigh())};
+  Ref<NSImage> recoloured = NSImage::withSize(size);
+  recoloured->addRepresentation(bitmap);
+  return recoloured;
+}
+
+void themeScale(NSObject controller, NSObject item) {
+  const ScaleColours colours = scaleColours();
+  if (!item || !colours.any()) return;
+  const auto image = call<"image", NSImage>(item);
+  const NSString key(NSStringFromSize(image.size()));
+  if (const NSObject known = scaleCache().objectForKey(key)) return call<"setImage:">(item, known);
+  Ref<NSImage> themed = readyMadeScale(key);
+  if (!themed) themed = recolouredScale(image, colours, hasLongFaders(controller));
+  if (!themed) return;
+  scaleCache().setObject(themed.get(), key);
+  call<"setImage:">(item, themed.get());
+}
+
+void themeLabel(NSObject item) {
+  const NSColor colour = ThemeUtility::shared().colorForKey(ThemeKey::kComponentsLabelColor);
+  if (!colour || !item.respondsToSelector(selector<"attributedStringValue">())) return;
+  const auto text = as<NSAttributedString>(call<"attributedStringValue", NSObject>(item));
+  if (text.length() > 0) call<"setAttributedStringValue:">(item, inColour(text, colour));
+}
+
+NSObject customLegendItem(NSObject controller, NSString identifier) {
+  constexpr std::string_view kLegend = "MAMixerLegend";
+  const NSObject item = LegendItem::callHost(controller, identifier);
+  const BriefUTF8 name(identifier);
+  if (name.view() == "MAMixerLegendVolumeScaleItem") {
+    themeScale(controller, item);
+  } else if (item && name.view().starts_with(kLegend)) {
+    themeLabel(item);
+  }
+  return item;
+}
+
+void addSwizzleMethod(Class /*self*/) {
+  static const bool installed = [] {
+    if (isHostEqualOrNewerThan("11.2")) LegendItem::install();
+    UpdateLibrary::install();
+    return true;
+  }();
+  static_cast<void>(installed);
+}
+
+}  // namespace
+
+void attachNSViewControllerThemeSupport() {
+  CategoryDefinition("NSViewController")
+      .replacement<UpdateLibrary, customUpdateLibrary>()
+      .replacement<LegendItem, customLegendItem>()
+      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+}
+
+}  // namespace velura
