@@ -19,28 +19,27 @@ struct MALevelNodeBackgroundTextureCache : ObjectState {};
 constexpr double kHoldHeight = 1;
 constexpr double kHoldAbove = 0.04;  // the highest level was a little above the one shown
 
-/// The image of a type, size and scale, made when it is first asked for.
+/// The picture of a type, size and scale, made when it is first asked for.
 template <class Make>
-NSImage cachedTexture(const char* kind, NSInteger type, CGSize size, double scale, Make&& make) {
+CGImageRef cachedTexture(const char* kind, NSInteger type, CGSize size, double scale, Make&& make) {
   constexpr NSUInteger kMost = 64;
   static const NSMutableDictionary images = cocoa::make<NSMutableDictionary>().detach();
   char text[96];
   std::snprintf(text, sizeof text, "%s|%ld|%gx%g|%g", kind, static_cast<long>(type), size.width, size.height, scale);
   const NSString key = string(text);
-  if (const NSObject known = images.objectForKey(key)) return cast<NSImage>(known);
+  if (const NSObject known = images.objectForKey(key)) return bridged<CGImageRef>(known);
   if (images.count() >= kMost) images.removeAllObjects();
-  const Ref<NSImage> image = NSImage::withSize(size);
-  image->addRepresentation(drawnBitmap(size, scale, make));
-  images.setObject(image.get(), key);
-  return autoreleased(image);
+  const CGImageRef image = drawnBitmap(size, scale, make)->CGImage();
+  images.setObject(bridged(image), key);
+  return image;
 }
 
 CGSize pixelSize(CGSize size, double scale) { return {std::ceil(size.width * scale), std::ceil(size.height * scale)}; }
 
-/// Along the longer side of the bar. nil for a type that the mixer does not have.
-NSImage textureNamed(Class /*self*/, NSInteger type, CGSize size, double scale) {
+/// Along the longer side of the bar. Null for a type that the mixer does not have.
+CGImageRef textureNamed(Class /*self*/, NSInteger type, CGSize size, double scale) {
   const NSGradient gradient = levelGradient(type);
-  if (!gradient) return {};
+  if (!gradient) return nullptr;
   return cachedTexture("level", type, size, scale, [&](CGContextRef) {
     const CGSize pixels = pixelSize(size, scale);
     const bool lies = pixels.width > pixels.height;
@@ -50,7 +49,7 @@ NSImage textureNamed(Class /*self*/, NSInteger type, CGSize size, double scale) 
 }
 
 /// All types lie on the same ground.
-NSImage backgroundTextureNamed(Class /*self*/, NSInteger /*type*/, CGSize size, double scale) {
+CGImageRef backgroundTextureNamed(Class /*self*/, NSInteger /*type*/, CGSize size, double scale) {
   constexpr double kRadius = 3;
   return cachedTexture("background", 0, size, scale, [&](CGContextRef) {
     look(Look::kMeterBackground).setFill();
@@ -59,21 +58,21 @@ NSImage backgroundTextureNamed(Class /*self*/, NSInteger /*type*/, CGSize size, 
 }
 
 /// Shows of a texture as large as `bar` the part between two heights.
-void drawPart(const Painter& painter, NSImage texture, CGRect bar, double from, double to) {
-  if (!texture || to <= from) return;
+void drawPart(const Painter& painter, CGImageRef texture, CGRect bar, double from, double to) {
+  if (texture == nullptr || to <= from) return;
   CGContextSaveGState(painter.context());
   CGContextClipToRect(painter.context(), CGRectMake(bar.minX(), bar.minY() + from, bar.size.width, to - from));
-  painter.image(texture, bar);
+  CGContextDrawImage(painter.context(), bar, texture);
   CGContextRestoreGState(painter.context());
 }
 
 void drawBar(const Painter& painter, CGRect bar, const MALevelDisplay& display, double hold, double scale) {
-  const auto ground = call<"backgroundTextureNamed:withSize:constentScale:", NSImage>(
+  const auto ground = call<"backgroundTextureNamed:withSize:constentScale:", CGImageRef>(
       classNamed("MALevelNodeBackgroundTextureCache"), display.mixerLevelType, bar.size, scale);
-  if (ground) painter.image(ground, bar);
+  if (ground != nullptr) CGContextDrawImage(painter.context(), bar, ground);
   const CGRect inner = bar.insetBy(1, 1);
-  const auto texture = call<"textureNamed:withSize:constentScale:", NSImage>(classNamed("MALevelNodeTextureCache"),
-                                                                             display.mixerLevelType, inner.size, scale);
+  const auto texture = call<"textureNamed:withSize:constentScale:", CGImageRef>(
+      classNamed("MALevelNodeTextureCache"), display.mixerLevelType, inner.size, scale);
   const double height = inner.size.height;
   drawPart(painter, texture, inner, 0, std::round(height * display.level));
   const double top = std::round((height - kHoldHeight) * hold) + kHoldHeight;
