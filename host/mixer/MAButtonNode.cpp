@@ -10,8 +10,8 @@ namespace {
 using namespace cocoa;
 
 constexpr double kRadius = 4;
-constexpr double kSymbolSegment = 12;
-constexpr double kArrowSegment = 10;
+constexpr double kSymbolSegment = 11;
+constexpr double kArrowSegment = 8;
 constexpr double kSymbolSize = 8;
 constexpr NSInteger kLeftSymbol = 2;
 
@@ -141,7 +141,7 @@ NSObject MAButtonNode::attributedTitleForState(NSInteger /*state*/) {
   const bool insert = path.starts_with(kInserts);
   const NSColor colour = insert ? ownColour() : call<"foregroundColor", NSColor>(self);
   const bool narrow = call<"numberOfSegments", NSInteger>(self) > 1;
-  const TextStyle style{.size = narrow ? 9.0 : 9.5, .weight = path == kEmpty ? 0 : NSFontWeightMedium};
+  const TextStyle style{.size = narrow ? 8.75 : 9.5, .weight = path == kEmpty ? 0 : NSFontWeightMedium};
   return autoreleased(
       NSAttributedString::withString(node.title ? node.title.get() : literal<"">(), lineAttributes(colour, style)));
 }
@@ -176,7 +176,7 @@ void MAButtonNode::drawRect(CGRect rect, CGContextRef context) {
     const auto symbol = call<"imageForState:", NSImage>(self, kLeftSymbol);
     const CGSize size = symbol.size();
     if (symbol) {
-      painter.image(symbol, CGRectMake(rect.minX() + 2.5 + (kSymbolSize - size.width) / 2,
+      painter.image(symbol, CGRectMake(rect.minX() + 2 + (kSymbolSize - size.width) / 2,
                                        rect.midY() - size.height / 2, size.width, size.height));
     }
     drawSeparator(painter, rect, rect.minX() + kSymbolSegment);

@@ -93,9 +93,13 @@ void MAStereoPannerNode::setFrame(CGRect frame) {
 }
 
 void MAStereoPannerNode::setPanning(double newValue, const Panning& panning) {
-  value = std::clamp(newValue, 0.0, 1.0);
   spread = panning.spread;
   inverseSpread = panning.inverseSpread;
+  setValue(newValue);
+}
+
+void MAStereoPannerNode::setValue(double newValue) {
+  value = std::clamp(newValue, 0.0, 1.0);
   knob::turnCap(self, value);
 }
 
@@ -190,6 +194,7 @@ void defineMAPannerNodes() {
   ClassDefinition<MAStereoPannerNode>("MAStereoPannerNode", "MANode")
       .method<"init", &MAStereoPannerNode::init>()
       .method<"setFrame:", &MAStereoPannerNode::setFrame>()
+      .method<"setValue:", &MAStereoPannerNode::setValue>()
       .getter<"inverseSpread", &MAStereoPannerNode::inverseSpread>()
       .method<"drawRect:inContext:", &MAStereoPannerNode::drawRect>()
       .registered();

@@ -15,6 +15,7 @@ struct MAStereoPannerNode : cocoa::ObjectState {
   id init();
   void setFrame(CGRect frame);
   void setPanning(double newValue, const Panning& panning);
+  void setValue(double newValue);
   void drawRect(CGRect rect, CGContextRef context);
 };
 

@@ -5,6 +5,8 @@
 
 #include "host/app/KitWindow.h"
 #include "host/app/Views.h"
+#include "host/mixer/MAFaderNode.h"
+#include "host/mixer/MALevelNode.h"
 #include "host/mixer/MANode.h"
 #include "host/mixer/MixerData.h"
 #include "host/mixer/Painter.h"
@@ -118,6 +120,65 @@ void MixerWindow::buildViews(const Song& song, double scale) {
 NSArray MixerWindow::strips() const { return call<"childrenArray", NSArray>(root_.get()); }
 
 void MixerWindow::updatePresentation() const { call<"updatePresentation">(contents_.get()); }
+
+NSObject MixerWindow::section(std::size_t strip, const char* name, std::size_t index) const {
+  if (strip >= strips().count()) return {};
+  const MANode& node = stateOf<MANode>(strips().objectAtIndex(strip));
+  const NSString wanted = string(name);
+  for (const NSObject child : items(node.childrenArray)) {
+    if (stateOf<MANode>(child).name->isEqualToString(wanted) && index-- == 0) return child;
+  }
+  return {};
+}
+
+void MixerWindow::setLevels(std::size_t strip, const std::array<double, 2>& levels) const {
+  if (MALevelNode* meter = stateIfKind<MALevelNode>(section(strip, "level"))) meter->setLevels(levels);
+}
+
+void MixerWindow::setPeak(std::size_t strip, double level) const {
+  const NSObject display = section(strip, "peak");
+  call<"setTitle:">(display, string(decibels(level)));
+  call<"setTextColor:">(display, peakColour(level));
+}
+
+void MixerWindow::setVolume(std::size_t strip, double level) const {
+  call<"setValue:">(section(strip, "volumeFader"), faderPosition(level));
+  const NSObject display = section(strip, "volume");
+  call<"setTitle:">(display, string(decibels(level)));
+  call<"setTextColor:">(display, look(Look::kDisplayText));
+}
+
+void MixerWindow::setPan(std::size_t strip, double pan) const {
+  const NSObject panner = section(strip, "pan");
+  call<"setValue:">(panner, (pan + 64) / 127);
+  if (!panner) return;
+  const auto readout = call<"childNodeWithName:", NSObject>(panner, literal<"panner readout">());
+  call<"setTitle:">(readout, string(signedNumber(pan)));
+}
+
+void MixerWindow::setSelected(std::size_t strip, bool selected) const {
+  if (strip < strips().count()) call<"setHighlightState:">(strips().objectAtIndex(strip), NSInteger(selected ? 1 : 0));
+}
+
+void MixerWindow::setButton(std::size_t strip, const char* name, NSInteger state) const {
+  call<"setState:">(section(strip, name), state);
+}
+
+void MixerWindow::setPlugIn(std::size_t strip, std::size_t slot, const PlugInSlot& plugIn) const {
+  const NSObject button = section(strip, "audioPlugIn", slot);
+  if (!button) return;
+  // The kind comes before what it stands for, as when the slot was built.
+  call<"setRepresentedObject:">(button, NSObject());
+  call<"setAssetSetPath:">(button, literal<"Buttons.AudioPlugIn">());
+  showPlugIn(button, plugIn);
+}
+
+void MixerWindow::setSend(std::size_t strip, std::size_t slot, double level, bool bypassed) const {
+  call<"setState:">(section(strip, "sendButton", slot), NSInteger(bypassed ? 0 : 1));
+  const NSObject knob = section(strip, "sendKnob", slot);
+  call<"setValue:">(knob, level);
+  call<"setBypassed:">(knob, BOOL(bypassed));
+}
 
 void defineMixerWindow() {
   ClassDefinition<CLgRupertContentsViewController>("CLgRupertContentsViewController", "NSViewController")

@@ -24,12 +24,12 @@ cocoa::Ref<NSBitmapImageRep> drawnBitmap(CGSize size, double scale, Draw&& draw)
   auto bitmap = NSBitmapImageRep::withBitmapDataPlanes(nullptr, pixels(size.width), pixels(size.height), 8, 4, true,
                                                        false, NSDeviceRGBColorSpace, 0, 0);
   if (!bitmap) return bitmap;
-  bitmap->setSize(size);
   NSGraphicsContext::saveGraphicsState();
   const NSGraphicsContext context = NSGraphicsContext::graphicsContextWithBitmapImageRep(bitmap);
   NSGraphicsContext::setCurrentContext(context);
   draw(context.CGContext());
   NSGraphicsContext::restoreGraphicsState();
+  bitmap->setSize(size);  // not before: the context would draw in points
   return bitmap;
 }
 

@@ -189,14 +189,10 @@ class StripBuilder {
     stateOf<MAButtonNode>(button).applyForeground();
     return button;
   }
-  /// What a plug-in slot represents is known later than its kind.
   void addPlugIn(const char* name, CGRect frame, const PlugInSlot& slot, const char* path) {
-    const NSObject button = addButton(name, frame, slot.name, path, !slot.bypassed);
-    MAButtonNode& state = stateOf<MAButtonNode>(button);
-    state.isPlugIn = true;
-    state.mode = slot.lowLatency ? ButtonMode::kLowLatency : slot.dimmed ? ButtonMode::kDimmed : ButtonMode::kNormal;
-    if (slot.codes) call<"setRepresentedObject:">(button, representedPlugIn(*slot.codes).get());
-    state.applyForeground();
+    const NSObject button = addButton(name, frame, slot.name, path);
+    stateOf<MAButtonNode>(button).isPlugIn = true;
+    showPlugIn(button, slot);
   }
   NSObject addKnob(const char* name, CGRect frame, double value, Look fill, double neutral = 0) {
     const NSObject made = add("MAKnobNode", name, frame);
@@ -300,9 +296,7 @@ class StripBuilder {
     constexpr double kRange = kHighestInputGain - kLowestInputGain;
     const NSObject knob = addKnob("inputGainKnob", frame, (gain - kLowestInputGain) / kRange, Look::kInputGainArc,
                                   -kLowestInputGain / kRange);
-    char text[16];
-    std::snprintf(text, sizeof text, "%+.0f", gain);
-    addReadout(knob, "knob readout", CGRectMake(-12, frame.size.height, 32, 10), text);
+    addReadout(knob, "knob readout", CGRectMake(-12, frame.size.height, 32, 10), signedNumber(gain));
   }
 
   void addSlots() {
@@ -380,9 +374,7 @@ class StripBuilder {
   }
   void addPanReadout(NSObject pan) const {
     if (track_.pan == 0) return;
-    char text[16];
-    std::snprintf(text, sizeof text, "%+.0f", track_.pan);
-    addReadout(pan, "panner readout", CGRectMake(34, 0, 22, 10), text);
+    addReadout(pan, "panner readout", CGRectMake(34, 0, 22, 10), signedNumber(track_.pan));
   }
   /// Two controllers that a strip of an external instrument is assigned.
   void addAssignKnobs() {
@@ -494,6 +486,22 @@ std::string decibels(double value) {
   char text[32];
   std::snprintf(text, sizeof text, std::abs(value) < 10 ? "%.1f" : "%.0f", value);
   return text;
+}
+
+std::string signedNumber(double value) {
+  char text[16];
+  std::snprintf(text, sizeof text, "%+.0f", value);
+  return text;
+}
+
+/// What a slot represents is known later than its kind.
+void showPlugIn(NSObject button, const PlugInSlot& slot) {
+  MAButtonNode& state = stateOf<MAButtonNode>(button);
+  call<"setTitle:">(button, string(slot.name));
+  call<"setRepresentedObject:">(button, slot.codes ? representedPlugIn(*slot.codes).get() : NSObject());
+  call<"setState:">(button, NSInteger(slot.bypassed ? 0 : 1));
+  state.setMode(slot.lowLatency ? ButtonMode::kLowLatency : slot.dimmed ? ButtonMode::kDimmed : ButtonMode::kNormal);
+  state.applyForeground();
 }
 
 NSColor peakColour(double decibels) {

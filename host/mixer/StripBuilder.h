@@ -16,6 +16,12 @@ double stripHeight(const Song& song);
 /// The strip of a track, with all of its sections. `number` counts from 1.
 cocoa::Ref<NSObject> buildStrip(const Song& song, const Track& track, std::size_t number);
 
+/// Shows a plug-in in a slot's button: its title, whether it is on, what it stands for.
+void showPlugIn(NSObject button, const PlugInSlot& slot);
+
+/// A number with its sign.
+std::string signedNumber(double value);
+
 /// How a level in dB is written, and the colour of a peak of that level.
 std::string decibels(double value);
 NSColor peakColour(double decibels);
