@@ -1,10 +1,13 @@
 #include "cli/Session.h"
 
+#include <cmath>
 #include <filesystem>
 
 #include "cli/PrivateFolders.h"
 #include "cocoa/Call.h"
+#include "cocoa/CoreGraphics.h"
 #include "plugin/hostapi/Identifiers.h"
+#include "standin/RunLoop.h"
 
 namespace session {
 namespace {
@@ -47,6 +50,24 @@ void openCompanionBundle(const std::string& themeFolder) {
   if (fs::is_directory(path)) NSBundle::bundleWithPath(string(path.string()));
 }
 
+std::string pngOf(NSBitmapImageRep bitmap) {
+  const NSData data = bitmap.representationUsingType(NSBitmapImageFileTypePNG, NSDictionary::dictionary());
+  return data ? std::string(static_cast<const char*>(data.bytes()), data.length()) : std::string();
+}
+
+/// Draws a part of a view into a bitmap of its size.
+Ref<NSBitmapImageRep> drawnPart(NSView view, CGRect part, double scale) {
+  const auto pixels = [&](double points) { return static_cast<NSInteger>(std::ceil(points * scale)); };
+  Ref<NSBitmapImageRep> bitmap = NSBitmapImageRep::withBitmapDataPlanes(
+      nullptr, pixels(part.size.width), pixels(part.size.height), 8, 4, true, false, NSDeviceRGBColorSpace, 0, 32);
+  if (!bitmap) return bitmap;
+  bitmap->setSize(part.size);
+  const NSGraphicsContext context = NSGraphicsContext::graphicsContextWithBitmapImageRep(bitmap);
+  CGContextTranslateCTM(context.CGContext(), -part.minX(), -part.minY());
+  view.displayRectIgnoringOpacity(part, context);
+  return bitmap;
+}
+
 }  // namespace
 
 std::string SessionOptions::defaultBundlePath() {
@@ -82,14 +103,35 @@ std::unique_ptr<host::Application> startSession(const SessionOptions& options, h
 std::string drawnAsPng(host::Application& application, host::WindowKind window) {
   const AutoreleasePool pool;
   application.runFrame();
-  const Ref<NSBitmapImageRep> bitmap = application.draw(window);
-  const NSData data = bitmap->representationUsingType(NSBitmapImageFileTypePNG, NSDictionary::dictionary());
-  return data ? std::string(static_cast<const char*>(data.bytes()), data.length()) : std::string();
+  return pngOf(application.draw(window));
 }
 
 std::string windowAsPng(host::Application& application, host::WindowKind window) {
   application.settle(window);
   return drawnAsPng(application, window);
+}
+
+std::string stripAsPng(host::Application& application, long number, double scale, std::string& error) {
+  const AutoreleasePool pool;
+  host::MixerWindow& mixer = application.mixer();
+  const auto count = static_cast<long>(mixer.strips().count());
+  if (number < 1 || number > count) {
+    error = "there is no strip " + std::to_string(number) + ": the song's strips are 1 to " + std::to_string(count);
+    return {};
+  }
+  do {
+    application.runFrame();
+  } while (standin::runMainQueue() > 0);
+  const auto strip = mixer.strips().objectAtIndex(static_cast<NSUInteger>(number - 1));
+  const auto origin = call<"frame", CGRect>(mixer.rootNode()).origin;
+  const NSView contents(mixer.contentsView().object);
+  const NSView frame = mixer.window().contentView().superview();
+  const CGRect inContents = call<"frame", CGRect>(strip).offsetBy(origin.x, origin.y);
+  if (inContents.maxX() > contents.bounds().maxX()) {
+    error = "strip " + std::to_string(number) + " lies beyond the edge of the window";
+    return {};
+  }
+  return pngOf(drawnPart(frame, contents.convertRectToView(inContents, frame), scale));
 }
 
 }  // namespace session

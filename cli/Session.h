@@ -46,4 +46,9 @@ std::string drawnAsPng(host::Application& application, host::WindowKind window);
 /// The same once nothing is due any more.
 std::string windowAsPng(host::Application& application, host::WindowKind window);
 
+/// Draws the part of the mixer window that one strip takes: PNG bytes. Nothing else is drawn, so that a large
+/// scale costs no more than the strip. "", with `error` set, when there is no such strip to be seen.
+/// `number` counts from 1.
+std::string stripAsPng(host::Application& application, long number, double scale, std::string& error);
+
 }  // namespace session

@@ -36,6 +36,7 @@ struct HostArguments {
   std::optional<double> scroll;
   std::optional<long> tracksBackground;
   std::string mouse = "up";
+  std::optional<long> zoomStrip;
 };
 
 struct GridArguments {
@@ -53,10 +54,16 @@ int fail(const std::string& message) {
   return kFailed;
 }
 
+/// A single strip is looked at closely.
+double pixelsPerPoint(const HostArguments& arguments) {
+  constexpr int kZoom = 4;
+  return static_cast<double>(arguments.zoomStrip ? arguments.scale * kZoom : arguments.scale);
+}
+
 session::SessionOptions sessionOptions(const HostArguments& arguments) {
   session::SessionOptions options;
   options.host.version = arguments.hostVersion;
-  options.host.scale = static_cast<double>(arguments.scale);
+  options.host.scale = pixelsPerPoint(arguments);
   options.gridSettings = arguments.grid;
   options.themeState = arguments.state;
   options.tracksBackground = arguments.tracksBackground;
@@ -104,18 +111,33 @@ std::unique_ptr<host::Application> startHost(const HostArguments& arguments, std
   return session::startSession(options, std::move(*song), error);
 }
 
+/// The picture that `render` writes; "", with `error` set, when it cannot be drawn.
+std::string picture(host::Application& application, const HostArguments& arguments, std::string& error) {
+  if (arguments.zoomStrip) {
+    return session::stripAsPng(application, *arguments.zoomStrip, pixelsPerPoint(arguments), error);
+  }
+  const host::WindowKind window = kWindows.at(arguments.window);
+  std::string png = session::windowAsPng(application, window);
+  if (arguments.mouse == "down") {
+    standin::setPressedMouseButtons(1);
+    png = session::drawnAsPng(application, window);
+  }
+  if (png.empty()) error = arguments.out + ": the window cannot be drawn at this size";
+  return png;
+}
+
 int render(const HostArguments& arguments) {
+  if (arguments.zoomStrip && arguments.window != "mixer") {
+    std::fprintf(stderr, "velura: --zoom-strip shows a strip of the mixer: --window %s has none\n",
+                 arguments.window.c_str());
+    return kWrongUsage;
+  }
   std::string error;
   if (!isReadableList(arguments.grid, error) || !isReadableList(arguments.state, error)) return fail(error);
   const auto application = startHost(arguments, error);
   if (!application) return fail(error);
-  const host::WindowKind window = kWindows.at(arguments.window);
-  std::string png = session::windowAsPng(*application, window);
-  if (arguments.mouse == "down") {
-    standin::setPressedMouseButtons(1);
-    png = session::drawnAsPng(*application, window);
-  }
-  if (png.empty()) return fail(arguments.out + ": the window cannot be drawn at this size");
+  const std::string png = picture(*application, arguments, error);
+  if (png.empty()) return fail(error);
   errno = 0;
   if (!velura::writeAtomically(arguments.out, png)) {
     return fail(arguments.out + ": cannot be written: " + std::strerror(errno));
@@ -150,6 +172,8 @@ Examples:
       the host's own look, without the plug-in
   velura render --theme themes/ember --song songs/night-drive.json --out ember.png --scale 2
       the mixer as the theme shows it, for a screen of two pixels per point
+  velura render --theme themes/ember --song songs/night-drive.json --zoom-strip 15 --out vocals.png
+      one strip, at four times the scale
   velura render --theme default --song songs/night-drive.json --window step-sequencer --out steps.png
       the plug-in loaded, the selected theme "Default": the host keeps its own look
   velura grid enabled=true colorMode=2 markerBandsEnabled=true
@@ -210,6 +234,8 @@ int main(int argc, char** argv) {
   renderCommand->add_option("--mouse", arguments.mouse, "Whether the primary mouse button is held down")
       ->check(CLI::IsMember(std::vector<std::string>{"down", "up"}))
       ->capture_default_str();
+  renderCommand->add_option("--zoom-strip", arguments.zoomStrip,
+                            "Draw one strip of the mixer only, counted from 1, four times as large");
   CLI::App* watchCommand =
       app.add_subcommand("watch", "Keep the host running and draw the window anew at every change, until interrupted");
   watchCommand->footer(kExamples);
