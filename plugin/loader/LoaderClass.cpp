@@ -4,6 +4,7 @@
 #include "plugin/arrange/VLRGridSettingsReader.h"
 #include "plugin/loader/Categories.h"
 #include "plugin/loader/HostVersion.h"
+#include "plugin/loader/WindowRefresh.h"
 #include "plugin/theme/SelectedTheme.h"
 #include "plugin/theme/ThemeUtility.h"
 
@@ -18,9 +19,18 @@ void install(const ThemedClass& themed) {
 
 struct LoaderClass : ObjectState {
   void initialize() {
-    if (VLRIsCustomThemeSelected()) installOverrides();
+    if (VLRIsCustomThemeSelected()) {
+      installOverrides();
+      call<"refreshWindows">(self);
+    }
     VLRGridSettingsReader::shared().startWatching();
   }
+  void refresh() { refreshWindows(); }
+  NSView findSubview(NSString className, NSView root) { return findSubviewOfClass(className, root); }
+  void resetLibrary(NSView view) { resetLibViewColors(view); }
+  void resetMixer(NSObject node) { resetMixerNode(node); }
+  void resetLiveLoops(NSView view) { resetLiveLoopsView(view); }
+  void resetEvents(NSView view) { resetEventViewColors(view); }
 
  private:
   static void installOverrides() {
@@ -33,7 +43,15 @@ struct LoaderClass : ObjectState {
 }  // namespace
 
 void defineLoaderClass() {
-  ClassDefinition<LoaderClass>("LoaderClass", "NSObject").method<"initialize", &LoaderClass::initialize>().registered();
+  ClassDefinition<LoaderClass>("LoaderClass", "NSObject")
+      .method<"initialize", &LoaderClass::initialize>()
+      .method<"refreshWindows", &LoaderClass::refresh>()
+      .method<"findSubviewOfClass:inView:", &LoaderClass::findSubview>()
+      .method<"resetLibViewColors:", &LoaderClass::resetLibrary>()
+      .method<"resetMixerNode:", &LoaderClass::resetMixer>()
+      .method<"resetLiveLoopsView:", &LoaderClass::resetLiveLoops>()
+      .method<"resetEventViewColors:", &LoaderClass::resetEvents>()
+      .registered();
 }
 
 }  // namespace velura
