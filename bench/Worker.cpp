@@ -7,11 +7,18 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 #include "cli/Session.h"
 #include "cocoa/Memory.h"
 
 namespace bench {
+
+namespace {
+double countedSeconds = 0;
+}  // namespace
+
+void countSeconds(double seconds) { countedSeconds += seconds; }
 
 Worker::Worker(std::string theme, host::Song song, Task prepare, Task task, std::string gridFile) {
   std::array<int, 2> requests{};
@@ -64,7 +71,8 @@ void Worker::serve(int requests, int answers, Host host, const Task& prepare, co
     const cocoa::AutoreleasePool pool;
     const auto start = Clock::now();
     for (unsigned i = 0; i < count; ++i) task(*application);
-    const double seconds = std::chrono::duration<double>(Clock::now() - start).count();
+    double seconds = std::chrono::duration<double>(Clock::now() - start).count();
+    if (countedSeconds > 0) seconds = std::exchange(countedSeconds, 0);
     if (::write(answers, &seconds, sizeof seconds) != sizeof seconds) break;
   }
   ::_exit(0);

@@ -16,6 +16,9 @@ namespace bench {
 /// What a worker does over and over.
 using Task = std::function<void(host::Application&)>;
 
+/// For a task that times itself: what it counts stands in place of the time around it.
+void countSeconds(double seconds);
+
 class Worker {
  public:
   /// Starts the process. `theme` is a theme folder, or "" for the host without the plug-in. `prepare` runs

@@ -12,6 +12,7 @@
 #include <sstream>
 
 #include "bench/ArrangeRows.h"
+#include "bench/ControlRows.h"
 #include "bench/Rows.h"
 #include "bench/Worker.h"
 #include "cli/PrivateFolders.h"
@@ -429,6 +430,7 @@ int main(int argc, char** argv) {
   // Before anything of Foundation runs in this process: workers are forked.
   const Workers workers;
   const bench::ArrangeWorkers arrangeWorkers;
+  const bench::ControlWorkers controlWorkers;
   const AutoreleasePool pool;
   host::HostOptions hostOptions;
   hostOptions.scale = 2;
@@ -443,6 +445,7 @@ int main(int argc, char** argv) {
   bench::addRecolouringRows();
   bench::addRulerRows(application);
   bench::addArrangeRows(arrangeWorkers);
+  bench::addControlRows(controlWorkers);
 
   std::vector<std::string> options{argv[0], "--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=11",
                                    "--benchmark_report_aggregates_only=true"};
