@@ -8,11 +8,18 @@ namespace standin {
 
 namespace {
 
+/// Parts of a button that show its state: its image and title, its shade, its ground.
+constexpr NSUInteger kContents = 1;
+constexpr NSUInteger kGray = 4;
+constexpr NSUInteger kBackground = 8;
+
 /// State of an NSButtonCell.
 struct ButtonCell : ObjectState {
   Ref<NSString> title;
   Ref<NSAttributedString> attributedTitle;
   Ref<NSColor> backgroundColor;
+  Ref<NSImage> alternateImage;
+  NSUInteger showsStateBy = 0;  // which of its parts change while it is on
 
   CellState& cell() { return stateOf<CellState>(self); }
   NSString titleHandle() {
@@ -31,6 +38,10 @@ struct ButtonCell : ObjectState {
   }
   void setStyledTitle(NSAttributedString text) {
     attributedTitle = text;
+    cell().redraw();
+  }
+  void setAlternateImage(NSImage image) {
+    alternateImage = image;
     cell().redraw();
   }
   void drawWithFrame(NSRect frame, NSView view) {
@@ -52,7 +63,8 @@ struct ButtonCell : ObjectState {
     NSBezierPath::bezierPathWithRoundedRect(frame.insetBy(0.5, 0.5), kRadius, kRadius).fill();
   }
   void drawInterior(NSRect frame, NSView view) {
-    if (const NSImage image = NSCell(self).image()) {
+    const bool exchanges = cell().state == NSControlStateValueOn && (showsStateBy & kContents) != 0 && alternateImage;
+    if (const NSImage image = exchanges ? alternateImage.get() : NSCell(self).image()) {
       call<"drawImage:withFrame:inView:">(self, image, frame, view);
     } else if (titleHandle().length() > 0) {
       call<"drawTitle:withFrame:inView:", NSRect>(self, NSButtonCell(self).attributedTitle(), frame, view);
@@ -75,7 +87,12 @@ struct Button : ObjectState {
   NSUInteger type = 0;
 
   NSButton button() { return NSButton(self); }
-  void setType(NSUInteger changed) { type = changed; }
+  void setType(NSUInteger changed) {
+    type = changed;
+    const bool exchanges = type == kToggle || type == kSwitch || type == kRadio;
+    const bool shades = type == kPushOnPushOff || type == kOnOff;
+    call<"setShowsStateBy:">(button().cell(), exchanges ? kContents : shades ? kGray | kBackground : 0);
+  }
   void performClick(NSObject sender) {
     if (!button().isEnabled()) return;
     const bool toggles = type == kPushOnPushOff || type == kToggle || type == kSwitch || type == kOnOff;
@@ -114,6 +131,9 @@ void registerButtons() {
       .method<"attributedTitle", &ButtonCell::styledTitle>()
       .method<"setAttributedTitle:", &ButtonCell::setStyledTitle>()
       .property<"backgroundColor", "setBackgroundColor:", &ButtonCell::backgroundColor>()
+      .property<"showsStateBy", "setShowsStateBy:", &ButtonCell::showsStateBy>()
+      .getter<"alternateImage", &ButtonCell::alternateImage>()
+      .method<"setAlternateImage:", &ButtonCell::setAlternateImage>()
       .method<"drawWithFrame:inView:", &ButtonCell::drawWithFrame>()
       .method<"drawBezelWithFrame:inView:", &ButtonCell::drawBezel>()
       .method<"drawInteriorWithFrame:inView:", &ButtonCell::drawInterior>()
@@ -135,6 +155,8 @@ void registerButtons() {
       .method<"setAttributedTitle:", toCell<"setAttributedTitle:", NSAttributedString>>()
       .method<"image", fromCell<"image", NSImage>>()
       .method<"setImage:", toCell<"setImage:", NSImage>>()
+      .method<"alternateImage", fromCell<"alternateImage", NSImage>>()
+      .method<"setAlternateImage:", toCell<"setAlternateImage:", NSImage>>()
       .method<"state", fromCell<"state", NSInteger>>()
       .method<"setState:", toCell<"setState:", NSInteger>>()
       .method<"isBordered", fromCell<"isBordered", BOOL>>()

@@ -51,6 +51,10 @@ struct ImageObject : ObjectState {
   BOOL isValid() { return static_cast<BOOL>(drawn != nullptr || !reps.empty()); }
   void addRepresentation(NSImageRep rep) {
     if (!rep) return;
+    if (drawn != nullptr && !locked) {  // what was drawn becomes one of several
+      static_cast<void>(representations());
+      drawn = nullptr;
+    }
     if (!(size.width > 0 && size.height > 0)) size = rep.size();
     reps.emplace_back(rep);
   }
