@@ -29,6 +29,31 @@ TEST(Song, ReadsTracksAndKeepsDefaultsForWhatIsMissing) {
   EXPECT_EQ(song->tracks[3].type, StripType::kAudio);
 }
 
+TEST(Song, ReadsTheStatesOfControls) {
+  std::string error;
+  const auto song = parseSong(R"({"tracks": [{"type": "instrument", "input": "Piano", "inputGain": 1e9, "faderMode": 7,
+      "audioPlugIns": [{"type": "aufx", "subType": "dely", "manufacturer": "demo", "dimmed": true}, {}],
+      "sends": [{"mode": "postPan", "onFader": true}], "panMode": "surround", "surroundX": -3, "meter": "linear",
+      "soloBlink": true}, {"instrument": {"name": "Pad", "audio": true}}]})",
+                              error);
+  ASSERT_TRUE(song) << error;
+  const host::Track& track = song->tracks[0];
+  ASSERT_TRUE(track.audioPlugIns[0].codes);
+  EXPECT_EQ(track.audioPlugIns[0].codes->subType, 0x64656C79U);
+  EXPECT_TRUE(track.audioPlugIns[0].dimmed);
+  EXPECT_FALSE(track.audioPlugIns[1].codes);
+  EXPECT_EQ(track.sends[0].mode, host::SendMode::kPostPan);
+  EXPECT_EQ(track.instrument.name, "Piano") << "as songs without an instrument of their own have it";
+  EXPECT_EQ(track.inputGain, host::kHighestInputGain);
+  EXPECT_EQ(track.faderMode, 2);
+  EXPECT_EQ(track.panning.mode, host::PanMode::kSurround);
+  EXPECT_EQ(track.panning.x, -1);
+  EXPECT_FALSE(track.exponentialMeter);
+  EXPECT_TRUE(track.blinking.solo);
+  EXPECT_TRUE(song->tracks[1].instrument.audio);
+  EXPECT_FALSE(song->tracks[1].inputGain);
+}
+
 TEST(Song, ReadsAnArrangementInTheOrderOfTimeAndKeepsItWithinBounds) {
   std::string error;
   const auto song =
@@ -75,6 +100,12 @@ TEST(Song, SaysWhereAndWhyItIsNone) {
        "song.arrange.markers[0].start: expected a number"},
       {R"({"tracks": [], "arrange": {"headers": 1}})", "song.arrange.headers: expected an object"},
       {R"({"tracks": [{"regions": [{"colour": "#12"}]}]})", "song.tracks[0].regions[0].colour: expected a colour"},
+      {R"({"tracks": [{"midiPlugIns": [{"subType": "dely"}]}]})",
+       "song.tracks[0].midiPlugIns[0].type: expected a code of four characters"},
+      {R"({"tracks": [{"audioPlugIns": [{"type": "a\u00e4b", "subType": "", "manufacturer": 3}]}]})",
+       ".type: expected a code of four characters"},
+      {R"({"tracks": [{"panMode": "mono"}]})", "song.tracks[0].panMode: expected one of balance, stereo, surround"},
+      {R"({"tracks": [{"instrument": "Piano"}]})", "song.tracks[0].instrument: expected an object"},
       {R"({"tracks": [{"muted": 1}]})", "song.tracks[0].muted: expected true or false"},
       {R"({"tracks": [{"audioPlugIns": [{},{},{},{},{},{},{},{},{},{},{},{},{},{},{},{}]}]})", "more than 15"},
       {"{\"tracks\": [{\"name\": \"\xff\xfe\"}]}", "invalid string"},

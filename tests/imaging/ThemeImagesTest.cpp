@@ -5,8 +5,8 @@
 
 #include <algorithm>
 
-#include "cocoa/ClassDefinition.h"
-#include "host/mixer/MANode.h"
+#include "host/mixer/MADynamicScaleNode.h"
+#include "host/mixer/MAImageNode.h"
 #include "tests/support/Colours.h"
 #include "tests/support/Theme.h"
 
@@ -276,39 +276,28 @@ TEST_F(ThemeImages, RulesAnswerWhatTheyWereMadeOf) {
 
 // ---- Scales -------------------------------------------------------------------------------------------
 
-/// A scale of a host that draws its pictures anew for every size.
-struct DynamicScale : ObjectState {
-  Ref<NSObject> contents;
-  int updates = 0;
-  NSObject presentation;
-  void update(NSObject given, NSObject /*view*/) {
-    ++updates;
-    presentation = given;
-  }
-};
-
 class ScalePictures : public ThemeImages {
  protected:
   void startScales(const ThemeFile& theme, const char* version = "11.2") {
     const host::HostOptions options{.version = version};
     defineHostClasses(options);
-    ClassDefinition<DynamicScale>("MAGUI.MADynamicScaleNode", "MAImageNode")
-        .property<"contents", "setContents:", &DynamicScale::contents>()
-        .method<"updatePresentationObject:view:", &DynamicScale::update>()
-        .registered();
     start(theme, options);
   }
+  static Ref<NSObject>& contentsOf(NSObject node) { return stateOf<host::MAImageNode>(node).contents; }
   static Ref<NSObject> scale(const char* name, CGImageRef picture, bool highlighted = false) {
-    const Ref<NSObject> node = host::makeNode("MAGUI.MADynamicScaleNode", name, CGRectMake(0, 0, 10, 10));
-    stateOf<DynamicScale>(node).contents = bridged(picture);
+    const Ref<NSObject> node = host::makeNode(host::kDynamicScaleClass, name, CGRectMake(0, 0, 10, 10));
+    call<"setContents:">(node.get(), bridged(picture));
     stateOf<host::MANode>(node.get()).highlightState = highlighted ? 1 : 0;
     return node;
   }
   static NSBitmapImageRep shown(NSObject node) {
-    return autoreleased(NSBitmapImageRep::withCGImage(bridged<CGImageRef>(stateOf<DynamicScale>(node).contents.get())));
+    return autoreleased(NSBitmapImageRep::withCGImage(bridged<CGImageRef>(contentsOf(node).get())));
   }
-  static void update(NSObject node) {
-    call<"updatePresentationObject:view:">(node, NSObject(string("presentation")), NSObject());
+  /// What the node's layer shows after an update.
+  NSObject update(NSObject node) {
+    const CALayer layer = CALayer::layer();
+    call<"updatePresentationObject:view:">(node, layer, application_->mixer().contentsView());
+    return layer.contents();
   }
   /// 100 by 2: white in the first row, white at alpha 0.4 in the second; alpha 0.2 and a near miss at its end.
   static Ref<NSBitmapImageRep> picture() {
@@ -337,15 +326,14 @@ TEST_F(ScalePictures, OfVolumesShowZeroDecibelsApart) {
   startScales(scaleColours());
   const Ref<NSBitmapImageRep> original = picture();
   const Ref<NSObject> node = scale("volumeScale", original->CGImage());
-  update(node);
+  const NSObject presented = update(node);
+  EXPECT_EQ(presented, contentsOf(node).get()) << "the host updates as well";
   const NSBitmapImageRep drawn = shown(node);
   EXPECT_TRUE(near(pixel(drawn, 3, 0), {20, 0, 0, 50}, 2)) << "opaque white" << pixel(drawn, 3, 0);
   EXPECT_EQ(pixel(drawn, 3, 1), (Rgba{10, 0, 0})) << "at the reference alpha";
   EXPECT_TRUE(near(pixel(drawn, 50, 1), {10, 0, 0, 80})) << "0.2 below it" << pixel(drawn, 50, 1);
   EXPECT_EQ(pixel(drawn, 51, 0), (Rgba{254, 255, 255}));
   EXPECT_EQ(pixel(drawn, 52, 0).alpha, 0);
-  EXPECT_EQ(stateOf<DynamicScale>(node).updates, 1) << "the host updates as well";
-  EXPECT_EQ(toStdString(cast<NSString>(stateOf<DynamicScale>(node).presentation)), "presentation");
 }
 
 TEST_F(ScalePictures, OfLevelsShowNumbersLeftOfTicks) {
@@ -367,11 +355,11 @@ TEST_F(ScalePictures, AreMadeOncePerPictureAndChosenByTheHighlight) {
   const Ref<NSObject> second = scale("volumeScale", imageRef);
   update(first);
   update(second);
-  const auto contents = [](NSObject node) { return stateOf<DynamicScale>(node).contents.get(); };
+  const auto contents = [](NSObject node) { return contentsOf(node).get(); };
   EXPECT_NE(contents(first), image.get());
   EXPECT_EQ(contents(first), contents(second));
   const NSObject normal = contents(first);
-  stateOf<DynamicScale>(first).contents = image;
+  contentsOf(first) = image;
   stateOf<host::MANode>(first.get()).highlightState = 2;
   update(first);
   EXPECT_NE(contents(first), normal);
@@ -389,11 +377,10 @@ TEST_F(ScalePictures, StayTheHostsWhereNothingIsThemed) {
   const auto image = Ref<NSObject>(bridged(original->CGImage()));
   const Ref<NSObject> other = scale("panScale", bridged<CGImageRef>(image.get()));
   update(other);
-  EXPECT_EQ(stateOf<DynamicScale>(other).contents.get(), image.get());
+  EXPECT_EQ(contentsOf(other).get(), image.get());
   const Ref<NSObject> empty = scale("volumeScale", nullptr);
   update(empty);
-  EXPECT_FALSE(stateOf<DynamicScale>(empty).contents.get());
-  EXPECT_EQ(stateOf<DynamicScale>(empty).updates, 1);
+  EXPECT_FALSE(contentsOf(empty).get());
   const Ref<NSObject> node = scale("volumeScale", bridged<CGImageRef>(image.get()));
   update(node);
   EXPECT_EQ(pixel(shown(node), 3, 0), (Rgba{255, 255, 255})) << "the missing 0 dB colour shields its pixels";
@@ -404,12 +391,15 @@ TEST_F(ScalePictures, StayTheHostsWhereNothingIsThemed) {
 }
 
 TEST_F(ScalePictures, StayTheHostsInOlderHosts) {
-  startScales(scaleColours(), "11.1.9");
+  defineHostClasses({.version = "11.1.9"});
+  ASSERT_EQ(classNamed(host::kDynamicScaleClass), nullptr);
+  host::defineMADynamicScaleNode();  // a class of that name does not make a host a newer one
+  start(scaleColours(), {.version = "11.1.9"});
   const Ref<NSBitmapImageRep> original = picture();
   const auto image = Ref<NSObject>(bridged(original->CGImage()));
   const Ref<NSObject> node = scale("volumeScale", bridged<CGImageRef>(image.get()));
   update(node);
-  EXPECT_EQ(stateOf<DynamicScale>(node).contents.get(), image.get());
+  EXPECT_EQ(contentsOf(node).get(), image.get());
 }
 
 }  // namespace

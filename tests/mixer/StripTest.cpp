@@ -501,7 +501,7 @@ TEST_F(SwitchFileStrips, DumpsTwelveLayoutsOfStrips) {
   EXPECT_EQ(sections, 12U);
   EXPECT_TRUE(dump.starts_with("==== strip 'strip' frame={{0, 0}, {84, ")) << dump.substr(0, 80);
   EXPECT_NE(dump.find(" parent=MANode ====\nMAStripNode 'strip' frame={{"), std::string::npos);
-  EXPECT_NE(dump.find("\n  MAFaderNode 'volumeFader' frame={{21, 98}, {26, 146}}\n    MAFaderKnobNode 'fader knob'"),
+  EXPECT_NE(dump.find("\n  MAFaderNode 'volumeFader' frame={{20, 98}, {26, 146}}\n    MAImageNode 'fader knob'"),
             std::string::npos);
   EXPECT_EQ(support::fileContents(victim), "untouched") << "a link is replaced, not followed";
 }

@@ -18,6 +18,24 @@ CALayer colored(char name, CGRect frame) {
   return layer;
 }
 
+/// Three by one, a quarter turn about its lower left corner at (2, 1).
+CALayer turned() {
+  const CALayer layer = colored('G', {{0, 0}, {3, 1}});
+  layer.setAnchorPoint({0, 0});
+  layer.setPosition({2, 1});
+  layer.setAffineTransform({0, 1, -1, 0, 0, 0});
+  layer.addSublayer(colored('B', {{0, 0}, {1, 1}}));
+  return layer;
+}
+
+/// The picture of two points by two for two pixels a point.
+NSImageRep denser() {
+  const auto image = support::imageOf({"GGGG", "BBBB", "GGGG", "BBBB"});
+  const auto rep = cast<NSImageRep>(image->representations().objectAtIndex(0));
+  rep.setSize({2, 2});
+  return autoreleased(Ref<NSImageRep>(rep));
+}
+
 struct Composition {
   const char* name;
   void (*arrange)(CALayer root);
@@ -105,6 +123,25 @@ constexpr Composition kCompositions[] = {
        root.setContents(support::imageOf({"G"}));
      },
      "RRRR\nRGGR\nRGGR\nRRRR\n"},
+    {"contents of several densities: the one for the scale, also when it changes",
+     [](CALayer root) {
+       const auto image = support::imageOf({"WW", "WW"});
+       image->addRepresentation(denser());
+       root.setContents(image.get());
+       const Canvas before(4, 4);
+       root.renderInContext(before.context());
+       EXPECT_EQ(before.at(0, 0), 0xFFFFFFFF);
+       root.setContentsScale(2);
+     },
+     "GGGG\nBBBB\nGGGG\nBBBB\n"},
+    {"a turned layer turns about its anchor, with what lies in it", [](CALayer root) { root.addSublayer(turned()); },
+     "RGRR\nRGRR\nRBRR\nRRRR\n"},
+    {"in flipped geometry it turns the other way",
+     [](CALayer root) {
+       root.setGeometryFlipped(true);
+       root.addSublayer(turned());
+     },
+     "RRRR\nRBRR\nRGRR\nRGRR\n"},
     {"a shape layer fills and strokes its path",
      [](CALayer root) {
        const CAShapeLayer shape = CAShapeLayer::layer();

@@ -117,6 +117,9 @@ TEST(Foundation, OpensBundlesInThePlatformsLayout) {
   EXPECT_EQ(toStdString(bundle.pathForResource(string("Some"), string("plist"))),
             (folder / "Contents/Resources/Some.plist").string());
   EXPECT_FALSE(bundle.pathForResource(string("None"), string("plist")));
+  standin::setBundleOfClass(classNamed("CALayer"), bundle);
+  EXPECT_EQ(NSBundle::bundleForClass(classNamed("CALayer")), bundle);
+  EXPECT_NE(NSBundle::bundleForClass(classNamed("NSObject")), bundle);
   fs::remove_all(folder);
 }
 

@@ -73,6 +73,12 @@ TEST(Text, StandsOnItsBaseline) {
   const auto text = NSAttributedString::withString(string("H"), look(20));
   text::drawWithRect(text, {{10, 30}, {0, 0}}, NSStringDrawingUsesBaseline);
   EXPECT_EQ(extentOf(canvas, 100, 60).bottom, 29);
+  const Canvas centred(100, 60);
+  text::drawWithRect(NSAttributedString::withString(string("H"), look(20, NSTextAlignmentCenter)), {{10, 30}, {80, 12}},
+                     NSStringDrawingUsesBaseline);
+  const Extent middle = extentOf(centred, 100, 60);
+  EXPECT_EQ(middle.bottom, 29);
+  EXPECT_NEAR(middle.left + middle.right, 99, 2) << "between the sides of the rectangle";
   const Canvas upper(100, 60);
   text::drawWithRect(text, {{10, 0}, {50, 60}}, NSStringDrawingUsesLineFragmentOrigin);
   EXPECT_LT(extentOf(upper, 100, 60).bottom, 22);
