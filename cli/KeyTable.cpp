@@ -1,5 +1,8 @@
 #include "cli/KeyTable.h"
 
+#include <filesystem>
+
+#include "cli/KeyPictures.h"
 #include "plugin/theme/ThemeKeys.h"
 
 namespace session {
@@ -42,25 +45,35 @@ constexpr KindName kKinds[] = {
     {ThemeKeyKind::kPluginGroups, "dictionary"},
 };
 
-std::string rowText(const ThemeKeyRow& row) {
+/// A cell with a key's picture, empty while there is none; "" without a column for it.
+std::string pictureCell(const ThemeKeyRow& row, const std::filesystem::path& pictures) {
+  if (pictures.empty()) return {};
+  const std::string name = keyPictureName(row.name);
+  if (!exists(pictures / name)) return " |";
+  return " <img src=\"" + (pictures.filename() / name).string() + "\" width=\"120\" alt=\"\"> |";
+}
+
+std::string rowText(const ThemeKeyRow& row, const std::filesystem::path& pictures) {
   const auto* kind = std::ranges::find(kKinds, row.kind, &KindName::kind);
   std::string text = "| `" + std::string(row.name) + "` | " + kind->name + " | " + std::string(row.effect);
   if (row.kept == velura::Kept::kYes) text += " Kept.";
   if (!row.hostVersion.empty()) text += " On host " + std::string(row.hostVersion) + " or newer.";
-  return text + " |\n";
+  return text + " |" + pictureCell(row, pictures) + "\n";
 }
 
 }  // namespace
 
-std::string keyTables() {
+std::string keyTables(const std::string& pictures) {
+  const std::string heading = pictures.empty() ? "| Key | Value | What it changes |\n|---|---|---|\n"
+                                               : "| Key | Value | What it changes | |\n|---|---|---|---|\n";
   std::string text;
   for (const SectionTitle& section : kSections) {
     std::string rows;
     for (const ThemeKeyRow& row : velura::kThemeKeys) {
-      if (row.section == section.section && row.used == velura::Used::kYes) rows += rowText(row);
+      if (row.section == section.section && row.used == velura::Used::kYes) rows += rowText(row, pictures);
     }
     if (rows.empty()) continue;
-    text += "\n### " + std::string(section.title) + "\n\n| Key | Value | What it changes |\n|---|---|---|\n" + rows;
+    text += "\n### " + std::string(section.title) + "\n\n" + heading + rows;
   }
   return text;
 }

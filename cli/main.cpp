@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "cli/GridFile.h"
+#include "cli/KeyPictures.h"
 #include "cli/KeyTable.h"
 #include "cli/PrivateFolders.h"
 #include "cli/Session.h"
@@ -15,6 +16,7 @@
 #include "cli/Watch.h"
 #include "plugin/files/AtomicWrite.h"
 #include "plugin/theme/PropertyListReader.h"
+#include "plugin/theme/ThemeKeys.h"
 #include "standin/Desk.h"
 #include "standin/Mouse.h"
 
@@ -47,7 +49,8 @@ struct GridArguments {
 
 const std::map<std::string, host::WindowKind> kWindows{{"mixer", host::WindowKind::kMixer},
                                                        {"arrange", host::WindowKind::kArrange},
-                                                       {"step-sequencer", host::WindowKind::kStepSequencer}};
+                                                       {"step-sequencer", host::WindowKind::kStepSequencer},
+                                                       {"live-loops", host::WindowKind::kLiveLoops}};
 
 int fail(const std::string& message) {
   std::fprintf(stderr, "velura: %s\n", message.c_str());
@@ -166,6 +169,19 @@ int editGrid(const GridArguments& arguments) {
   return kDone;
 }
 
+int drawKeys(session::KeyPicturesOptions options) {
+  for (const std::string& key : options.keys) {
+    if (!velura::keyNamed(key)) return fail(key + ": no such key");
+  }
+  for (const auto& [name, kind] : kWindows) options.windows.push_back(name);
+  std::string error;
+  std::vector<std::string> unseen;
+  const bool drawn = session::makeKeyPictures(options, error, unseen);
+  for (const std::string& key : unseen)
+    std::fprintf(stderr, "velura: %s: changes nothing that is shown\n", key.c_str());
+  return drawn ? kDone : fail(error);
+}
+
 constexpr const char* kExamples = R"(
 Examples:
   velura render --theme none --song songs/night-drive.json --out host.png
@@ -196,7 +212,7 @@ void describeHost(CLI::App& command, HostArguments& arguments) {
   command.add_option("--song", arguments.song, "The song to open: a JSON file, see docs/development.md")->required();
   command.add_option("--out", arguments.out, "The PNG file to write")->required();
   command.add_option("--window", arguments.window, "Which window to draw")
-      ->check(CLI::IsMember(std::vector<std::string>{"mixer", "arrange", "step-sequencer"}))
+      ->check(CLI::IsMember(std::vector<std::string>{"mixer", "arrange", "step-sequencer", "live-loops"}))
       ->capture_default_str();
   command.add_option("--scale", arguments.scale, "Pixels per point")
       ->check(CLI::IsMember(std::vector<int>{1, 2}))
@@ -221,6 +237,13 @@ void describeGrid(CLI::App& command, GridArguments& arguments) {
   command.add_flag("--keys", arguments.listsKeys, "List the keys, as a Markdown table");
 }
 
+void describeKeyPictures(CLI::App& command, session::KeyPicturesOptions& options) {
+  command.add_option("--out", options.out, "The folder for the pictures")->capture_default_str();
+  command.add_option("--song", options.song, "A song that shows every control in every state")->capture_default_str();
+  command.add_option("--companion", options.companion, "A companion bundle with images")->capture_default_str();
+  command.add_option("--key", options.keys, "Draw this key only; may be repeated");
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -240,8 +263,13 @@ int main(int argc, char** argv) {
       app.add_subcommand("watch", "Keep the host running and draw the window anew at every change, until interrupted");
   watchCommand->footer(kExamples);
   describeHost(*watchCommand, arguments);
-  const CLI::App* keysCommand =
-      app.add_subcommand("keys", "List the keys of a theme settings file, as Markdown tables");
+  CLI::App* keysCommand = app.add_subcommand("keys", "List the keys of a theme settings file, as Markdown tables");
+  std::string keyPictures;
+  keysCommand->add_option("--pictures", keyPictures, "The folder with the keys' pictures, to show them in the tables");
+  session::KeyPicturesOptions keyPicturesOptions;
+  CLI::App* keyPicturesCommand =
+      app.add_subcommand("key-pictures", "Draw a small picture of what each theme key colours");
+  describeKeyPictures(*keyPicturesCommand, keyPicturesOptions);
   GridArguments gridArguments;
   CLI::App* gridCommand = app.add_subcommand("grid", "Change the settings of the grid and the marker bands");
   gridCommand->footer(kExamples);
@@ -252,9 +280,10 @@ int main(int argc, char** argv) {
     return app.exit(problem) == 0 ? kDone : kWrongUsage;
   }
   if (keysCommand->parsed()) {
-    std::printf("%s", session::keyTables().c_str());
+    std::printf("%s", session::keyTables(keyPictures).c_str());
     return kDone;
   }
+  if (keyPicturesCommand->parsed()) return drawKeys(std::move(keyPicturesOptions));
   if (gridCommand->parsed()) return editGrid(gridArguments);
   session::enterPrivateFolders(argv);
   return watchCommand->parsed() ? watch(arguments) : render(arguments);
