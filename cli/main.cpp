@@ -49,8 +49,7 @@ struct GridArguments {
 
 const std::map<std::string, host::WindowKind> kWindows{{"mixer", host::WindowKind::kMixer},
                                                        {"arrange", host::WindowKind::kArrange},
-                                                       {"step-sequencer", host::WindowKind::kStepSequencer},
-                                                       {"live-loops", host::WindowKind::kLiveLoops}};
+                                                       {"step-sequencer", host::WindowKind::kStepSequencer}};
 
 int fail(const std::string& message) {
   std::fprintf(stderr, "velura: %s\n", message.c_str());
@@ -212,7 +211,7 @@ void describeHost(CLI::App& command, HostArguments& arguments) {
   command.add_option("--song", arguments.song, "The song to open: a JSON file, see docs/development.md")->required();
   command.add_option("--out", arguments.out, "The PNG file to write")->required();
   command.add_option("--window", arguments.window, "Which window to draw")
-      ->check(CLI::IsMember(std::vector<std::string>{"mixer", "arrange", "step-sequencer", "live-loops"}))
+      ->check(CLI::IsMember(std::vector<std::string>{"mixer", "arrange", "step-sequencer"}))
       ->capture_default_str();
   command.add_option("--scale", arguments.scale, "Pixels per point")
       ->check(CLI::IsMember(std::vector<int>{1, 2}))
