@@ -31,7 +31,7 @@ struct HostArguments {
   std::string window = "mixer";
   std::string out;
   int scale = 1;
-  std::string hostVersion = "11.1.2";
+  std::string hostVersion = host::HostOptions().version;
   std::string grid;
   std::string state;
   std::optional<double> zoom;
@@ -49,7 +49,8 @@ struct GridArguments {
 
 const std::map<std::string, host::WindowKind> kWindows{{"mixer", host::WindowKind::kMixer},
                                                        {"arrange", host::WindowKind::kArrange},
-                                                       {"step-sequencer", host::WindowKind::kStepSequencer}};
+                                                       {"step-sequencer", host::WindowKind::kStepSequencer},
+                                                       {"live-loops", host::WindowKind::kLiveLoops}};
 
 int fail(const std::string& message) {
   std::fprintf(stderr, "velura: %s\n", message.c_str());
@@ -211,7 +212,7 @@ void describeHost(CLI::App& command, HostArguments& arguments) {
   command.add_option("--song", arguments.song, "The song to open: a JSON file, see docs/development.md")->required();
   command.add_option("--out", arguments.out, "The PNG file to write")->required();
   command.add_option("--window", arguments.window, "Which window to draw")
-      ->check(CLI::IsMember(std::vector<std::string>{"mixer", "arrange", "step-sequencer"}))
+      ->check(CLI::IsMember(std::vector<std::string>{"mixer", "arrange", "step-sequencer", "live-loops"}))
       ->capture_default_str();
   command.add_option("--scale", arguments.scale, "Pixels per point")
       ->check(CLI::IsMember(std::vector<int>{1, 2}))

@@ -75,6 +75,7 @@ void defineClasses(const HostOptions& options) {
     if (hasScalePictures(options.version)) defineMADynamicScaleNode();
     placeMixerClasses();
     defineArrangeClasses(options);
+    defineLiveLoopsClasses();
     return true;
   }();
   static_cast<void>(defined);
@@ -98,6 +99,7 @@ Application::Application(HostOptions options) : options_(std::move(options)) {
 
 Application::~Application() {
   const AutoreleasePool pool;
+  liveLoops_.reset();
   sequencer_.reset();
   arrange_.reset();
   mixer_.reset();
@@ -127,6 +129,7 @@ void Application::open(Song song) {
   mixer_ = std::make_unique<MixerWindow>(song_, options_.scale);
   arrange_ = std::make_unique<ArrangeWindow>(song_, options_);
   sequencer_ = std::make_unique<StepSequencerPanel>(options_.scale);
+  liveLoops_ = std::make_unique<LiveLoopsWindow>(song_, arrange_->fenster(), options_.scale);
   announceOpened(arrange_->document());
 }
 
@@ -158,9 +161,11 @@ NSWindow Application::window(WindowKind kind) const {
     case WindowKind::kArrange:
       return arrange_->window();
     case WindowKind::kStepSequencer:
+      return sequencer_->window();
+    case WindowKind::kLiveLoops:
       break;
   }
-  return sequencer_->window();
+  return liveLoops_->window();
 }
 
 Ref<NSBitmapImageRep> Application::draw(WindowKind kind) {

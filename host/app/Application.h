@@ -9,11 +9,12 @@
 #include "host/app/HostOptions.h"
 #include "host/app/StepSequencerPanel.h"
 #include "host/arrange/ArrangeWindow.h"
+#include "host/liveloops/LiveLoopsWindow.h"
 #include "host/mixer/MixerWindow.h"
 
 namespace host {
 
-enum class WindowKind { kMixer, kArrange, kStepSequencer };
+enum class WindowKind { kMixer, kArrange, kStepSequencer, kLiveLoops };
 
 /// One host process. There is never more than one at a time.
 class Application {
@@ -53,6 +54,7 @@ class Application {
   std::unique_ptr<MixerWindow> mixer_;
   std::unique_ptr<ArrangeWindow> arrange_;
   std::unique_ptr<StepSequencerPanel> sequencer_;
+  std::unique_ptr<LiveLoopsWindow> liveLoops_;
 };
 
 }  // namespace host

@@ -23,6 +23,7 @@ class ArrangeWindow {
   [[nodiscard]] NSView headers() const;
   [[nodiscard]] NSView contents() const;
   [[nodiscard]] NSObject document() const { return document_; }
+  [[nodiscard]] NSObject fenster() const { return fenster_; }
 
   /// Points a bar; within the bounds that a song's zoom has.
   void setZoom(double zoom);
