@@ -40,7 +40,7 @@ std::map<std::string, double> namesAsked(NSDictionary theme) {
   return names;
 }
 
-TEST(ThemeImages, AreThereAtBothScalesForEveryNameThatIsAskedFor) {
+TEST(ImagesOfThemes, AreThereAtBothScalesForEveryNameThatIsAskedFor) {
   const AutoreleasePool pool;
   const std::string ember = VELURA_SOURCE_DIR "/themes/ember";
   const Ref<NSObject> list = velura::readPropertyList((ember + "/PluginHelper.plist").c_str());
