@@ -1,8 +1,7 @@
-// The images that the themes of this repository bring along.
+// The themes of this repository: the images that they bring along, the keys that they use.
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <map>
 #include <set>
 
@@ -14,7 +13,6 @@
 
 namespace {
 
-namespace fs = std::filesystem;
 using namespace cocoa;
 using velura::Highlighted;
 using velura::ImageSet;
@@ -55,6 +53,21 @@ TEST(ImagesOfThemes, AreThereAtBothScalesForEveryNameThatIsAskedFor) {
       ASSERT_TRUE(bitmap) << file;
       EXPECT_EQ(static_cast<double>(bitmap.pixelsWide()), width * scale) << file;
     }
+  }
+}
+
+TEST(Themes, UseEveryKeyBetweenThem) {
+  const AutoreleasePool pool;
+  std::set<std::string> used;
+  for (const char* name : {"ember", "fjord", "prism"}) {
+    const std::string path = std::string(VELURA_SOURCE_DIR "/themes/") + name + "/PluginHelper.plist";
+    const Ref<NSObject> list = velura::readPropertyList(path.c_str());
+    const auto theme = as<NSDictionary>(list);
+    ASSERT_TRUE(theme) << path;
+    for (const NSString key : items<NSString>(theme.allKeys())) used.insert(toStdString(key));
+  }
+  for (const velura::ThemeKeyRow& row : velura::kThemeKeys) {
+    if (row.used == velura::Used::kYes) EXPECT_EQ(used.count(std::string(row.name)), 1U) << row.name;
   }
 }
 
