@@ -94,9 +94,16 @@ bool selectTheme(const SessionOptions& options, std::string& error) {
 std::unique_ptr<host::Application> startSession(const SessionOptions& options, host::Song song, std::string& error) {
   auto application = std::make_unique<host::Application>(options.host);
   if (!selectTheme(options, error)) return nullptr;
-  if (options.theming != Theming::kWithoutBundle && !application->loadBundle(options.bundlePath, error)) return nullptr;
+  const auto load = [&] {
+    return options.theming == Theming::kWithoutBundle || application->loadBundle(options.bundlePath, error);
+  };
+  if (!options.loadsLate && !load()) return nullptr;
   application->open(std::move(song));
   application->runFrame();
+  if (options.loadsLate) {
+    for (const auto window : host::kWindowKinds) application->settle(window);
+    if (!load()) return nullptr;
+  }
   return application;
 }
 

@@ -24,6 +24,8 @@ struct SessionOptions {
   std::string gridSettings;
   std::string themeState;
   std::optional<long> tracksBackground;  // the user's choice of workspace: 0 dark, 1 bright, 2 the host's
+  /// Whether the bundle is loaded once the windows are open and have been drawn, instead of before.
+  bool loadsLate = false;
   host::HostOptions host;
   std::string bundlePath = defaultBundlePath();
 
@@ -36,7 +38,7 @@ struct SessionOptions {
 /// False, with `error` set, when a folder or link cannot be made.
 bool selectTheme(const SessionOptions& options, std::string& error);
 
-/// Starts the host, selects the theme, loads the bundle and opens the song.
+/// Starts the host, selects the theme, loads the bundle and opens the song, or the song first.
 /// Null, with `error` set, when one of it cannot be done.
 std::unique_ptr<host::Application> startSession(const SessionOptions& options, host::Song song, std::string& error);
 

@@ -31,6 +31,7 @@ struct HostArguments {
   std::string window = "mixer";
   std::string out;
   int scale = 1;
+  std::string load = "before";
   std::string hostVersion = host::HostOptions().version;
   std::string grid;
   std::string state;
@@ -70,6 +71,7 @@ session::SessionOptions sessionOptions(const HostArguments& arguments) {
   options.gridSettings = arguments.grid;
   options.themeState = arguments.state;
   options.tracksBackground = arguments.tracksBackground;
+  options.loadsLate = arguments.load == "after";
   if (arguments.theme == "default") {
     options.theming = session::Theming::kDefaultTheme;
   } else if (arguments.theme != "none") {
@@ -218,6 +220,9 @@ void describeHost(CLI::App& command, HostArguments& arguments) {
       ->check(CLI::IsMember(std::vector<int>{1, 2}))
       ->capture_default_str();
   command.add_option("--host-version", arguments.hostVersion, "The version that the host says it is")
+      ->capture_default_str();
+  command.add_option("--load", arguments.load, "Whether the plug-in is loaded before or after the windows are opened")
+      ->check(CLI::IsMember(std::vector<std::string>{"before", "after"}))
       ->capture_default_str();
   command.add_option("--grid", arguments.grid, "Grid settings file: bars, beats, divisions and marker bands");
   command.add_option("--state", arguments.state, "Theme state file");

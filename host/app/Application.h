@@ -15,6 +15,8 @@
 namespace host {
 
 enum class WindowKind { kMixer, kArrange, kStepSequencer, kLiveLoops };
+inline constexpr WindowKind kWindowKinds[] = {WindowKind::kMixer, WindowKind::kArrange, WindowKind::kStepSequencer,
+                                              WindowKind::kLiveLoops};
 
 /// One host process. There is never more than one at a time.
 class Application {
