@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <map>
 #include <optional>
 #include <string>
-#include <unordered_map>
 
 #include "plugin/theme/ColourString.h"
 #include "plugin/theme/PropertyListReader.h"
@@ -182,7 +182,7 @@ const MeterLocations& vlrLevelMeterLocationsForBaseType(NSInteger base) {
 }
 
 CGImageRef vlrLevelMeterTexture(MeterType type, CGSize size, CGFloat scale) {
-  static std::unordered_map<std::string, CFRef<CGImageRef>> cache;
+  static std::map<std::string, CFRef<CGImageRef>> cache;
   const MeterColours* colours = vlrLevelMeterColorsForTypeIndex(type.style);
   if (colours == nullptr || !type.isThemed()) return nullptr;
   std::string key = textureKey(type, size, scale);
