@@ -67,7 +67,7 @@ TEST(Themes, UseEveryKeyBetweenThem) {
     for (const NSString key : items<NSString>(theme.allKeys())) used.insert(toStdString(key));
   }
   for (const velura::ThemeKeyRow& row : velura::kThemeKeys) {
-    if (row.used == velura::Used::kYes) EXPECT_EQ(used.count(std::string(row.name)), 1U) << row.name;
+    EXPECT_TRUE(row.used == velura::Used::kNotYet || used.contains(std::string(row.name))) << row.name;
   }
 }
 
