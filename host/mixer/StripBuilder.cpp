@@ -92,7 +92,7 @@ constexpr Sections kAll{true, true, true, false, true, true, true, true, true, t
 Sections sectionsOf(const Track& track) {
   Sections s = kAll;
   if (track.folder) {
-    s = {false, false, true, false, false, true, false, true, false, false, true, false, true, true};
+    s = {false, false, true, false, false, true, false, true, false, true, true, false, true, true};
     return s;
   }
   switch (track.type) {

@@ -18,8 +18,8 @@ namespace fs = std::filesystem;
 using session::Picture;
 
 /// Keys that change nothing that the simulated host shows: its platform shows calibrated colours as sRGB ones, and
-/// its master and folder strips have no panner.
-const std::set<std::string> kWithoutPicture{"useCalibratedColor", "useSharedPanner?master", "useSharedPanner?folder"};
+/// master strips have no panner images of their own.
+const std::set<std::string> kWithoutPicture{"useCalibratedColor", "useSharedPanner?master"};
 
 TEST(KeyPictures, AreThereForEveryKeyInUseAndNoOther) {
   std::set<std::string> wanted;
