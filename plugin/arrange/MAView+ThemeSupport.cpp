@@ -248,6 +248,7 @@ void onceFor(const char* className, bool& done, Install&& install) {
 }
 
 void addSwizzleMethod(Class /*self*/) {
+  if (!VLRIsCustomThemeSelected()) return;
   static bool headers = false;
   static bool contents = false;
   static bool sections = false;

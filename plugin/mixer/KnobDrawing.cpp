@@ -90,6 +90,7 @@ void drawRing(CGRect rect, CGContextRef context, NSColor colour) {
   constexpr double kStart = -65 * kDegree;
   constexpr double kEnd = 245 * kDegree;
   const CGRect ring = rect.insetBy(kInset, kInset);
+  if (ring.isEmpty()) return;
   CGContextSaveGState(context);
   CGContextSetLineWidth(context, kWidth);
   CGContextSetStrokeColorWithColor(context, colour.CGColor());
@@ -100,6 +101,7 @@ void drawRing(CGRect rect, CGContextRef context, NSColor colour) {
 }
 
 void fillDisc(CGRect rect, CGContextRef context, NSColor colour) {
+  if (rect.isEmpty()) return;
   CGContextSaveGState(context);
   CGContextSetFillColorWithColor(context, colour.CGColor());
   CGContextBeginPath(context);

@@ -170,7 +170,7 @@ NSInteger meterStyleOf(TrackType type) {
 }
 
 const MeterColours* vlrLevelMeterColorsForTypeIndex(NSInteger style) {
-  static const ColourTable table = colourTable();
+  static const ColourTable& table = *new ColourTable(colourTable());  // as long as the process
   if (style < 0 || static_cast<std::size_t>(style) >= table.size()) return nullptr;
   const auto& colours = table[static_cast<std::size_t>(style)];
   return colours ? &*colours : nullptr;
@@ -182,7 +182,7 @@ const MeterLocations& vlrLevelMeterLocationsForBaseType(NSInteger base) {
 }
 
 CGImageRef vlrLevelMeterTexture(MeterType type, CGSize size, CGFloat scale) {
-  static std::map<std::string, CFRef<CGImageRef>> cache;
+  static auto& cache = *new std::map<std::string, CFRef<CGImageRef>>;  // as long as the process
   const MeterColours* colours = vlrLevelMeterColorsForTypeIndex(type.style);
   if (colours == nullptr || !type.isThemed()) return nullptr;
   std::string key = textureKey(type, size, scale);

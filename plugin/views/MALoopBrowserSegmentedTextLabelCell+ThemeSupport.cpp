@@ -29,14 +29,15 @@ void recolour(NSMutableAttributedString text, NSRange range, const RowKeys& keys
   text.addAttribute(NSForegroundColorAttributeName, colour, range);
 }
 
-/// The rows are told apart by the runs of one colour: the first begins with the text.
+/// The rows are told apart by the runs of one colour: the first begins with the text. What was visited has its new
+/// colour already, and takes no further part.
 void recolourRuns(NSMutableAttributedString text, bool isOn) {
   call<"beginEditing">(text);
   const NSRange whole{0, text.length()};
   for (NSUInteger at = 0; at < whole.length;) {
     NSRange run{};
     const auto colour = call<"attribute:atIndex:longestEffectiveRange:inRange:", NSObject>(
-        text, NSForegroundColorAttributeName, at, &run, whole);
+        text, NSForegroundColorAttributeName, at, &run, NSRange{at, whole.length - at});
     if (colour) recolour(text, run, run.location == 0 ? kFirstRow : kOtherRows, isOn);
     if (run.length == 0) break;
     at = run.location + run.length;
