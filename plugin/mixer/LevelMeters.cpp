@@ -152,6 +152,13 @@ Ref<NSBitmapImageRep> meterBitmap(const MeterColours& colours, const MeterLocati
   });
 }
 
+struct Texture {
+  NSInteger type = 0;
+  CGSize size;
+  CGFloat scale = 0;
+  CFRef<CGImageRef> image;
+};
+
 /// Emptied when it holds more than this as one more is stored.
 constexpr std::size_t kMostTextures = 64;
 
@@ -185,8 +192,14 @@ CGImageRef vlrLevelMeterTexture(MeterType type, CGSize size, CGFloat scale) {
   static auto& cache = *new std::map<std::string, CFRef<CGImageRef>>;  // as long as the process
   const MeterColours* colours = vlrLevelMeterColorsForTypeIndex(type.style);
   if (colours == nullptr || !type.isThemed()) return nullptr;
+  // Meters of one size follow each other: the key is written out for another one only.
+  static auto& last = *new Texture;
+  if (last.image && last.type == type.number() && last.size == size && last.scale == scale) return last.image;
   std::string key = textureKey(type, size, scale);
-  if (const auto known = cache.find(key); known != cache.end()) return known->second;
+  if (const auto known = cache.find(key); known != cache.end()) {
+    last = {type.number(), size, scale, known->second};
+    return last.image;
+  }
   const auto bitmap = meterBitmap(*colours, vlrLevelMeterLocationsForBaseType(type.base), size, scale);
   const CFRef<CGImageRef> image = bitmap ? bitmap->CGImage() : nullptr;
   if (!image) return nullptr;
