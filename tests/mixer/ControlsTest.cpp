@@ -589,12 +589,10 @@ TEST_F(Controls, ColourTheTicksAndNumbersOfScales) {
     }
     EXPECT_EQ(zeros, std::string_view(name) == "volumeScale" ? 1 : 0);
   }
-  const NSObject scale = node(0, "volumeScale");
   const auto tick = call<"scaleTickWithType:color:highlightedColor:defaultYPosition:label:", NSObject>(
       asObject(classNamed("MAScaleTick")), NSInteger(1), NSColor::redColor().CGColor(), NSColor::redColor().CGColor(),
       100.5, literal<"x">());
   EXPECT_EQ(rgba(call<"color", CGColorRef>(tick)), colourOf("scaleTickMarkColor")) << "by the factory alone";
-  static_cast<void>(scale);
 }
 
 TEST_F(Controls, RecolourScalesThatArePictures) {
