@@ -99,9 +99,12 @@ std::unique_ptr<host::Application> startSession(const SessionOptions& options, h
   };
   if (!options.loadsLate && !load()) return nullptr;
   application->open(std::move(song));
+  for (const auto window : options.windows) application->openWindow(window);
   application->runFrame();
   if (options.loadsLate) {
-    for (const auto window : host::kWindowKinds) application->settle(window);
+    for (const auto window : host::kWindowKinds) {
+      if (application->isOpen(window)) application->settle(window);
+    }
     if (!load()) return nullptr;
   }
   return application;

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "host/app/Application.h"
 
@@ -26,6 +27,7 @@ struct SessionOptions {
   std::optional<long> tracksBackground;  // the user's choice of workspace: 0 dark, 1 bright, 2 the host's
   /// Whether the bundle is loaded once the windows are open and have been drawn, instead of before.
   bool loadsLate = false;
+  std::vector<host::WindowKind> windows;  // that are opened beside those that every song opens
   host::HostOptions host;
   std::string bundlePath = defaultBundlePath();
 

@@ -51,7 +51,18 @@ struct GridArguments {
 const std::map<std::string, host::WindowKind> kWindows{{"mixer", host::WindowKind::kMixer},
                                                        {"arrange", host::WindowKind::kArrange},
                                                        {"step-sequencer", host::WindowKind::kStepSequencer},
-                                                       {"live-loops", host::WindowKind::kLiveLoops}};
+                                                       {"live-loops", host::WindowKind::kLiveLoops},
+                                                       {"library", host::WindowKind::kLibrary},
+                                                       {"loop-browser", host::WindowKind::kLoopBrowser},
+                                                       {"lists", host::WindowKind::kLists},
+                                                       {"inspector", host::WindowKind::kInspector},
+                                                       {"overview", host::WindowKind::kOverview}};
+
+std::vector<std::string> windowNames() {
+  std::vector<std::string> names;
+  for (const auto& [name, kind] : kWindows) names.push_back(name);
+  return names;
+}
 
 int fail(const std::string& message) {
   std::fprintf(stderr, "velura: %s\n", message.c_str());
@@ -72,6 +83,7 @@ session::SessionOptions sessionOptions(const HostArguments& arguments) {
   options.themeState = arguments.state;
   options.tracksBackground = arguments.tracksBackground;
   options.loadsLate = arguments.load == "after";
+  options.windows = {kWindows.at(arguments.window)};
   if (arguments.theme == "default") {
     options.theming = session::Theming::kDefaultTheme;
   } else if (arguments.theme != "none") {
@@ -175,7 +187,7 @@ int drawKeys(session::KeyPicturesOptions options) {
   for (const std::string& key : options.keys) {
     if (!velura::keyNamed(key)) return fail(key + ": no such key");
   }
-  for (const auto& [name, kind] : kWindows) options.windows.push_back(name);
+  options.windows = windowNames();
   std::string error;
   std::vector<std::string> unseen;
   const bool drawn = session::makeKeyPictures(options, error, unseen);
@@ -214,7 +226,7 @@ void describeHost(CLI::App& command, HostArguments& arguments) {
   command.add_option("--song", arguments.song, "The song to open: a JSON file, see docs/development.md")->required();
   command.add_option("--out", arguments.out, "The PNG file to write")->required();
   command.add_option("--window", arguments.window, "Which window to draw")
-      ->check(CLI::IsMember(std::vector<std::string>{"mixer", "arrange", "step-sequencer", "live-loops"}))
+      ->check(CLI::IsMember(windowNames()))
       ->capture_default_str();
   command.add_option("--scale", arguments.scale, "Pixels per point")
       ->check(CLI::IsMember(std::vector<int>{1, 2}))

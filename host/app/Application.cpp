@@ -76,6 +76,7 @@ void defineClasses(const HostOptions& options) {
     placeMixerClasses();
     defineArrangeClasses(options);
     defineLiveLoopsClasses();
+    definePaneClasses();
     return true;
   }();
   static_cast<void>(defined);
@@ -90,6 +91,28 @@ NSDictionary mainBundleInfo(const HostOptions& options) {
 
 }  // namespace
 
+namespace {
+
+/// The panes of each window of the document that has some.
+const std::map<WindowKind, DocumentLayout>& documentLayouts() {
+  using enum PaneKind;
+  static const std::map<WindowKind, DocumentLayout> layouts{
+      {WindowKind::kLibrary, {.title = "Library", .left = {kLibrary}, .right = {kBrowsers}}},
+      {WindowKind::kLoopBrowser, {.title = "Loops", .right = {kLoopBrowser}}},
+      {WindowKind::kLists, {.title = "Lists", .right = {kLists}}},
+      {WindowKind::kInspector, {.title = "Inspector", .left = {kInspector}}},
+      {WindowKind::kOverview,
+       {.title = "Overview",
+        .content = {1680, 1280},
+        .left = {kLibrary, kInspector},
+        .right = {kLoopBrowser},
+        .below = kMixer}},
+  };
+  return layouts;
+}
+
+}  // namespace
+
 Application::Application(HostOptions options) : options_(std::move(options)) {
   const AutoreleasePool pool;
   defineClasses(options_);
@@ -99,6 +122,7 @@ Application::Application(HostOptions options) : options_(std::move(options)) {
 
 Application::~Application() {
   const AutoreleasePool pool;
+  documents_.clear();
   liveLoops_.reset();
   sequencer_.reset();
   arrange_.reset();
@@ -133,10 +157,22 @@ void Application::open(Song song) {
   announceOpened(arrange_->document());
 }
 
+void Application::openWindow(WindowKind kind) {
+  if (isOpen(kind)) return;
+  const AutoreleasePool pool;
+  documents_[kind] = std::make_unique<ArrangeWindow>(song_, options_, documentLayouts().at(kind));
+  announceOpened(documents_[kind]->document());
+}
+
+bool Application::isOpen(WindowKind kind) const {
+  return !documentLayouts().contains(kind) || documents_.contains(kind);
+}
+
 void Application::runFrame() {
   const AutoreleasePool pool;
   NSApplication::sharedApplication().updateWindows();
   mixer_->updatePresentation();
+  for (const auto& [kind, document] : documents_) document->updatePresentation();
 }
 
 void Application::settle(WindowKind kind) {
@@ -163,9 +199,10 @@ NSWindow Application::window(WindowKind kind) const {
     case WindowKind::kStepSequencer:
       return sequencer_->window();
     case WindowKind::kLiveLoops:
-      break;
+      return liveLoops_->window();
+    default:
+      return documents_.at(kind)->window();
   }
-  return liveLoops_->window();
 }
 
 Ref<NSBitmapImageRep> Application::draw(WindowKind kind) {

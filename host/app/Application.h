@@ -1,6 +1,7 @@
 #pragma once
 // The simulated host: opens a song, shows its windows, loads bundles and draws frames.
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -14,9 +15,22 @@
 
 namespace host {
 
-enum class WindowKind { kMixer, kArrange, kStepSequencer, kLiveLoops };
-inline constexpr WindowKind kWindowKinds[] = {WindowKind::kMixer, WindowKind::kArrange, WindowKind::kStepSequencer,
-                                              WindowKind::kLiveLoops};
+enum class WindowKind {
+  kMixer,
+  kArrange,
+  kStepSequencer,
+  kLiveLoops,
+  // More windows of the document, with panes open.
+  kLibrary,
+  kLoopBrowser,
+  kLists,
+  kInspector,
+  kOverview
+};
+inline constexpr WindowKind kWindowKinds[] = {
+    WindowKind::kMixer,     WindowKind::kArrange,   WindowKind::kStepSequencer,
+    WindowKind::kLiveLoops, WindowKind::kLibrary,   WindowKind::kLoopBrowser,
+    WindowKind::kLists,     WindowKind::kInspector, WindowKind::kOverview};
 
 /// One host process. There is never more than one at a time.
 class Application {
@@ -30,8 +44,12 @@ class Application {
   /// False, with `error` set, when the code cannot be loaded or has no such class.
   bool loadBundle(const std::string& path, std::string& error);
 
-  /// Opens the windows of a song, and tells everybody that its document is open.
+  /// Opens a song in its mixer, arrange, step sequencer and Live Loops windows, and tells everybody that its
+  /// document is open.
   void open(Song song);
+  /// Opens another window of the open song, unless it is open.
+  void openWindow(WindowKind kind);
+  [[nodiscard]] bool isOpen(WindowKind kind) const;
 
   /// One turn of the event loop: windows update, presentations follow.
   void runFrame();
@@ -45,6 +63,7 @@ class Application {
   /// The same into a bitmap that an earlier call made, as a screen keeps its backing store.
   void draw(WindowKind kind, NSBitmapImageRep bitmap);
 
+  /// The window, which must be open.
   [[nodiscard]] NSWindow window(WindowKind kind) const;
   [[nodiscard]] MixerWindow& mixer() { return *mixer_; }
   [[nodiscard]] ArrangeWindow& arrange() { return *arrange_; }
@@ -57,6 +76,7 @@ class Application {
   std::unique_ptr<ArrangeWindow> arrange_;
   std::unique_ptr<StepSequencerPanel> sequencer_;
   std::unique_ptr<LiveLoopsWindow> liveLoops_;
+  std::map<WindowKind, std::unique_ptr<ArrangeWindow>> documents_;  // those with panes
 };
 
 }  // namespace host

@@ -26,7 +26,6 @@ namespace {
 
 using namespace cocoa;
 
-constexpr CGSize kContentSize{1180, 700};
 constexpr double kTransportHeight = 52;
 constexpr double kSeparator = 1;
 
@@ -40,7 +39,7 @@ Ref<NSView> newView(const char* className, CGRect frame) {
 
 }  // namespace
 
-ArrangeWindow::ArrangeWindow(Song& song, const HostOptions& options) : model_(song) {
+ArrangeWindow::ArrangeWindow(Song& song, const HostOptions& options, const DocumentLayout& layout) : model_(song) {
   model_.flippedHeaders = options.flippedHeaders;
   model_.knowsControlSurfaces = options.modelAdapter;
   fenster_ = newObject("CLgFenster");
@@ -54,24 +53,49 @@ ArrangeWindow::ArrangeWindow(Song& song, const HostOptions& options) : model_(so
   document.unilibDocManager = docManager_;
   document.opened();
   stateOf<CLgDocumentManager>(docManager_).songDocument = document_;
-  buildViews(options);
+  buildViews(options, layout);
   stateOf<CLgDocumentManager>(docManager_).view = arrange_;
 }
 
-void ArrangeWindow::buildViews(const HostOptions& options) {
+CGRect ArrangeWindow::addPanes(NSView split, const HostOptions& options, const DocumentLayout& layout) {
+  CGRect rest = split.bounds();
+  const auto add = [&](PaneKind kind, CGRect frame) {
+    panes_.push_back(makePane(kind, {frame, model_.song, options}));
+    split.addSubview(panes_.back()->view());
+  };
+  if (layout.below) {
+    const double height = paneExtent(*layout.below, model_.song);
+    add(*layout.below, CGRectMake(rest.minX(), rest.minY(), rest.size.width, height));
+    rest = CGRectMake(rest.minX(), height + kSeparator, rest.size.width, rest.size.height - height - kSeparator);
+  }
+  for (const PaneKind kind : layout.left) {
+    const double width = paneExtent(kind, model_.song);
+    add(kind, CGRectMake(rest.minX(), rest.minY(), width, rest.size.height));
+    rest.origin.x += width + kSeparator;
+    rest.size.width -= width + kSeparator;
+  }
+  for (const PaneKind kind : layout.right) {
+    const double width = paneExtent(kind, model_.song);
+    add(kind, CGRectMake(rest.maxX() - width, rest.minY(), width, rest.size.height));
+    rest.size.width -= width + kSeparator;
+  }
+  return rest;
+}
+
+void ArrangeWindow::buildViews(const HostOptions& options, const DocumentLayout& layout) {
   const Song& song = model_.song;
-  window_ = openKitWindow("MAKitWindow", kContentSize, song.title + " - Tracks", options.scale);
+  const CGSize size = layout.content;
+  window_ = openKitWindow("MAKitWindow", size, song.title + " - " + layout.title, options.scale);
   call<"setSubtitle:">(window_.get(), string(std::to_string(song.tracks.size()) + " tracks"));
-  const Ref<NSView> content = newView("CLgDocwContentView", {{}, kContentSize});
+  const Ref<NSView> content = newView("CLgDocwContentView", {{}, size});
   window_->setContentView(content);
-  const double below = kContentSize.height - kTransportHeight;
+  const double below = size.height - kTransportHeight;
   content->addSubview(
-      drawnView(CGRectMake(0, below, kContentSize.width, kTransportHeight),
+      drawnView(CGRectMake(0, below, size.width, kTransportHeight),
                 [&song](CGRect bounds, CGContextRef context) { drawTransport(song.arrange, bounds, context); }));
-  const CGRect panes = CGRectMake(0, 0, kContentSize.width, below - kSeparator);
-  const Ref<NSView> split = newView("MAView", panes);
+  const Ref<NSView> split = newView("MAView", CGRectMake(0, 0, size.width, below - kSeparator));
   content->addSubview(split);
-  arrange_ = newView("CLgArrangeView", panes);
+  arrange_ = newView("CLgArrangeView", addPanes(split, options, layout));
   split->addSubview(arrange_);
   stateOf<CLgArrangeView>(arrange_).build(model_, {fenster_, docManager_, song_});
   controller_ = newObject("CLgArrangeWindowController");
@@ -90,6 +114,10 @@ ArrangeWindow::~ArrangeWindow() {
   stateOf<CLgDocumentManager>(docManager_).view = {};
   stateOf<CLgDocumentManager>(docManager_).songDocument = {};
   window_->close();
+}
+
+void ArrangeWindow::updatePresentation() const {
+  for (const auto& pane : panes_) pane->updatePresentation();
 }
 
 NSView ArrangeWindow::ruler() const { return stateOf<CLgArrangeView>(arrange_).ruler(); }

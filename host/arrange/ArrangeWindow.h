@@ -1,18 +1,20 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "cocoa/AppKit.h"
 #include "host/app/HostOptions.h"
 #include "host/arrange/ArrangeModel.h"
+#include "host/panes/Pane.h"
 
 namespace host {
 
-/// The window of a song's document: its tracks, arranged in time.
+/// The window of a song's document: its tracks, arranged in time, and the panes beside them.
 class ArrangeWindow {
  public:
   /// `song` must outlive the window.
-  ArrangeWindow(Song& song, const HostOptions& options);
+  ArrangeWindow(Song& song, const HostOptions& options, const DocumentLayout& layout = {});
   ~ArrangeWindow();
   ArrangeWindow(const ArrangeWindow&) = delete;
   ArrangeWindow& operator=(const ArrangeWindow&) = delete;
@@ -24,6 +26,7 @@ class ArrangeWindow {
   [[nodiscard]] NSView contents() const;
   [[nodiscard]] NSObject document() const { return document_; }
   [[nodiscard]] NSObject fenster() const { return fenster_; }
+  void updatePresentation() const;
 
   /// Points a bar; within the bounds that a song's zoom has.
   void setZoom(double zoom);
@@ -44,13 +47,16 @@ class ArrangeWindow {
   [[nodiscard]] NSTextField nameEditor() const { return nameEditor_; }
 
  private:
-  void buildViews(const HostOptions& options);
+  void buildViews(const HostOptions& options, const DocumentLayout& layout);
+  /// Lays the panes into the split view; what is left of its bounds is for the tracks.
+  CGRect addPanes(NSView split, const HostOptions& options, const DocumentLayout& layout);
   void sendMouse(NSEventType type, CGPoint point, NSUInteger buttons);
 
   ArrangeModel model_;
   cocoa::Ref<NSWindow> window_;
   cocoa::Ref<NSObject> controller_;
   cocoa::Ref<NSView> arrange_;
+  std::vector<std::unique_ptr<Pane>> panes_;
   cocoa::Ref<NSObject> fenster_;
   cocoa::Ref<NSObject> song_;
   cocoa::Ref<NSObject> document_;

@@ -1,0 +1,44 @@
+#include "host/app/Views.h"
+#include "host/mixer/StripBuilder.h"
+#include "host/panes/Pane.h"
+
+namespace host {
+namespace {
+
+using namespace cocoa;
+
+class EmptyPane : public Pane {
+ public:
+  explicit EmptyPane(const PanePlace& place)
+      : view_(Ref<NSView>::adopt(
+            NSView(call<"initWithFrame:", id>(call<"alloc", id>(classNamed("MAView")), place.frame)))) {}
+  [[nodiscard]] NSView view() const override { return view_; }
+
+ private:
+  Ref<NSView> view_;
+};
+
+}  // namespace
+
+std::unique_ptr<Pane> makePane(PaneKind /*kind*/, const PanePlace& place) { return std::make_unique<EmptyPane>(place); }
+
+double paneExtent(PaneKind kind, const Song& song) {
+  switch (kind) {
+    case PaneKind::kLibrary:
+      return 260;
+    case PaneKind::kInspector:
+      return 210;
+    case PaneKind::kBrowsers:
+    case PaneKind::kLists:
+      return 300;
+    case PaneKind::kLoopBrowser:
+      return 340;
+    case PaneKind::kMixer:
+      break;
+  }
+  return stripHeight(song) + 48;
+}
+
+void definePaneClasses() {}
+
+}  // namespace host
