@@ -1,5 +1,6 @@
 #include "bench/Worker.h"
 
+#include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -38,6 +39,7 @@ Worker::Worker(std::string theme, host::Song song, Task prepare, Task task, std:
 }
 
 Worker::~Worker() {
+  ::kill(process_, SIGCONT);
   ::close(requests_);
   ::close(answers_);
   ::waitpid(process_, nullptr, 0);
@@ -45,11 +47,13 @@ Worker::~Worker() {
 
 double Worker::run(unsigned count) const {
   double seconds = 0;
+  ::kill(process_, SIGCONT);
   if (::write(requests_, &count, sizeof count) != sizeof count ||
       ::read(answers_, &seconds, sizeof seconds) != sizeof seconds) {
     std::fprintf(stderr, "a worker ended early\n");
     std::exit(1);
   }
+  ::kill(process_, SIGSTOP);  // all watch the same folder, and must not answer to what another one saves there
   return seconds;
 }
 

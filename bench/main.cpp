@@ -297,21 +297,62 @@ void giveEightHeights(host::Application& application) {
   application.runFrame();
 }
 
+/// A theme of strips: gradients with anchors, bevels, the colours of tracks, titles. What colours controls and draws
+/// them from images has rows of its own.
+std::string writeStripTheme() {
+  constexpr std::pair<const char*, const char*> kTexts[] = {
+      {"mixerStripBGGradient",
+       "LinearGradient:{{74,61,54,100,0},{62,51,45,100,@eq},{50,41,37,100,@audiofx},{43,36,33,100,@audiofx},"
+       "{38,32,30,100,@automation},{55,45,39,100,@automation},{46,38,34,100,@fader},{34,28,26,100,@fader},"
+       "{26,22,21,100,@name},{40,33,29,100,100},V,S10}"},
+      {"mixerStripHighlightBGGradient",
+       "LinearGradient:{{168,106,52,100,0},{140,88,46,100,@audiofx},{112,72,42,100,@automation},"
+       "{132,84,45,100,@automation},{92,59,37,100,@fader},{62,41,29,100,100},V,S14}"},
+      {"mixerStripBevel", "Bevel:{R,3,22,D}"},
+      {"mixerBackgroundColor", "sRGBColor:{24, 20, 19, 100}"},
+      {"stripBackgroundColor", "sRGBColor:{50, 41, 37, 100}"},
+      {"stripHighlightBackgroundColor", "sRGBColor:{112, 72, 42, 100}"},
+      {"stripBorderColor", "sRGBColor:{15, 12, 11, 100}"},
+      {"emptySlotBGColor", "sRGBColor:{20, 16, 15, 55}"},
+      {"emptySlotSelectedBGColor", "sRGBColor:{40, 22, 10, 50}"},
+      {"emptySlotButtonLabelColor", "sRGBColor:{190, 156, 130, 100}"},
+      {"nameAndNumberTitleColor", "sRGBColor:{240, 228, 214, 100}"},
+      {"nameAndNumberTitleHighlightColor", "sRGBColor:{255, 246, 230, 100}"},
+      {"typeAndNumberTitleColor", "sRGBColor:{168, 144, 124, 100}"},
+      {"typeAndNumberTitleHighlightColor", "sRGBColor:{250, 214, 170, 100}"},
+      {"pannerTitleColor", "sRGBColor:{222, 176, 132, 100}"},
+      {"pannerTitleHighlightColor", "sRGBColor:{255, 232, 200, 100}"},
+  };
+  constexpr std::pair<const char*, int> kNumbers[] = {
+      {"UseTrackColor_MixerOpacity", 9},        {"UseTrackColor_MixerHighlightedOpacity", 14},
+      {"UseTrackColor_MixerFolderOpacity", 24}, {"UseTrackColor_MixerFolderHighlightedOpacity", 16},
+      {"UseTrackColor_MixerAuxOpacity", 5},     {"UseTrackColor_MixerAuxHighlightedOpacity", 8},
+      {"emptySlotBGCornerRadius", 9},
+  };
+  std::string entries = "<key>mixerBGMatchGradient</key><true/>\n<key>useTrackColorAsStripBackground</key><true/>\n";
+  for (const auto& [key, value] : kTexts) entries += text(key, value);
+  for (const auto& [key, value] : kNumbers) {
+    entries += std::string("<key>") + key + "</key><integer>" + std::to_string(value) + "</integer>\n";
+  }
+  return writeTheme("strips", entries, "");
+}
+
 const std::string kAnchored =
     "LinearGradient:{{70,60,54,100,0},{50,41,37,100,@audiofx},{43,36,33,100,@automation},{34,28,26,100,@fader},"
     "{26,22,21,100,100},V,S10}";
 
 struct Workers {
   bench::Worker plainFrame{"", songOfStrips(128), {}, drawFrame};
-  bench::Worker themedFrame{"themes/ember", songOfStrips(128), {}, drawFrame};
+  std::string strips = writeStripTheme();
+  bench::Worker themedFrame{strips, songOfStrips(128), {}, drawFrame};
   bench::Worker plainBorder{"", songOfStrips(4), {}, askBorders};
   bench::Worker themedBorder{writeTheme("absent", text("unrelated", "x"), ""), songOfStrips(4), {}, askBorders};
   std::string anchored = writeTheme("anchored", text("mixerStripBGGradient", kAnchored), "");
   bench::Worker few{anchored, songOfStrips(128), {}, presentAndDrawStrips};
   bench::Worker many{anchored, songOfStrips(1024), {}, presentAndDrawStrips};
   bench::Worker heights{anchored, songOfStrips(1024), giveEightHeights, presentAndDrawStrips};
-  bench::Worker looksFew{"themes/ember", songOfStrips(128), {}, presentAndDrawStrips};
-  bench::Worker looksMany{"themes/ember", songOfStrips(1024), {}, presentAndDrawStrips};
+  bench::Worker looksFew{strips, songOfStrips(128), {}, presentAndDrawStrips};
+  bench::Worker looksMany{strips, songOfStrips(1024), {}, presentAndDrawStrips};
 };
 
 constexpr const char* kFrameRow = "a frame of 128 strips, gradient theme, warm";
