@@ -736,6 +736,48 @@ struct NSButton : NSControl {
   void setState(NSInteger state) const { cocoa::call<"setState:">(object, state); }
 };
 
+struct NSMenuItem : NSObject {
+  static constexpr cocoa::FixedString kClassName{"NSMenuItem"};
+  using NSObject::NSObject;
+  [[nodiscard]] NSString title() const { return cocoa::call<"title", NSString>(object); }
+  void setTitle(NSString title) const { cocoa::call<"setTitle:">(object, title); }
+  /// Shown instead of the title when there is one.
+  [[nodiscard]] NSAttributedString attributedTitle() const {
+    return cocoa::call<"attributedTitle", NSAttributedString>(object);
+  }
+  void setAttributedTitle(NSAttributedString title) const { cocoa::call<"setAttributedTitle:">(object, title); }
+  [[nodiscard]] NSInteger state() const { return cocoa::call<"state", NSInteger>(object); }
+  void setState(NSInteger state) const { cocoa::call<"setState:">(object, state); }
+};
+
+struct NSMenu : NSObject {
+  static constexpr cocoa::FixedString kClassName{"NSMenu"};
+  using NSObject::NSObject;
+  [[nodiscard]] NSArray itemArray() const { return cocoa::call<"itemArray", NSArray>(object); }
+  [[nodiscard]] NSInteger numberOfItems() const { return cocoa::call<"numberOfItems", NSInteger>(object); }
+  [[nodiscard]] NSMenuItem itemAtIndex(NSInteger index) const {
+    return cocoa::call<"itemAtIndex:", NSMenuItem>(object, index);
+  }
+  NSMenuItem addItemWithTitle(NSString title, SEL action, NSString keyEquivalent) const {
+    return cocoa::call<"addItemWithTitle:action:keyEquivalent:", NSMenuItem>(object, title, action, keyEquivalent);
+  }
+};
+
+struct NSPopUpButton : NSButton {
+  static constexpr cocoa::FixedString kClassName{"NSPopUpButton"};
+  using NSButton::NSButton;
+  [[nodiscard]] NSMenu menu() const { return cocoa::call<"menu", NSMenu>(object); }
+  [[nodiscard]] NSArray itemArray() const { return cocoa::call<"itemArray", NSArray>(object); }
+  /// The first item is selected as soon as it is added.
+  void addItemWithTitle(NSString title) const { cocoa::call<"addItemWithTitle:">(object, title); }
+  [[nodiscard]] NSMenuItem selectedItem() const { return cocoa::call<"selectedItem", NSMenuItem>(object); }
+  [[nodiscard]] NSInteger indexOfSelectedItem() const { return cocoa::call<"indexOfSelectedItem", NSInteger>(object); }
+  void selectItemAtIndex(NSInteger index) const { cocoa::call<"selectItemAtIndex:">(object, index); }
+  /// Of the arrows.
+  [[nodiscard]] NSColor contentTintColor() const { return cocoa::call<"contentTintColor", NSColor>(object); }
+  void setContentTintColor(NSColor color) const { cocoa::call<"setContentTintColor:">(object, color); }
+};
+
 struct NSBox : NSView {
   static constexpr cocoa::FixedString kClassName{"NSBox"};
   using NSView::NSView;

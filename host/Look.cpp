@@ -135,6 +135,7 @@ constexpr std::array<Row, kCount> kRows{{
     {Look::kRegionMuted, 112, 113, 116, 100, nullptr},
     {Look::kRegionTextDark, 18, 18, 20, 100, nullptr},
     {Look::kRegionTextLight, 244, 244, 246, 100, nullptr},
+    {Look::kMenuArrow, 190, 192, 197, 100, nullptr},
 }};
 
 constexpr bool rowsFollowTheNames() {

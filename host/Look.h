@@ -121,6 +121,7 @@ enum class Look : std::size_t {
   kRegionMuted,
   kRegionTextDark,
   kRegionTextLight,
+  kMenuArrow,
   kCount
 };
 

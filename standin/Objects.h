@@ -55,6 +55,8 @@ void registerCells();
 void registerControls();
 void registerTextFields();
 void registerButtons();
+void registerMenus();
+void registerPopUpButtons();
 void registerBoxes();
 void registerViewControllers();
 void registerThemeFrames();

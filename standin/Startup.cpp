@@ -47,6 +47,8 @@ constexpr void (*kRegistrations[])() = {
     registerControls,
     registerTextFields,
     registerButtons,
+    registerMenus,
+    registerPopUpButtons,
     registerBoxes,
     registerViewControllers,
     registerThemeFrames,

@@ -1,5 +1,6 @@
 #include "host/app/Views.h"
 #include "host/mixer/StripBuilder.h"
+#include "host/panes/KitViews.h"
 #include "host/panes/Pane.h"
 
 namespace host {
@@ -39,6 +40,8 @@ double paneExtent(PaneKind kind, const Song& song) {
   return stripHeight(song) + 48;
 }
 
-void definePaneClasses() {}
+void definePaneClasses() {
+  defineKitViews();
+}
 
 }  // namespace host
