@@ -21,73 +21,95 @@ int distance(const BandColour& a, const BandColour& b) {
   return std::abs(a.red - b.red) + std::abs(a.green - b.green) + std::abs(a.blue - b.blue);
 }
 
-/// The colours of the columns of a band. Pixels are taken over in blocks of a few columns: a column at a time
-/// would touch another cache line for every pixel. Most columns look like the one before, and share its colour.
+/// Columns from `first` to the next stretch's that have the same colour, or none.
+struct ColumnStretch {
+  long first = 0;
+  std::optional<BandColour> colour;
+};
+
+/// The colours of the columns of a band. Most columns look like the one before, and share its colour: a few columns
+/// at a time are compared row by row, as the pixels lie in memory.
 class ColumnColours {
  public:
   ColumnColours(const RulerPixels& ruler, BandRows band) : ruler_(ruler), band_(band) {
     constexpr long kMostSteps = 80;
     step_ = std::max(1L, (band.bottom - band.top + 1) / kMostSteps);
     tested_ = static_cast<std::size_t>((band.bottom - band.top) / step_ + 1);
-    pixels_.resize(tested_ * (kBlock + 1));
   }
 
-  std::vector<std::optional<BandColour>> all() {
-    std::vector<std::optional<BandColour>> colours;
-    colours.reserve(static_cast<std::size_t>(ruler_.width));
-    for (long first = 0; first < ruler_.width; first += kBlock) {
-      // The last column of a block stays in front of the next one.
-      std::copy_n(column(kBlock), tested_, column(0));
+  std::vector<ColumnStretch> stretches() {
+    std::vector<ColumnStretch> all{{0, colourOf(0)}};
+    for (long first = 1; first < ruler_.width; first += kBlock) {
       const long count = std::min(kBlock, ruler_.width - first);
-      load(first, count);
-      for (long i = 1; i <= count; ++i) {
-        const bool same = !colours.empty() && std::memcmp(column(i), column(i - 1), tested_ * sizeof(Pixel)) == 0;
-        colours.push_back(same ? colours.back() : colourOf(column(i)));
+      findChanges(first, count);
+      for (long i = 0; i < count; ++i) {
+        if (changes_[static_cast<std::size_t>(i)] == 0) continue;
+        const auto colour = colourOf(first + i);
+        if (colour != all.back().colour) all.push_back({first + i, colour});
       }
     }
-    return colours;
+    return all;
   }
 
  private:
-  using Pixel = std::array<std::uint8_t, 3>;
-  static constexpr long kBlock = 16;
+  static constexpr long kBlock = 1024;
 
-  Pixel* column(long index) { return pixels_.data() + static_cast<std::size_t>(index) * tested_; }
-
-  /// Takes over columns into the places from 1 on.
-  void load(long first, long count) {
-    std::size_t row = 0;
-    for (long y = band_.top; y <= band_.bottom; y += step_, ++row) {
-      const std::uint8_t* pixel = ruler_.row(y) + first * ruler_.bytesPerPixel;
-      for (long i = 1; i <= count; ++i, pixel += ruler_.bytesPerPixel) {
-        column(i)[row] = {pixel[0], pixel[1], pixel[2]};
+  /// Marks which columns differ from the one before in any row that is looked at.
+  void findChanges(long first, long count) {
+    const long size = ruler_.bytesPerPixel;
+    changes_.fill(0);
+    for (long y = band_.top; y <= band_.bottom; y += step_) {
+      const std::uint8_t* row = ruler_.row(y) + first * size;
+      if (size == 4) {
+        compareWords(row, static_cast<std::size_t>(count));
+        continue;
+      }
+      for (long i = 0; i < count; ++i) {
+        const std::uint8_t* pixel = row + i * size;
+        changes_[static_cast<std::size_t>(i)] |= static_cast<std::uint32_t>(std::memcmp(pixel, pixel - size, 3) != 0);
       }
     }
   }
 
-  std::optional<BandColour> colourOf(const Pixel* column) {
-    constexpr std::size_t kFewest = 2;
-    constexpr std::size_t kShare = 4;
-    samples_.clear();
-    for (std::size_t i = 0; i < tested_ && samples_.size() < kMostSamples; ++i) {
-      if (isColoured(column[i].data())) samples_.push_back(column[i]);
+  void compareWords(const std::uint8_t* row, std::size_t count) {
+    constexpr std::uint32_t kColour = 0x00FF'FFFF;  // the fourth byte says nothing
+    static_assert(std::endian::native == std::endian::little, "words of pixels are taken apart by their bits");
+    for (std::size_t i = 0; i < count; ++i) {
+      std::uint32_t word = 0;
+      std::uint32_t before = 0;
+      std::memcpy(&word, row + 4 * i, sizeof word);
+      std::memcpy(&before, row + 4 * i - 4, sizeof before);
+      changes_[i] |= (word ^ before) & kColour;
     }
-    if (samples_.size() < std::max(kFewest, tested_ / kShare)) return std::nullopt;
-    return BandColour{median(0), median(1), median(2)};
   }
 
-  int median(std::size_t channel) {
-    const auto middle = samples_.begin() + static_cast<std::ptrdiff_t>(samples_.size() / 2);
-    std::ranges::nth_element(samples_, middle, {}, [channel](const Pixel& pixel) { return pixel[channel]; });
-    return (*middle)[channel];
+  std::optional<BandColour> colourOf(long column) {
+    constexpr std::size_t kFewest = 2;
+    constexpr std::size_t kShare = 4;
+    std::size_t count = 0;
+    for (long y = band_.top; y <= band_.bottom && count < kMostSamples; y += step_) {
+      const std::uint8_t* pixel = ruler_.row(y) + column * ruler_.bytesPerPixel;
+      if (!isColoured(pixel)) continue;
+      for (std::size_t channel = 0; channel < samples_.size(); ++channel) samples_[channel][count] = pixel[channel];
+      ++count;
+    }
+    if (count < std::max(kFewest, tested_ / kShare)) return std::nullopt;
+    return BandColour{median(0, count), median(1, count), median(2, count)};
+  }
+
+  int median(std::size_t channel, std::size_t count) {
+    const auto first = samples_[channel].begin();
+    const auto middle = first + static_cast<std::ptrdiff_t>(count / 2);
+    std::nth_element(first, middle, first + static_cast<std::ptrdiff_t>(count));
+    return *middle;
   }
 
   const RulerPixels& ruler_;
   BandRows band_;
   long step_ = 1;
-  std::size_t tested_ = 1;      // rows that are looked at
-  std::vector<Pixel> pixels_;   // column by column
-  std::vector<Pixel> samples_;  // of one column
+  std::size_t tested_ = 1;                                           // rows that are looked at
+  std::array<std::uint32_t, kBlock> changes_{};                      // by column; 0 where it is like the one before
+  std::array<std::array<std::uint8_t, kMostSamples>, 3> samples_{};  // of one column, by channel
 };
 
 /// Follows the colours from left to right and tells the sink where a stretch begins. A colour must hold for a
@@ -164,13 +186,17 @@ long persistenceOf(const RulerPixels& ruler) {
 }
 
 template <class Sink>
-void walk(const RulerPixels& ruler, const std::vector<std::optional<BandColour>>& colours, Sink& sink) {
+void walk(const RulerPixels& ruler, const std::vector<ColumnStretch>& stretches, Sink& sink) {
   Walk<Sink> state(persistenceOf(ruler), sink);
-  for (long column = 0; column < static_cast<long>(colours.size()); ++column) {
-    if (const auto& colour = colours[static_cast<std::size_t>(column)]) {
-      state.coloured(column, *colour);
-    } else {
-      state.uncoloured(column);
+  for (std::size_t i = 0; i < stretches.size(); ++i) {
+    const auto& [first, colour] = stretches[i];
+    const long end = i + 1 < stretches.size() ? stretches[i + 1].first : ruler.width;
+    for (long column = first; column < end; ++column) {
+      if (colour) {
+        state.coloured(column, *colour);
+      } else {
+        state.uncoloured(column);
+      }
     }
   }
   state.uncoloured(ruler.width);  // closes what is open
@@ -210,16 +236,16 @@ struct ColourCounter {
   void gap(long) {}
 };
 
-std::vector<BandSegment> segmentsOf(const RulerPixels& ruler, const std::vector<std::optional<BandColour>>& colours,
+std::vector<BandSegment> segmentsOf(const RulerPixels& ruler, const std::vector<ColumnStretch>& stretches,
                                     double sectionLeft) {
   SegmentSink sink{ruler, sectionLeft, {}};
-  walk(ruler, colours, sink);
+  walk(ruler, stretches, sink);
   return std::move(sink.segments);
 }
 
-int scoreOf(const RulerPixels& ruler, const std::vector<std::optional<BandColour>>& colours, double sectionLeft) {
+int scoreOf(const RulerPixels& ruler, const std::vector<ColumnStretch>& stretches, double sectionLeft) {
   ColourCounter counter{ruler, sectionLeft, {}};
-  walk(ruler, colours, counter);
+  walk(ruler, stretches, counter);
   return static_cast<int>(counter.colours.size());
 }
 
@@ -325,12 +351,12 @@ long colouredPixelsIn(const RulerPixels& ruler, long y) {
 
 std::vector<BandSegment> VLRMBWalkBand(const RulerPixels& ruler, BandRows band, double sectionLeft) {
   if (!isInside(ruler, band)) return {};
-  return segmentsOf(ruler, ColumnColours(ruler, band).all(), sectionLeft);
+  return segmentsOf(ruler, ColumnColours(ruler, band).stretches(), sectionLeft);
 }
 
 int distinctColoursAlong(const RulerPixels& ruler, BandRows band, double sectionLeft) {
   if (!isInside(ruler, band)) return 0;
-  return scoreOf(ruler, ColumnColours(ruler, band).all(), sectionLeft);
+  return scoreOf(ruler, ColumnColours(ruler, band).stretches(), sectionLeft);
 }
 
 MarkerLane readMarkerLane(const RulerPixels& ruler, double sectionLeft) {
@@ -340,17 +366,17 @@ MarkerLane readMarkerLane(const RulerPixels& ruler, double sectionLeft) {
   lane.rowThreshold = rowThresholdOf(ruler.width);
   lane.bands = bandsOf(ruler, lane.rowThreshold);
   const double firstRow = std::floor(kTopStrip * ruler.pixelsPerPoint);
-  std::vector<std::optional<BandColour>> chosenColours;
+  std::vector<ColumnStretch> chosen;
   for (ColouredBand& band : lane.bands) {
     band.inTopStrip = static_cast<double>(band.rows.top) < firstRow;
     if (band.inTopStrip) continue;
-    auto colours = ColumnColours(ruler, band.rows).all();
-    band.score = scoreOf(ruler, colours, sectionLeft);
+    auto stretches = ColumnColours(ruler, band.rows).stretches();
+    band.score = scoreOf(ruler, stretches, sectionLeft);
     if (band.score <= (lane.chosen ? lane.chosen->score : 0)) continue;
     lane.chosen = band;
-    chosenColours = std::move(colours);
+    chosen = std::move(stretches);
   }
-  if (lane.chosen) lane.segments = segmentsOf(ruler, chosenColours, sectionLeft);
+  if (lane.chosen) lane.segments = segmentsOf(ruler, chosen, sectionLeft);
   return lane;
 }
 
