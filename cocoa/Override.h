@@ -106,4 +106,14 @@ class Override<Target, R(A...), Host, Replacement, Kind> {
   static inline IMP host_ = nullptr;
 };
 
+/// Exchanges pairs, once in a process however often it is sent: a second time would exchange them back.
+template <class... Pairs>
+void installOnce(Class /*self*/) {
+  static const bool installed = [] {
+    (static_cast<void>(Pairs::install()), ...);
+    return true;
+  }();
+  static_cast<void>(installed);
+}
+
 }  // namespace cocoa

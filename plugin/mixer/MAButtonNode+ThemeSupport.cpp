@@ -260,21 +260,6 @@ NSString pluginID(Class /*self*/, std::uint32_t type, std::uint32_t subtype, std
   return makePluginID({type, subtype, manufacturer});
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    SetForegroundColor::install();
-    ForegroundColor::install();
-    AttributedTitle::install();
-    SetAssetSetPath::install();
-    NumberOfSegments::install();
-    UpdatePresentationObject::install();
-    SetRepresentedObject::install();
-    ImageForState::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachMAButtonNodeThemeSupport() {
@@ -288,7 +273,9 @@ void attachMAButtonNodeThemeSupport() {
       .replacement<UpdatePresentationObject, customUpdatePresentationObject>()
       .replacement<SetRepresentedObject, customSetRepresentedObject>()
       .replacement<ImageForState, customImageForState>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod",
+                   installOnce<SetForegroundColor, ForegroundColor, AttributedTitle, SetAssetSetPath, NumberOfSegments,
+                               UpdatePresentationObject, SetRepresentedObject, ImageForState>>();
 }
 
 }  // namespace velura

@@ -58,20 +58,12 @@ void customSetTextColor(MADisplayNode display, NSColor colour) {
   SetTextColor::callHost(display, themed ? themed : colour);
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    SetTextColor::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachMADisplayNodeThemeSupport() {
   CategoryDefinition("MADisplayNode")
       .replacement<SetTextColor, customSetTextColor>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<SetTextColor>>();
 }
 
 }  // namespace velura

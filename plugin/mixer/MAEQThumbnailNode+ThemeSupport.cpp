@@ -35,20 +35,12 @@ void customDrawTitle(MAEQThumbnailNode thumbnail, CGRect rect, CGContextRef cont
   if (title.length() > 0) drawTitle(title, rect, context, colour);
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    DrawTitle::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachMAEQThumbnailNodeThemeSupport() {
   CategoryDefinition("MAEQThumbnailNode")
       .replacement<DrawTitle, customDrawTitle>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<DrawTitle>>();
 }
 
 }  // namespace velura

@@ -43,21 +43,13 @@ void customUpdatePresentationObject(MAFaderNode fader, NSObject presentation, NS
   call<"customUpdateFaderKnob">(fader);
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    UpdatePresentationObject::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachMAFaderNodeThemeSupport() {
   CategoryDefinition("MAFaderNode")
       .method<"customUpdateFaderKnob", customUpdateFaderKnob>()
       .replacement<UpdatePresentationObject, customUpdatePresentationObject>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<UpdatePresentationObject>>();
 }
 
 }  // namespace velura

@@ -28,22 +28,13 @@ NSColor customFillColor(MANode meter) {
   return themed ? themed : FillColor::callHost(meter);
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    BackgroundFillColor::install();
-    FillColor::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachMAGainReductionMeterNodeThemeSupport() {
   CategoryDefinition("MAGainReductionMeterNode")
       .replacement<BackgroundFillColor, customBackgroundFillColor>()
       .replacement<FillColor, customFillColor>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<BackgroundFillColor, FillColor>>();
 }
 
 }  // namespace velura

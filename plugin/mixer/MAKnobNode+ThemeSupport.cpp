@@ -55,14 +55,9 @@ void customDrawRect(MANode knob, CGRect rect, CGContextRef context) {
   drawRing(rect, context, ring);
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    if (ThemeUtility::shared().useImagesToDraw) UpdatePresentationObject::install();
-    FillColor::install();
-    DrawRect::install();
-    return true;
-  }();
-  static_cast<void>(installed);
+void addSwizzleMethod(Class self) {
+  installOnce<FillColor, DrawRect>(self);
+  if (ThemeUtility::shared().useImagesToDraw) installOnce<UpdatePresentationObject>(self);
 }
 
 }  // namespace

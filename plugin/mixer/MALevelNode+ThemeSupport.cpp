@@ -37,20 +37,12 @@ void customLevelUpdatePresentationObject(MALevelNode meter, NSObject presentatio
   UpdatePresentationObject::callHost(meter, presentation, view);
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    UpdatePresentationObject::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachMALevelNodeThemeSupport() {
   CategoryDefinition("MALevelNode")
       .replacement<UpdatePresentationObject, customLevelUpdatePresentationObject>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<UpdatePresentationObject>>();
 }
 
 }  // namespace velura

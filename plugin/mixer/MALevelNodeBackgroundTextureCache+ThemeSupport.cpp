@@ -18,20 +18,12 @@ CGImageRef customBackgroundTextureNamed(Class cache, NSInteger name, CGSize size
   return themed != nullptr ? themed : BackgroundTextureNamed::callHost(cache, name, size, scale);
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    BackgroundTextureNamed::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachMALevelNodeBackgroundTextureCacheThemeSupport() {
   CategoryDefinition("MALevelNodeBackgroundTextureCache")
       .replacement<BackgroundTextureNamed, customBackgroundTextureNamed>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<BackgroundTextureNamed>>();
 }
 
 }  // namespace velura

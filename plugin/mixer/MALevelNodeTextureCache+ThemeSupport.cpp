@@ -21,20 +21,12 @@ CGImageRef customTextureNamed(Class cache, NSInteger number, CGSize size, CGFloa
   return themed != nullptr ? themed : TextureNamed::callHost(cache, type.base, size, scale);
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    TextureNamed::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachMALevelNodeTextureCacheThemeSupport() {
   CategoryDefinition("MALevelNodeTextureCache")
       .replacement<TextureNamed, customTextureNamed>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<TextureNamed>>();
 }
 
 }  // namespace velura

@@ -92,17 +92,6 @@ void customDrawRect(MANode panner, CGRect rect, CGContextRef context) {
   CGContextRestoreGState(context);
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    ValueIndicatorColor::install();
-    SpreadFillColor::install();
-    SpreadStrokeColor::install();
-    DrawRect::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachMAPlanarPannerNodeThemeSupport() {
@@ -112,7 +101,8 @@ void attachMAPlanarPannerNodeThemeSupport() {
       .replacement<SpreadFillColor, customSpreadFillColor>()
       .replacement<SpreadStrokeColor, customSpreadStrokeColor>()
       .replacement<DrawRect, customDrawRect>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod",
+                   installOnce<ValueIndicatorColor, SpreadFillColor, SpreadStrokeColor, DrawRect>>();
 }
 
 }  // namespace velura

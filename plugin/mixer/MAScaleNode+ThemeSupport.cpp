@@ -44,16 +44,6 @@ void customSetType(MAScaleNode scale, NSInteger type) {
   }
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    LabelColor::install();
-    HighlightedLabelColor::install();
-    SetType::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachMAScaleNodeThemeSupport() {
@@ -61,7 +51,7 @@ void attachMAScaleNodeThemeSupport() {
       .replacement<LabelColor, customLabelColor>()
       .replacement<HighlightedLabelColor, customHighlightedLabelColor>()
       .replacement<SetType, customSetType>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<LabelColor, HighlightedLabelColor, SetType>>();
 }
 
 }  // namespace velura

@@ -29,22 +29,13 @@ NSObject customTick(Class tick, NSInteger type, CGColorRef colour, CGColorRef hi
                            themedOr(ThemeKey::kScaleTickMarkHighlightColor, highlighted), y, label);
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    TickWithType::install();
-    InfinityTickWithType::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachMAScaleTickThemeSupport() {
   CategoryDefinition("MAScaleTick")
       .replacement<TickWithType, customTick<TickWithType>>()
       .replacement<InfinityTickWithType, customTick<InfinityTickWithType>>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<TickWithType, InfinityTickWithType>>();
 }
 
 }  // namespace velura

@@ -28,13 +28,9 @@ void customUpdatePresentationObject(MANode panner, NSObject presentation, NSObje
   if (isPannerKnob(panner)) updateImageLayer(kKnobBackground, panner, presentation, panner.isHighlighted());
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    DrawRect::install();
-    if (ThemeUtility::shared().useImagesToDraw) UpdatePresentationObject::install();
-    return true;
-  }();
-  static_cast<void>(installed);
+void addSwizzleMethod(Class self) {
+  installOnce<DrawRect>(self);
+  if (ThemeUtility::shared().useImagesToDraw) installOnce<UpdatePresentationObject>(self);
 }
 
 }  // namespace

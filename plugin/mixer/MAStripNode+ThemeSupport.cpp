@@ -296,19 +296,10 @@ NSColor vlrApplyStripGradientWithOverlay(MAStripNode strip, NSColor base, BOOL h
   return applyStripGradient(strip, base, highlighted != 0, overlay);
 }
 
-void addSwizzleMethod(Class /*self*/) {
+void addSwizzleMethod(Class self) {
   if (!VLRIsCustomThemeSelected()) return;
-  static const bool installed = [] {
-    WillUpdatePresentationObject::install();
-    BackgroundColor::install();
-    HighlightedBackgroundColor::install();
-    BorderColor::install();
-    ElementTitleImage::install();
-    DrawSlotFrame::install();
-    DrawKnobFrame::install();
-    return true;
-  }();
-  static_cast<void>(installed);
+  installOnce<WillUpdatePresentationObject, BackgroundColor, HighlightedBackgroundColor, BorderColor, ElementTitleImage,
+              DrawSlotFrame, DrawKnobFrame>(self);
 }
 
 }  // namespace

@@ -53,22 +53,13 @@ void customSetSymbol(MANode button, NSObject symbol) {
   SetSymbol::callHost(button, colour ? NSObject(inColour(text, colour)) : symbol);
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    SetForegroundColor::install();
-    SetSymbol::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachMASymbolButtonNodeThemeSupport() {
   CategoryDefinition("MASymbolButtonNode")
       .replacement<SetForegroundColor, customSetForegroundColor>()
       .replacement<SetSymbol, customSetSymbol>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<SetForegroundColor, SetSymbol>>();
 }
 
 }  // namespace velura

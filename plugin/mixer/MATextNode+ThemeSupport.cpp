@@ -93,16 +93,6 @@ void customSetBackgroundColor(MATextNode text, NSColor colour) {
   SetBackgroundColor::callHost(text, colour);
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    ForegroundColor::install();
-    SetBackgroundColor::install();
-    BackgroundColor::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachMATextNodeThemeSupport() {
@@ -110,7 +100,7 @@ void attachMATextNodeThemeSupport() {
       .replacement<ForegroundColor, customForegroundColor>()
       .replacement<SetBackgroundColor, customSetBackgroundColor>()
       .replacement<BackgroundColor, customBackgroundColor>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<ForegroundColor, SetBackgroundColor, BackgroundColor>>();
 }
 
 }  // namespace velura

@@ -27,13 +27,9 @@ void customDrawCap(MANode cap, CGRect rect, CGContextRef context, BOOL flipped) 
   fillDisc(rect.insetBy(kInset, kInset), context, disc);
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    if (ThemeUtility::shared().useImagesToDraw) UpdatePresentationObject::install();
-    DrawCap::install();
-    return true;
-  }();
-  static_cast<void>(installed);
+void addSwizzleMethod(Class self) {
+  installOnce<DrawCap>(self);
+  if (ThemeUtility::shared().useImagesToDraw) installOnce<UpdatePresentationObject>(self);
 }
 
 }  // namespace

@@ -28,13 +28,9 @@ void customUpdatePresentationObject(MANode spread, NSObject presentation, NSObje
   if (isPannerKnob(panner)) updateImageLayer(kKnobFace, spread, presentation, panner.isHighlighted());
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    FillColor::install();
-    if (ThemeUtility::shared().useImagesToDraw) UpdatePresentationObject::install();
-    return true;
-  }();
-  static_cast<void>(installed);
+void addSwizzleMethod(Class self) {
+  installOnce<FillColor>(self);
+  if (ThemeUtility::shared().useImagesToDraw) installOnce<UpdatePresentationObject>(self);
 }
 
 }  // namespace

@@ -35,22 +35,13 @@ NSColor customStepSequencerBackgroundColor(Class self) {
   return themed ? themed : StepSequencerBackground::callHost(self);
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool once = [] {
-    ColorWithCatalogName::install();
-    StepSequencerBackground::install();
-    return true;
-  }();
-  static_cast<void>(once);
-}
-
 }  // namespace
 
 void attachNSColorThemeSupport() {
   CategoryDefinition("NSColor")
       .replacement<ColorWithCatalogName, customColorWithCatalogName>()
       .replacement<StepSequencerBackground, customStepSequencerBackgroundColor>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<ColorWithCatalogName, StepSequencerBackground>>();
 }
 
 }  // namespace velura

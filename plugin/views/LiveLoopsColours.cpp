@@ -38,17 +38,10 @@ struct Colour {
 /// A class of the host that answers colours.
 template <FixedString Provider, class... Colours>
 struct ColourProvider {
-  static void addSwizzleMethod(Class /*self*/) {
-    static const bool installed = [] {
-      (Colours::template Pair<Provider>::install(), ...);
-      return true;
-    }();
-    static_cast<void>(installed);
-  }
   static void attach() {
     CategoryDefinition category(Provider.text);
     (category.replacement<typename Colours::template Pair<Provider>, Colours::template custom<Provider>>(), ...);
-    category.classMethod<"addSwizzleMethod", addSwizzleMethod>();
+    category.classMethod<"addSwizzleMethod", installOnce<typename Colours::template Pair<Provider>...>>();
   }
 };
 

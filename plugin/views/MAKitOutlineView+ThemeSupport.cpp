@@ -17,20 +17,12 @@ void customSetThemeVariant(NSView outline, NSInteger variant) {
   if (outline.className().isEqualToString(literal<"MALoopBrowserOutlineView">())) colourLoopBrowserList(outline);
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    SetThemeVariant::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachMAKitOutlineViewThemeSupport() {
   CategoryDefinition("MAKitOutlineView")
       .replacement<SetThemeVariant, customSetThemeVariant>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<SetThemeVariant>>();
 }
 
 }  // namespace velura

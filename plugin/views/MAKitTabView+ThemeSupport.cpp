@@ -18,20 +18,12 @@ void customSetLayer(NSView tabs, CALayer layer) {
   fillLayer(layer, ThemeKey::kLoopBrowserPaneHeaderColor);
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    SetLayer::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachMAKitTabViewThemeSupport() {
   CategoryDefinition("MAKitTabView")
       .replacement<SetLayer, customSetLayer>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<SetLayer>>();
 }
 
 }  // namespace velura

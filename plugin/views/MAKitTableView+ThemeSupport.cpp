@@ -34,22 +34,13 @@ void customSetGridStyleMask(NSView table, NSUInteger mask) {
   SetGridStyleMask::callHost(table, isLoopBrowserTable(table) ? kColumnLinesOnly : mask);
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    SetThemeVariant::install();
-    SetGridStyleMask::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachMAKitTableViewThemeSupport() {
   CategoryDefinition("MAKitTableView")
       .replacement<SetThemeVariant, customSetThemeVariant>()
       .replacement<SetGridStyleMask, customSetGridStyleMask>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<SetThemeVariant, SetGridStyleMask>>();
 }
 
 }  // namespace velura

@@ -29,20 +29,12 @@ void customControlsDrawRect(NSView controls, CGRect dirty) {
   NSRectFill(dirty);
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    ControlsDrawRect::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachMAKitViewThemeSupport() {
   CategoryDefinition("MAKitView")
       .replacement<ControlsDrawRect, customControlsDrawRect>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<ControlsDrawRect>>();
 }
 
 }  // namespace velura

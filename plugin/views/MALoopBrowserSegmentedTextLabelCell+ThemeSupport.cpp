@@ -58,20 +58,12 @@ NSObject customAttributedString(NSCell cell) {
   return text;
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    AttributedString::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachMALoopBrowserSegmentedTextLabelCellThemeSupport() {
   CategoryDefinition("MALoopBrowserSegmentedTextLabelCell")
       .replacement<AttributedString, customAttributedString>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<AttributedString>>();
 }
 
 }  // namespace velura

@@ -26,22 +26,13 @@ void customViewWillMoveToWindow(NSView contents, NSWindow window) {
   if (themed) contents.layer().setBackgroundColor(themed.CGColor());
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    BackgroundColor::install();
-    ViewWillMoveToWindow::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachMANodeViewThemeSupport() {
   CategoryDefinition("MANodeView")
       .replacement<BackgroundColor, mixerBackgroundColor>()
       .replacement<ViewWillMoveToWindow, customViewWillMoveToWindow>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<BackgroundColor, ViewWillMoveToWindow>>();
 }
 
 }  // namespace velura

@@ -20,20 +20,12 @@ void customSetQuickHelpID(NSObject button, NSObject identifier) {
   SetQuickHelpID::callHost(button, identifier);
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    SetQuickHelpID::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachMAPopUpButtonThemeSupport() {
   CategoryDefinition("MAPopUpButton")
       .replacement<SetQuickHelpID, customSetQuickHelpID>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<SetQuickHelpID>>();
 }
 
 }  // namespace velura

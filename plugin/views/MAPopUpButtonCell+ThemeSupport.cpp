@@ -25,20 +25,12 @@ void customSendsOnFaderHackState(NSObject cell, NSInteger state) {
   if (const NSColor colour = arrowColour(state)) call<"setMenuArrowColor:">(cell, colour);
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    SendsOnFaderHackState::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachMAPopUpButtonCellThemeSupport() {
   CategoryDefinition("MAPopUpButtonCell")
       .replacement<SendsOnFaderHackState, customSendsOnFaderHackState>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<SendsOnFaderHackState>>();
 }
 
 }  // namespace velura

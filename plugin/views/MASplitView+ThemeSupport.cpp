@@ -19,20 +19,12 @@ void customSetLayer(NSView split, CALayer layer) {
   }
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    SetLayer::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachMASplitViewThemeSupport() {
   CategoryDefinition("MASplitView")
       .replacement<SetLayer, customSetLayer>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<SetLayer>>();
 }
 
 }  // namespace velura

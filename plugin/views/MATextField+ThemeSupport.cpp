@@ -21,20 +21,12 @@ void customViewDidMoveToWindow(NSView field) {
   ViewDidMoveToWindow::callHost(field);
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    ViewDidMoveToWindow::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachMATextFieldThemeSupport() {
   CategoryDefinition("MATextField")
       .replacement<ViewDidMoveToWindow, customViewDidMoveToWindow>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<ViewDidMoveToWindow>>();
 }
 
 }  // namespace velura

@@ -20,27 +20,18 @@ NSColor customBackgroundColor(NSView legend) {
 
 void customAddElements(NSObject controller) { AddElements::callHost(controller); }
 
-template <class Pair>
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    Pair::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachMixerLegendViewThemeSupport() {
   CategoryDefinition("MixerLegendView")
       .replacement<BackgroundColor, customBackgroundColor>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod<BackgroundColor>>();
+      .classMethod<"addSwizzleMethod", installOnce<BackgroundColor>>();
 }
 
 void attachMixerLegendViewControllerThemeSupport() {
   CategoryDefinition("MixerLegendViewController")
       .replacement<AddElements, customAddElements>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod<AddElements>>();
+      .classMethod<"addSwizzleMethod", installOnce<AddElements>>();
 }
 
 }  // namespace velura

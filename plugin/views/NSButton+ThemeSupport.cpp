@@ -33,12 +33,8 @@ void customSetImage(NSButton button, NSImage image) {
   call<"setAlternateImage:">(button, other);
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    if (VLRIsCustomThemeSelected()) SetImage::install();
-    return true;
-  }();
-  static_cast<void>(installed);
+void addSwizzleMethod(Class self) {
+  if (VLRIsCustomThemeSelected()) installOnce<SetImage>(self);
 }
 
 }  // namespace

@@ -39,20 +39,12 @@ void customSetState(NSButtonCell cell, NSInteger state) {
   if (state != before) exchangeImages(cell);
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    SetState::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachNSButtonCellThemeSupport() {
   CategoryDefinition("NSButtonCell")
       .replacement<SetState, customSetState>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<SetState>>();
 }
 
 }  // namespace velura

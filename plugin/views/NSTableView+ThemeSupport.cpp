@@ -19,20 +19,12 @@ void customSetAutosaveName(NSView table, NSString name) {
   colourTable(table, ThemeKey::kTableViewSeparatorColor, ThemeKey::kTableviewColor);
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    SetAutosaveName::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachNSTableViewThemeSupport() {
   CategoryDefinition("NSTableView")
       .replacement<SetAutosaveName, customSetAutosaveName>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<SetAutosaveName>>();
 }
 
 }  // namespace velura

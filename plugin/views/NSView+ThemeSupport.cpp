@@ -36,22 +36,13 @@ void notesListDrawRect(NSView list, CGRect dirty) {
   NSRectFill(decoration.convertRectToView(decoration.bounds(), list));
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    NotePadBackground::install();
-    NotesListDrawRect::install();
-    return true;
-  }();
-  static_cast<void>(installed);
-}
-
 }  // namespace
 
 void attachNSViewThemeSupport() {
   CategoryDefinition("NSView")
       .replacement<NotePadBackground, notePadViewBackgroundColor>()
       .replacement<NotesListDrawRect, notesListDrawRect>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
+      .classMethod<"addSwizzleMethod", installOnce<NotePadBackground, NotesListDrawRect>>();
 }
 
 }  // namespace velura

@@ -157,13 +157,9 @@ NSObject customLegendItem(NSObject controller, NSString identifier) {
   return item;
 }
 
-void addSwizzleMethod(Class /*self*/) {
-  static const bool installed = [] {
-    if (isHostEqualOrNewerThan("11.2")) LegendItem::install();
-    UpdateLibrary::install();
-    return true;
-  }();
-  static_cast<void>(installed);
+void addSwizzleMethod(Class self) {
+  installOnce<UpdateLibrary>(self);
+  if (isHostEqualOrNewerThan("11.2")) installOnce<LegendItem>(self);
 }
 
 }  // namespace
