@@ -778,6 +778,84 @@ struct NSPopUpButton : NSButton {
   void setContentTintColor(NSColor color) const { cocoa::call<"setContentTintColor:">(object, color); }
 };
 
+struct NSTableColumn : NSObject {
+  static constexpr cocoa::FixedString kClassName{"NSTableColumn"};
+  using NSObject::NSObject;
+  static cocoa::Ref<NSTableColumn> withIdentifier(NSString identifier) {
+    return cocoa::makeWith<NSTableColumn, "initWithIdentifier:">(identifier);
+  }
+  [[nodiscard]] NSString identifier() const { return cocoa::call<"identifier", NSString>(object); }
+  [[nodiscard]] NSCell dataCell() const { return cocoa::call<"dataCell", NSCell>(object); }
+  void setDataCell(NSCell cell) const { cocoa::call<"setDataCell:">(object, cell); }
+  [[nodiscard]] NSCell headerCell() const { return cocoa::call<"headerCell", NSCell>(object); }
+  [[nodiscard]] CGFloat width() const { return cocoa::call<"width", CGFloat>(object); }
+  void setWidth(CGFloat width) const { cocoa::call<"setWidth:">(object, width); }
+};
+
+/// Lines of a table: bits of its grid's style.
+inline constexpr NSUInteger NSTableViewSolidVerticalGridLineMask = 1;
+inline constexpr NSUInteger NSTableViewSolidHorizontalGridLineMask = 2;
+
+struct NSTableView : NSControl {
+  static constexpr cocoa::FixedString kClassName{"NSTableView"};
+  using NSControl::NSControl;
+  static cocoa::Ref<NSTableView> withFrame(NSRect frame) {
+    return cocoa::makeWith<NSTableView, "initWithFrame:">(frame);
+  }
+  [[nodiscard]] NSArray tableColumns() const { return cocoa::call<"tableColumns", NSArray>(object); }
+  void addTableColumn(NSTableColumn column) const { cocoa::call<"addTableColumn:">(object, column); }
+  /// Neither is retained.
+  [[nodiscard]] NSObject dataSource() const { return cocoa::call<"dataSource", NSObject>(object); }
+  void setDataSource(NSObject source) const { cocoa::call<"setDataSource:">(object, source); }
+  void setDelegate(NSObject delegate) const { cocoa::call<"setDelegate:">(object, delegate); }
+  /// The view of the column titles, which lies where it is put.
+  [[nodiscard]] NSView headerView() const { return cocoa::call<"headerView", NSView>(object); }
+  void reloadData() const { cocoa::call<"reloadData">(object); }
+  [[nodiscard]] NSInteger numberOfRows() const { return cocoa::call<"numberOfRows", NSInteger>(object); }
+  [[nodiscard]] CGFloat rowHeight() const { return cocoa::call<"rowHeight", CGFloat>(object); }
+  void setRowHeight(CGFloat height) const { cocoa::call<"setRowHeight:">(object, height); }
+  [[nodiscard]] NSRect rectOfRow(NSInteger row) const { return cocoa::call<"rectOfRow:", NSRect>(object, row); }
+  [[nodiscard]] NSRect frameOfCellAtColumn(NSInteger column, NSInteger row) const {
+    return cocoa::call<"frameOfCellAtColumn:row:", NSRect>(object, column, row);
+  }
+  /// -1 while none is.
+  [[nodiscard]] NSInteger selectedRow() const { return cocoa::call<"selectedRow", NSInteger>(object); }
+  [[nodiscard]] bool isRowSelected(NSInteger row) const { return cocoa::asks<"isRowSelected:">(object, row); }
+  void selectRow(NSInteger row) const {
+    cocoa::call<"selectRowIndexes:byExtendingSelection:">(
+        object,
+        cocoa::call<"indexSetWithIndex:", NSObject>(cocoa::asObject(cocoa::classNamed<"NSIndexSet">()),
+                                                    static_cast<NSUInteger>(row)),
+        BOOL(0));
+  }
+  [[nodiscard]] NSUInteger gridStyleMask() const { return cocoa::call<"gridStyleMask", NSUInteger>(object); }
+  void setGridStyleMask(NSUInteger mask) const { cocoa::call<"setGridStyleMask:">(object, mask); }
+  [[nodiscard]] NSColor gridColor() const { return cocoa::call<"gridColor", NSColor>(object); }
+  void setGridColor(NSColor color) const { cocoa::call<"setGridColor:">(object, color); }
+  [[nodiscard]] NSColor backgroundColor() const { return cocoa::call<"backgroundColor", NSColor>(object); }
+  void setBackgroundColor(NSColor color) const { cocoa::call<"setBackgroundColor:">(object, color); }
+  void setUsesAlternatingRowBackgroundColors(bool uses) const {
+    cocoa::call<"setUsesAlternatingRowBackgroundColors:">(object, BOOL(uses));
+  }
+  void setAutosaveName(NSString name) const { cocoa::call<"setAutosaveName:">(object, name); }
+};
+
+struct NSOutlineView : NSTableView {
+  static constexpr cocoa::FixedString kClassName{"NSOutlineView"};
+  using NSTableView::NSTableView;
+  static cocoa::Ref<NSOutlineView> withFrame(NSRect frame) {
+    return cocoa::makeWith<NSOutlineView, "initWithFrame:">(frame);
+  }
+  void expandItem(NSObject item) const { cocoa::call<"expandItem:">(object, item); }
+  void collapseItem(NSObject item) const { cocoa::call<"collapseItem:">(object, item); }
+  [[nodiscard]] bool isItemExpanded(NSObject item) const { return cocoa::asks<"isItemExpanded:">(object, item); }
+  /// nil for a row that is not there.
+  [[nodiscard]] NSObject itemAtRow(NSInteger row) const { return cocoa::call<"itemAtRow:", NSObject>(object, row); }
+  [[nodiscard]] NSInteger levelForRow(NSInteger row) const {
+    return cocoa::call<"levelForRow:", NSInteger>(object, row);
+  }
+};
+
 struct NSBox : NSView {
   static constexpr cocoa::FixedString kClassName{"NSBox"};
   using NSView::NSView;

@@ -46,6 +46,13 @@ State* stateIfKind(NSObject object) {
   return object && object.isKindOfClass(DefinedClass<State>::cls) ? &stateOf<State>(object) : nullptr;
 }
 
+/// An instance variable that an object's class, or one above, has under a name.
+template <class T>
+T& namedVariable(id object, const char* name) {
+  const Ivar variable = class_getInstanceVariable(object_getClass(object), name);
+  return *reinterpret_cast<T*>(reinterpret_cast<char*>(object) + ivar_getOffset(variable));
+}
+
 /// What the superclass of the class defined with `State` does for a message.
 template <class State, class R, class... A>
 R superSend(id self, SEL sel, A... arguments) {
@@ -211,6 +218,16 @@ class ClassDefinition {
     using Access = detail::FieldAccess<Field>;
     getter<Getter, Field>();
     return addRaw<Setter>(cls_, &Access::template set<State>, methodEncoding<void, typename Access::Crosses>());
+  }
+
+  /// An instance variable that others find by its name: zero at first, and no object that is to be retained. No class
+  /// above may have one of that name.
+  template <class T>
+  ClassDefinition& variable(const char* name) {
+    static_assert(std::is_trivial_v<T>, "the runtime makes and forgets it without asking");
+    class_addIvar(cls_, name, sizeof(T), static_cast<uint8_t>(std::countr_zero(alignof(T))),
+                  TypeEncoding<T>::text().data());
+    return *this;
   }
 
   /// Registers the class with the runtime.

@@ -57,6 +57,8 @@ void registerTextFields();
 void registerButtons();
 void registerMenus();
 void registerPopUpButtons();
+void registerTables();
+void registerOutlines();
 void registerBoxes();
 void registerViewControllers();
 void registerThemeFrames();

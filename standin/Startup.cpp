@@ -49,6 +49,8 @@ constexpr void (*kRegistrations[])() = {
     registerButtons,
     registerMenus,
     registerPopUpButtons,
+    registerTables,
+    registerOutlines,
     registerBoxes,
     registerViewControllers,
     registerThemeFrames,
