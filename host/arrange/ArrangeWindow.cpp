@@ -100,6 +100,9 @@ void ArrangeWindow::buildViews(const HostOptions& options, const DocumentLayout&
   stateOf<CLgArrangeView>(arrange_).build(model_, {fenster_, docManager_, song_});
   controller_ = newObject("CLgArrangeWindowController");
   stateOf<CLgArrangeWindowController>(controller_).mainSplitView = split;
+  for (const auto& pane : panes_) {
+    if (pane->browserView()) stateOf<CLgArrangeWindowController>(controller_).browserUnilibView = pane->browserView();
+  }
   call<"setWindow:">(controller_.get(), window_.get());
 }
 

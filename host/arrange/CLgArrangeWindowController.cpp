@@ -5,6 +5,7 @@ namespace host {
 void defineCLgArrangeWindowController() {
   cocoa::ClassDefinition<CLgArrangeWindowController>("CLgArrangeWindowController", "NSWindowController")
       .getter<"mainSplitView", &CLgArrangeWindowController::mainSplitView>()
+      .getter<"browserUnilibView", &CLgArrangeWindowController::browserUnilibView>()
       .registered();
 }
 

@@ -1,8 +1,10 @@
 #include "host/panes/KitViews.h"
 
+#include <algorithm>
+
 #include "cocoa/Call.h"
 #include "host/Look.h"
-#include "host/mixer/Painter.h"
+#include "host/panes/Icons.h"
 
 namespace host {
 namespace {
@@ -17,6 +19,35 @@ struct MAPopUpButton : ObjectState {
   NSColor titleColor() { return cell().titleColor; }
   void setTitleColor(NSColor colour) { cell().setTitleColor(colour); }
 };
+
+/// Parts of a pane one above the other.
+struct MASplitView : ObjectState {
+  void setLayer(CALayer layer) {
+    superSend<MASplitView, void>(self, selector<"setLayer:">(), layer);
+    layer.setBackgroundColor(look(Look::kLoopHeader).CGColor());
+  }
+};
+
+struct NamedColour {
+  std::string_view path;
+  Look which;
+};
+constexpr NamedColour kNamedColours[] = {
+    {"Dark.menuArrows", Look::kMenuArrow},   {"Dark.text", Look::kListText},
+    {"Dark.dimmedText", Look::kListTextDim}, {"Dark.background", Look::kPaneBackground},
+    {"Dark.separator", Look::kPaneLine},
+};
+
+/// Colours that several parts of the host share, by name.
+struct MAKitColor : ObjectState {};
+
+NSColor colorWithPath(Class /*cls*/, NSString path) {
+  const std::string text = toStdString(path);
+  for (const NamedColour& named : kNamedColours) {
+    if (named.path == text) return look(named.which);
+  }
+  return {};
+}
 
 Class popUpCellClass(Class /*cls*/) { return classNamed<"MAPopUpButtonCell">(); }
 
@@ -59,9 +90,8 @@ void MAPopUpButtonCell::drawInterior(CGRect frame, NSView view) {
   constexpr double kArrow = 14;
   const CGRect beside{frame.origin, {frame.size.width - kArrow, frame.size.height}};
   superSend<MAPopUpButtonCell, void>(self, selector<"drawInteriorWithFrame:inView:">(), beside, view);
-  const NSGraphicsContext graphics = NSGraphicsContext::currentContext();
-  const Painter painter(graphics.CGContext(), graphics.isFlipped());
-  const double down = graphics.isFlipped() ? 1 : -1;
+  const Painter painter = currentPainter();
+  const double down = painter.isFlipped() ? 1 : -1;
   const CGPoint tip{frame.maxX() - 11, frame.midY() + down * 1.75};
   const NSColor colour = menuArrowColor ? menuArrowColor.get() : look(Look::kMenuArrow);
   painter.line({tip.x - 3.25, tip.y - down * 3.5}, tip, colour, 1.5);
@@ -75,7 +105,96 @@ Ref<NSPopUpButton> newPopUpButton(const char* className, CGRect frame, std::init
   return button;
 }
 
+// ---- Tabs and bars ------------------------------------------------------------------------------------
+
+void drawTabs(CGRect bounds, const std::vector<std::string>& tabs, std::size_t selected) {
+  if (tabs.empty()) return;
+  constexpr double kHeight = 19;
+  constexpr double kWidest = 92;
+  const Painter painter = currentPainter();
+  const double width = std::min(kWidest, (bounds.size.width - 16) / static_cast<double>(tabs.size()));
+  const double whole = width * static_cast<double>(tabs.size());
+  const CGRect bar = CGRectMake(bounds.midX() - whole / 2, bounds.midY() - kHeight / 2, whole, kHeight);
+  painter.fillRounded(bar, 5, look(Look::kTabOff));
+  for (std::size_t i = 0; i < tabs.size(); ++i) {
+    const CGRect tab = CGRectMake(bar.minX() + width * static_cast<double>(i), bar.minY(), width, kHeight);
+    if (i == selected) {
+      painter.fillRounded(tab, 5, look(Look::kTabOn));
+    } else if (i > 0 && i != selected + 1) {
+      painter.fill(CGRectMake(tab.minX(), tab.minY() + 5, 1, kHeight - 10), look(Look::kListGridBright));
+    }
+    painter.text(tabs[i], tab, look(Look::kTabText), {.size = 11, .weight = i == selected ? 0.23 : 0});
+  }
+}
+
+void MAKitTabView::setLayer(CALayer layer) {
+  superSend<MAKitTabView, void>(self, selector<"setLayer:">(), layer);
+  layer.setBackgroundColor(look(Look::kLoopPaneHeader).CGColor());
+}
+
+void MAKitTabView::drawRect(CGRect /*dirty*/) {
+  constexpr double kTabHeight = 28;
+  CGRect rest = NSView(self).bounds();
+  drawTabs(takeTop(rest, kTabHeight), tabs, selected);
+}
+
+void CLgDocwControlsView::drawRect(CGRect dirty) {
+  const CGRect bounds = NSView(self).bounds();
+  const Painter painter = currentPainter();
+  painter.fill(dirty, look(Look::kPaneBar));
+  painter.fill(CGRectMake(0, 0, bounds.size.width, 1), look(Look::kPaneLine));
+  painter.text(title, bounds.insetBy(10, 0), look(Look::kPaneBarText),
+               {.size = 11, .weight = 0.23, .alignment = TextAlignment::kLeft});
+  for (int line = -1; line <= 1; ++line) {  // the bar's menu
+    painter.fillRounded(CGRectMake(bounds.maxX() - 22, bounds.midY() + 3.5 * line - 0.75, 11, 1.5), 0.75,
+                        look(Look::kListTextDim));
+  }
+}
+
+Ref<NSView> newControlsView(CGRect frame, NSInteger type, std::string title) {
+  auto view = newView("CLgDocwControlsView", frame);
+  namedVariable<NSInteger>(view->object, "docwControlsViewType") = type;
+  stateOf<CLgDocwControlsView>(view.get()).title = std::move(title);
+  return view;
+}
+
+Ref<NSView> newView(const char* className, CGRect frame) {
+  return Ref<NSView>::adopt(NSView(call<"initWithFrame:", id>(call<"alloc", id>(classNamed(className)), frame)));
+}
+
+Ref<NSTextField> newLabel(std::string_view text, CGRect frame, NSColor colour, double size, double weight) {
+  auto label = NSTextField::withFrame(frame);
+  label->setFont(NSFont::systemFontOfSize(size, weight));
+  call<"setLineBreakMode:">(label.get(), NSLineBreakByTruncatingTail);
+  label->setTextColor(colour);
+  label->setStringValue(string(text));
+  return label;
+}
+
+Ref<NSBox> newBox(CGRect frame, NSColor colour, double cornerRadius) {
+  auto box = NSBox::withFrame(frame);
+  box->setFillColor(colour);
+  box->setCornerRadius(cornerRadius);
+  return box;
+}
+
+CGRect takeTop(CGRect& rest, double height) {
+  rest.size.height -= height;
+  return CGRectMake(rest.minX(), rest.maxY(), rest.size.width, height);
+}
+
 void defineKitViews() {
+  definePlainClass<"MAKitView">("MAView");
+  ClassDefinition<CLgDocwControlsView>("CLgDocwControlsView", "MAKitView")
+      .variable<NSInteger>("docwControlsViewType")
+      .method<"drawRect:", &CLgDocwControlsView::drawRect>()
+      .registered();
+  ClassDefinition<MAKitTabView>("MAKitTabView", "NSView")
+      .method<"setLayer:", &MAKitTabView::setLayer>()
+      .method<"drawRect:", &MAKitTabView::drawRect>()
+      .registered();
+  ClassDefinition<MASplitView>("MASplitView", "NSView").method<"setLayer:", &MASplitView::setLayer>().registered();
+  ClassDefinition<MAKitColor>("MAKitColor", "NSObject").classMethod<"colorWithPath:", colorWithPath>().registered();
   ClassDefinition<MAPopUpButtonCell>("MAPopUpButtonCell", "NSPopUpButtonCell")
       .method<"init", &MAPopUpButtonCell::init>()
       .method<"sendsOnFaderHackState:", &MAPopUpButtonCell::sendsOnFaderHackState>()

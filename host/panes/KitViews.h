@@ -2,7 +2,9 @@
 // The host's own views and cells, which its panes are built of.
 
 #include <initializer_list>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "cocoa/AppKit.h"
 #include "cocoa/ClassDefinition.h"
@@ -26,6 +28,44 @@ struct MAPopUpButtonCell : cocoa::ObjectState {
 /// A pop-up button of one of the classes, with its items, the first of which is selected.
 cocoa::Ref<NSPopUpButton> newPopUpButton(const char* className, CGRect frame,
                                          std::initializer_list<std::string_view> items);
+
+/// Tabs along the top of a view.
+struct MAKitTabView : cocoa::ObjectState {
+  std::vector<std::string> tabs;
+  std::size_t selected = 0;
+
+  void setLayer(CALayer layer);
+  void drawRect(CGRect dirty);
+};
+
+/// The bar above a part of a pane.
+struct CLgDocwControlsView : cocoa::ObjectState {
+  std::string title;
+  void drawRect(CGRect dirty);
+};
+
+/// A bar of controls of a type: 1 above note pads, 2 above lists.
+cocoa::Ref<NSView> newControlsView(CGRect frame, NSInteger type, std::string title);
+
+/// Draws tabs, centred in a rectangle.
+void drawTabs(CGRect bounds, const std::vector<std::string>& tabs, std::size_t selected);
+
+cocoa::Ref<NSView> newView(const char* className, CGRect frame);
+/// Text without a frame.
+cocoa::Ref<NSTextField> newLabel(std::string_view text, CGRect frame, NSColor colour, double size, double weight = 0);
+/// A rectangle of one colour.
+cocoa::Ref<NSBox> newBox(CGRect frame, NSColor colour, double cornerRadius = 0);
+
+/// Cuts a strip off the upper edge of a rectangle.
+CGRect takeTop(CGRect& rest, double height);
+
+/// A class of the host's that adds nothing to its superclass.
+template <cocoa::FixedString Name>
+struct PlainClass : cocoa::ObjectState {};
+template <cocoa::FixedString Name>
+void definePlainClass(const char* superclass) {
+  cocoa::ClassDefinition<PlainClass<Name>>(Name.text, superclass).registered();
+}
 
 void defineKitViews();
 

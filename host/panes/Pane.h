@@ -30,6 +30,8 @@ class Pane {
 
   /// What lies in the window, of the place's frame.
   [[nodiscard]] virtual NSView view() const = 0;
+  /// The view of files that the window's controller answers; nil in other panes.
+  [[nodiscard]] virtual NSView browserView() const { return {}; }
   /// Once a frame, before the window is drawn.
   virtual void updatePresentation() const {}
 };

@@ -1,6 +1,9 @@
 #include "host/app/Views.h"
 #include "host/mixer/StripBuilder.h"
+#include "host/panes/Browsers.h"
+#include "host/panes/KitLists.h"
 #include "host/panes/KitViews.h"
+#include "host/panes/Library.h"
 #include "host/panes/Pane.h"
 
 namespace host {
@@ -21,7 +24,16 @@ class EmptyPane : public Pane {
 
 }  // namespace
 
-std::unique_ptr<Pane> makePane(PaneKind /*kind*/, const PanePlace& place) { return std::make_unique<EmptyPane>(place); }
+std::unique_ptr<Pane> makePane(PaneKind kind, const PanePlace& place) {
+  switch (kind) {
+    case PaneKind::kLibrary:
+      return makeLibraryPane(place);
+    case PaneKind::kBrowsers:
+      return makeBrowsersPane(place);
+    default:
+      return std::make_unique<EmptyPane>(place);
+  }
+}
 
 double paneExtent(PaneKind kind, const Song& song) {
   switch (kind) {
@@ -42,6 +54,9 @@ double paneExtent(PaneKind kind, const Song& song) {
 
 void definePaneClasses() {
   defineKitViews();
+  defineKitLists();
+  defineLibraryClasses();
+  defineBrowserClasses();
 }
 
 }  // namespace host
