@@ -139,7 +139,7 @@ constexpr std::array<Row, kCount> kRows{{
     {Look::kListBackground, 34, 35, 37, 100, nullptr},
     {Look::kListGrid, 58, 59, 62, 100, nullptr},
     {Look::kListText, 214, 215, 219, 100, nullptr},
-    {Look::kListTextDim, 150, 152, 158, 100, nullptr},
+    {Look::kListTextDim, 168, 170, 176, 100, nullptr},
     {Look::kListBackgroundBright, 58, 59, 62, 100, nullptr},
     {Look::kListGridBright, 82, 83, 87, 100, nullptr},
     {Look::kListTextBright, 240, 241, 243, 100, nullptr},

@@ -305,7 +305,7 @@ void TableState::drawBackground(NSRect clip) {
 
 void TableState::drawSelection(NSRect clip) {
   if (!selection) return;
-  NSColor::colorWithSRGBRed(0.25, 0.38, 0.6, 1).set();
+  NSColor::colorWithSRGBRed(0.2, 0.31, 0.5, 1).set();
   const Range range = rowsIn(clip);
   for (NSInteger row = range.first; row < range.end; ++row) {
     if (isRowSelected(row) != 0) NSBezierPath::fillRect(rectOfRow(row));

@@ -20,6 +20,13 @@ struct MAPopUpButton : ObjectState {
   void setTitleColor(NSColor colour) { cell().setTitleColor(colour); }
 };
 
+struct MAKitSearchIconView : ObjectState {
+  void drawRect(CGRect /*dirty*/) {
+    const CGRect bounds = NSView(self).bounds();
+    drawMagnifier(currentPainter(), {bounds.midX(), bounds.midY()}, look(Look::kListTextDim));
+  }
+};
+
 /// Parts of a pane one above the other.
 struct MASplitView : ObjectState {
   void setLayer(CALayer layer) {
@@ -178,6 +185,16 @@ Ref<NSBox> newBox(CGRect frame, NSColor colour, double cornerRadius) {
   return box;
 }
 
+void addSearchField(NSView parent, CGRect place, std::string_view prompt, NSColor background, NSColor text) {
+  const double height = place.size.height;
+  const Ref<NSBox> box = newBox(place, background, height / 2);
+  parent.addSubview(box);
+  box->addSubview(newView("MAKitSearchIconView", CGRectMake(5, 0, 18, height)));
+  constexpr double kText = 15;
+  parent.addSubview(newLabel(
+      prompt, CGRectMake(place.minX() + 24, place.midY() - kText / 2, place.size.width - 34, kText), text, 11));
+}
+
 CGRect takeTop(CGRect& rest, double height) {
   rest.size.height -= height;
   return CGRectMake(rest.minX(), rest.maxY(), rest.size.width, height);
@@ -188,6 +205,9 @@ void defineKitViews() {
   ClassDefinition<CLgDocwControlsView>("CLgDocwControlsView", "MAKitView")
       .variable<NSInteger>("docwControlsViewType")
       .method<"drawRect:", &CLgDocwControlsView::drawRect>()
+      .registered();
+  ClassDefinition<MAKitSearchIconView>("MAKitSearchIconView", "NSView")
+      .method<"drawRect:", &MAKitSearchIconView::drawRect>()
       .registered();
   ClassDefinition<MAKitTabView>("MAKitTabView", "NSView")
       .method<"setLayer:", &MAKitTabView::setLayer>()

@@ -56,6 +56,9 @@ cocoa::Ref<NSTextField> newLabel(std::string_view text, CGRect frame, NSColor co
 /// A rectangle of one colour.
 cocoa::Ref<NSBox> newBox(CGRect frame, NSColor colour, double cornerRadius = 0);
 
+/// A field to search by, that nothing was typed into.
+void addSearchField(NSView parent, CGRect place, std::string_view prompt, NSColor background, NSColor text);
+
 /// Cuts a strip off the upper edge of a rectangle.
 CGRect takeTop(CGRect& rest, double height);
 

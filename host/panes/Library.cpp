@@ -100,23 +100,6 @@ void addHeader(NSView view, CGRect place, CLgLibraryViewController& controller) 
   view.addSubview(controller.soundPacks);
 }
 
-struct MagnifierView : ObjectState {
-  void drawRect(CGRect /*dirty*/) {
-    const CGRect bounds = NSView(self).bounds();
-    drawMagnifier(currentPainter(), {bounds.midX(), bounds.midY()}, look(Look::kListTextDim));
-  }
-};
-
-void addSearchField(NSView view, CGRect place) {
-  const CGRect field = place.insetBy(10, 5);
-  const Ref<NSBox> box = newBox(field, catalogueColour(Look::kLibrarySearch), field.size.height / 2);
-  view.addSubview(box);
-  const Ref<NSView> magnifier = newView("CLgLibrarySearchIconView", CGRectMake(5, 0, 18, field.size.height));
-  box->addSubview(magnifier);
-  view.addSubview(newLabel("Search Sounds", CGRectMake(field.minX() + 24, field.minY() + 4, field.size.width - 34, 15),
-                           catalogueColour(Look::kLibrarySearchText), 11));
-}
-
 std::vector<ListRow> categoryRows() {
   std::vector<ListRow> rows;
   for (const char* name : kCategories) rows.push_back({{name}, Icon::kFolder});
@@ -180,7 +163,8 @@ class LibraryPane : public Pane {
     CGRect rest = view_->bounds();
     view_->addSubview(newControlsView(takeTop(rest, 26), 2, "Library"));
     addHeader(view_, takeTop(rest, 100), controller);
-    addSearchField(view_, takeTop(rest, 33));
+    addSearchField(view_, takeTop(rest, 33).insetBy(10, 5), "Search Sounds", catalogueColour(Look::kLibrarySearch),
+                   catalogueColour(Look::kLibrarySearchText));
     addBrowser(view_, takeTop(rest, std::floor(rest.size.height * 0.62)), controller);
     addResults(view_, CGRectMake(0, 0, rest.size.width, rest.size.height - 1), controller);
     call<"_updateUIWithAvailableDataSource:">(controller_.get(), controller.patchList.get());
@@ -206,9 +190,6 @@ void choosePatch(NSView libraryView, std::size_t patch) {
 void defineLibraryClasses() {
   definePlainClass<"CLgLibBrowserView">("MAKitView");
   definePlainClass<"CLgLibraryListController">("MAKitListController");
-  ClassDefinition<MagnifierView>("CLgLibrarySearchIconView", "NSView")
-      .method<"drawRect:", &MagnifierView::drawRect>()
-      .registered();
   ClassDefinition<CLgLibraryPictureView>("CLgLibraryPictureView", "NSView")
       .method<"drawRect:", &CLgLibraryPictureView::drawRect>()
       .registered();

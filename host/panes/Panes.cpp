@@ -4,6 +4,8 @@
 #include "host/panes/KitLists.h"
 #include "host/panes/KitViews.h"
 #include "host/panes/Library.h"
+#include "host/panes/Lists.h"
+#include "host/panes/LoopBrowser.h"
 #include "host/panes/Pane.h"
 
 namespace host {
@@ -30,6 +32,10 @@ std::unique_ptr<Pane> makePane(PaneKind kind, const PanePlace& place) {
       return makeLibraryPane(place);
     case PaneKind::kBrowsers:
       return makeBrowsersPane(place);
+    case PaneKind::kLists:
+      return makeListsPane(place);
+    case PaneKind::kLoopBrowser:
+      return makeLoopBrowserPane(place);
     default:
       return std::make_unique<EmptyPane>(place);
   }
@@ -57,6 +63,8 @@ void definePaneClasses() {
   defineKitLists();
   defineLibraryClasses();
   defineBrowserClasses();
+  defineLoopBrowserClasses();
+  defineListsClasses();
 }
 
 }  // namespace host
