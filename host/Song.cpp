@@ -180,6 +180,8 @@ constexpr std::pair<std::string_view, SendMode> kSendModes[] = {{"postFader", Se
                                                                 {"none", SendMode::kNone}};
 constexpr std::pair<std::string_view, PanMode> kPanModes[] = {
     {"balance", PanMode::kBalance}, {"stereo", PanMode::kStereo}, {"surround", PanMode::kSurround}};
+constexpr std::pair<std::string_view, FaderLength> kFaderLengths[] = {
+    {"short", FaderLength::kShort}, {"medium", FaderLength::kMedium}, {"long", FaderLength::kLong}};
 constexpr std::pair<std::string_view, bool> kMeters[] = {{"exponential", true}, {"linear", false}};
 
 void readPanning(const Fields& fields, Panning& panning) {
@@ -345,6 +347,8 @@ Song readWhole(const json& value) {
   fields.read("audioRows", song.audioRows, 1, static_cast<int>(kMostSlots));
   fields.read("sendRows", song.sendRows, 1, static_cast<int>(kMostSlots));
   fields.read("trackColours", song.trackColours);
+  fields.read("legend", song.legend);
+  readWord(fields, "faders", kFaderLengths, song.faderLength);
   const json* tracks = fields.array("tracks", kMostTracks);
   if (tracks == nullptr) throw SongError{"song.tracks: missing"};
   std::size_t regions = 0;

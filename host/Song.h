@@ -153,12 +153,18 @@ struct Track {
   std::vector<Region> regions;  // in the order of their starts
 };
 
+enum class FaderLength { kShort = 0, kMedium = 1, kLong = 2 };
+
 struct Song {
   std::string title = "Untitled";
   std::vector<Track> tracks;
   int audioRows = 5;         // insert rows shown
   int sendRows = 3;          // send rows shown
   bool trackColours = true;  // the mixer is configured to show track colours
+  bool legend = false;       // the mixer names its sections at its left edge
+  FaderLength faderLength = FaderLength::kShort;
+  std::size_t loopRows = 13;  // at most so many rows and scenes are shown in the Live Loops grid
+  std::size_t loopScenes = 8;
   Arrangement arrange;
 };
 

@@ -25,6 +25,8 @@
 #include "host/mixer/MASymbolButtonNode.h"
 #include "host/mixer/MATextNode.h"
 #include "host/mixer/MixerData.h"
+#include "host/mixer/MixerLegend.h"
+#include "host/mixer/MixerView.h"
 #include "host/mixer/PlugIn.h"
 #include "host/mixer/ScreenImage.h"
 #include "standin/Clock.h"
@@ -41,7 +43,9 @@ constexpr void (*kDefinitions[])() = {
     defineViews,
     definePlugIns,
     defineMixerData,
-    defineMixerWindow,
+    defineMixerStrips,
+    defineMixerView,
+    defineMixerLegend,
     defineMANode,
     defineMATextNode,
     defineMAStripNode,
@@ -100,7 +104,7 @@ const std::map<WindowKind, DocumentLayout>& documentLayouts() {
       {WindowKind::kLibrary, {.title = "Library", .left = {kLibrary}, .right = {kBrowsers}}},
       {WindowKind::kLoopBrowser, {.title = "Loops", .right = {kLoopBrowser}}},
       {WindowKind::kLists, {.title = "Lists", .right = {kLists}}},
-      {WindowKind::kInspector, {.title = "Inspector", .left = {kInspector}}},
+      {WindowKind::kInspector, {.title = "Inspector", .content = {1180, 980}, .left = {kInspector}}},
       {WindowKind::kOverview,
        {.title = "Overview",
         .content = {1680, 1280},

@@ -19,6 +19,10 @@ Ref<NSWindow> openKitWindow(const char* className, CGSize content, std::string_v
   return window;
 }
 
+Ref<NSObject> newObject(const char* className) {
+  return Ref<NSObject>::adopt(NSObject(call<"new", id>(asObject(classNamed(className)))));
+}
+
 Ref<NSView> drawnView(CGRect frame, DrawContents draw) {
   const auto view =
       Ref<NSView>::adopt(NSView(call<"initWithFrame:", id>(call<"alloc", id>(classNamed("CLgToolbarView")), frame)));

@@ -8,7 +8,6 @@ namespace {
 
 using namespace cocoa;
 
-struct CLgRupertView : ObjectState {};
 struct CLgRupertContentsView : ObjectState {};
 struct MAKitWindow : ObjectState {};
 struct MAKitPanel : ObjectState {};
@@ -63,7 +62,6 @@ void defineViews() {
       .getter<"node", &MANodeView::node>()
       .method<"updatePresentation", &MANodeView::updatePresentation>()
       .registered();
-  ClassDefinition<CLgRupertView>("CLgRupertView", "MAView").registered();
   ClassDefinition<CLgRupertContentsView>("CLgRupertContentsView", "MANodeView").registered();
   ClassDefinition<CLgToolbarView>("CLgToolbarView", "MAView")
       .method<"drawRect:", &CLgToolbarView::drawRect>()

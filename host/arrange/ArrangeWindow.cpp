@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 
 #include "host/app/KitWindow.h"
+#include "host/arrange/ActionBar.h"
 #include "host/arrange/ArrangeContentsSectionView.h"
 #include "host/arrange/ArrangeTrackHeaderSectionView.h"
 #include "host/arrange/CLgArrangeView.h"
@@ -28,14 +30,6 @@ using namespace cocoa;
 
 constexpr double kTransportHeight = 52;
 constexpr double kSeparator = 1;
-
-Ref<NSObject> newObject(const char* className) {
-  return Ref<NSObject>::adopt(NSObject(call<"new", id>(asObject(classNamed(className)))));
-}
-
-Ref<NSView> newView(const char* className, CGRect frame) {
-  return Ref<NSView>::adopt(NSView(call<"initWithFrame:", id>(call<"alloc", id>(classNamed(className)), frame)));
-}
 
 }  // namespace
 
@@ -63,11 +57,6 @@ CGRect ArrangeWindow::addPanes(NSView split, const HostOptions& options, const D
     panes_.push_back(makePane(kind, {frame, model_.song, options}));
     split.addSubview(panes_.back()->view());
   };
-  if (layout.below) {
-    const double height = paneExtent(*layout.below, model_.song);
-    add(*layout.below, CGRectMake(rest.minX(), rest.minY(), rest.size.width, height));
-    rest = CGRectMake(rest.minX(), height + kSeparator, rest.size.width, rest.size.height - height - kSeparator);
-  }
   for (const PaneKind kind : layout.left) {
     const double width = paneExtent(kind, model_.song);
     add(kind, CGRectMake(rest.minX(), rest.minY(), width, rest.size.height));
@@ -78,6 +67,11 @@ CGRect ArrangeWindow::addPanes(NSView split, const HostOptions& options, const D
     const double width = paneExtent(kind, model_.song);
     add(kind, CGRectMake(rest.maxX() - width, rest.minY(), width, rest.size.height));
     rest.size.width -= width + kSeparator;
+  }
+  if (layout.below) {
+    const double height = paneExtent(*layout.below, model_.song);
+    add(*layout.below, CGRectMake(rest.minX(), rest.minY(), rest.size.width, height));
+    rest = CGRectMake(rest.minX(), height + kSeparator, rest.size.width, rest.size.height - height - kSeparator);
   }
   return rest;
 }
@@ -93,6 +87,12 @@ void ArrangeWindow::buildViews(const HostOptions& options, const DocumentLayout&
   content->addSubview(
       drawnView(CGRectMake(0, below, size.width, kTransportHeight),
                 [&song](CGRect bounds, CGContextRef context) { drawTransport(song.arrange, bounds, context); }));
+  std::set<PaneKind> open(layout.left.begin(), layout.left.end());
+  open.insert(layout.right.begin(), layout.right.end());
+  if (layout.below) open.insert(*layout.below);
+  const Ref<NSView> bar = newActionBar(
+      CGRectMake(size.width - kActionBarWidth - 12, below, kActionBarWidth, kTransportHeight), std::move(open));
+  content->addSubview(bar);
   const Ref<NSView> split = newView("MAView", CGRectMake(0, 0, size.width, below - kSeparator));
   content->addSubview(split);
   arrange_ = newView("CLgArrangeView", addPanes(split, options, layout));
@@ -100,8 +100,13 @@ void ArrangeWindow::buildViews(const HostOptions& options, const DocumentLayout&
   stateOf<CLgArrangeView>(arrange_).build(model_, {fenster_, docManager_, song_});
   controller_ = newObject("CLgArrangeWindowController");
   stateOf<CLgArrangeWindowController>(controller_).mainSplitView = split;
+  auto& controller = stateOf<CLgArrangeWindowController>(controller_);
+  controller.actionBarView = bar;
   for (const auto& pane : panes_) {
-    if (pane->browserView()) stateOf<CLgArrangeWindowController>(controller_).browserUnilibView = pane->browserView();
+    if (pane->browserView()) controller.browserUnilibView = pane->browserView();
+    if (!pane->isInspector()) continue;
+    controller.inspector = pane.get();
+    controller.inspectorIsVisible = true;
   }
   call<"setWindow:">(controller_.get(), window_.get());
 }
@@ -110,6 +115,7 @@ ArrangeWindow::~ArrangeWindow() {
   const AutoreleasePool pool;
   // Others may hold on to these objects for longer than there is a song to show.
   stateOf<CLgArrangeView>(arrange_).closed();
+  stateOf<CLgArrangeWindowController>(controller_).inspector = nullptr;
   stateOf<CLgFenster>(fenster_).model = nullptr;
   stateOf<CLgSong>(song_).model = nullptr;
   stateOf<CLgSongDocument>(document_).closed();
@@ -190,6 +196,7 @@ void defineArrangeClasses(const HostOptions& options) {
       defineArrangeContentsSectionView,
       defineCLgArrangeView,
       defineCLgArrangeWindowController,
+      defineActionBar,
   };
   for (const auto define : kDefinitions) define();
   if (options.modelAdapter) defineMAMixerModelAdapter(options.adapterBySong);

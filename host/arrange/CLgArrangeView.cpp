@@ -50,11 +50,6 @@ Look stripLook(const Track& track) {
   return track.selected ? Look::kArrangeStripSelected : Look::kArrangeStrip;
 }
 
-NSView newView(const char* className, CGRect frame) {
-  return autoreleased(
-      Ref<NSView>::adopt(NSView(call<"initWithFrame:", id>(call<"alloc", id>(classNamed(className)), frame))));
-}
-
 /// Gives a section its size inside its clip, and what of it shows: `down` from its top, `right` from its left.
 void place(NSView section, CGSize size, double right, double down) {
   const NSView clip = section.superview();
@@ -67,15 +62,15 @@ void place(NSView section, CGSize size, double right, double down) {
 }  // namespace
 
 NSView CLgArrangeView::addSection(const char* className, NSInteger section, CGRect area, const Belonging& belonging) {
-  const NSView clip = newView("MAView", area);
-  const NSView view = newView(className, {{}, area.size});
+  const Ref<NSView> clip = newView("MAView", area);
+  const Ref<NSView> view = newView(className, {{}, area.size});
   auto& state = stateOf<CLgSectionView>(view);
   state.section = section;
   state.parentView = NSObject(self);
   state.docManager = belonging.docManager;
   state.song = belonging.song;
   state.model = model_;
-  clip.addSubview(view);
+  clip->addSubview(view);
   NSView(self).addSubview(clip);
   return view;
 }

@@ -2,12 +2,18 @@
 
 #include "cocoa/AppKit.h"
 #include "cocoa/ClassDefinition.h"
+#include "host/panes/Pane.h"
 
 namespace host {
 
 /// Controls the window of a song's document.
 struct CLgArrangeWindowController : cocoa::ObjectState {
-  cocoa::Ref<NSView> mainSplitView;      // the panes below the transport
+  cocoa::Ref<NSView> mainSplitView;  // the panes below the transport
+  cocoa::Ref<NSView> actionBarView;
+  Pane* inspector = nullptr;  // while the window is open
+  bool inspectorIsVisible = false;
+
+  void toggleInspectors();
   cocoa::Ref<NSView> browserUnilibView;  // the files of computer and project, while their pane is open
 };
 

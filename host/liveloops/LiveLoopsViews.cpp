@@ -316,18 +316,16 @@ ClassDefinition<View> definePart(const char* className) {
 }  // namespace
 
 LiveLoopsModel::LiveLoopsModel(const Song& song) {
-  constexpr std::size_t kMostRows = 13;
-  constexpr std::size_t kMostScenes = 8;
   constexpr TriggerState kStates[] = {TriggerState::kPlain,      TriggerState::kSelected, TriggerState::kPlain,
                                       TriggerState::kUnderMouse, TriggerState::kPressed,  TriggerState::kPlain,
                                       TriggerState::kFocused,    TriggerState::kFlashing};
   bool insideSubfolder = false;
-  for (std::size_t i = 0; i < std::min(kMostRows, song.tracks.size()); ++i) {
+  for (std::size_t i = 0; i < std::min(song.loopRows, song.tracks.size()); ++i) {
     const Track& track = song.tracks[i];
     insideSubfolder = !track.folder && (insideSubfolder || (i > 0 && song.tracks[i - 1].folder)) && i < 5;
     rows.push_back({&track, kStates[i % std::size(kStates)], insideSubfolder});
   }
-  for (std::size_t i = 0; i < std::min(kMostScenes, song.arrange.markers.size()); ++i) {
+  for (std::size_t i = 0; i < std::min(song.loopScenes, song.arrange.markers.size()); ++i) {
     scenes.push_back({song.arrange.markers[i].name, kStates[i % std::size(kStates)]});
   }
 }

@@ -30,14 +30,6 @@ struct Places {
   }
 };
 
-Ref<NSObject> newObject(const char* className) {
-  return Ref<NSObject>::adopt(NSObject(call<"new", id>(asObject(classNamed(className)))));
-}
-
-Ref<NSView> newView(const char* className, CGRect frame) {
-  return Ref<NSView>::adopt(NSView(call<"initWithFrame:", id>(call<"alloc", id>(classNamed(className)), frame)));
-}
-
 Ref<NSObject> addDivider(NSView container, CGRect frame, const LiveLoopsModel& model) {
   const Ref<NSView> view = newPart("LiveLoopsDividerBackgroundView", frame, model);
   Ref<NSObject> controller = newObject("LiveLoopsDividerViewController");

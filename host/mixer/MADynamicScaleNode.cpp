@@ -21,7 +21,7 @@ CFRef<CGImageRef> drawnScale(NSInteger type, CGSize size, double scale) {
     for (const ScaleMark& mark : scaleMarks(type)) {
       const bool zero = type == kVolumeScale && mark.position == kZeroDecibels;
       const NSColor colour = look(zero ? Look::kScaleZero : Look::kScaleTick);
-      const double y = mark.position * size.height / kDefaultScaleHeight - 1;
+      const double y = markHeight(type, mark.position, size.height);
       painter.fill(CGRectMake(ticksFrom, y, size.width - ticksFrom, 1), colour);
       painter.text(mark.label, CGRectMake(0, y - 5, columns.numbersTo, 11), colour,
                    {.size = 7, .alignment = TextAlignment::kRight});

@@ -67,7 +67,7 @@ void MAScaleNode::drawRect(CGRect rect, CGContextRef context) {
   const ScaleColumns columns = scaleColumns(type, rect.size.width);
   for (const NSObject each : items(largeScaleTicks)) {
     const MAScaleTick& tick = stateOf<MAScaleTick>(each);
-    const double y = tick.defaultYPosition * rect.size.height / kDefaultScaleHeight - 1;
+    const double y = markHeight(type, tick.defaultYPosition, rect.size.height);
     const CGColorRef colour = highlighted ? tick.highlightedColor : tick.color;
     painter.fill(CGRectMake(columns.ticksFrom, y, rect.size.width - columns.ticksFrom, 1),
                  NSColor::colorWithCGColor(colour));

@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <array>
 
+#include "host/Look.h"
 #include "host/app/KitWindow.h"
-#include "host/app/Views.h"
+#include "host/arrange/CLgArrangeWindowController.h"
 #include "host/mixer/MAFaderNode.h"
 #include "host/mixer/MALevelNode.h"
 #include "host/mixer/MANode.h"
-#include "host/mixer/MixerData.h"
-#include "host/mixer/Painter.h"
+#include "host/mixer/MixerToolbar.h"
 #include "host/mixer/StripBuilder.h"
 
 namespace host {
@@ -17,109 +17,31 @@ namespace {
 
 using namespace cocoa;
 
-constexpr double kToolbarHeight = 34;
-constexpr double kAboveStrips = 8;
-constexpr double kBelowStrips = 6;
 constexpr double kBesideStrips = 10;
 constexpr double kWidestWindow = 12'000;  // what lies beyond is scrolled out of sight
 
-/// The view controller of the mixer's contents.
-struct CLgRupertContentsViewController : ObjectState {
-  Ref<NSObject> contentsController;
-  Ref<NSObject> mixerFENSTER;
-};
-
-double drawMenu(const Painter& painter, double x, double height, const char* title) {
-  constexpr double kWidth = 46;
-  painter.text(title, CGRectMake(x, 0, kWidth, height), catalogueColour(Look::kToolbarText), {.size = 11.5});
-  return x + kWidth;
-}
-
-/// The toolbar: menus at the left, the view modes in the middle.
-void drawToolbar(CGRect bounds, CGContextRef context) {
-  const Painter painter(context);
-  const double height = bounds.size.height;
-  painter.fill(bounds, catalogueColour(Look::kToolbarBackground));
-  painter.fill(CGRectMake(0, 0, bounds.size.width, 1), catalogueColour(Look::kToolbarEdge));
-  double x = 10;
-  for (const char* menu : {"Edit", "Options", "View"}) x = drawMenu(painter, x, height, menu);
-  constexpr std::array<const char*, 3> kModes{"Single", "Tracks", "All"};
-  constexpr double kModeWidth = 62;
-  const double left = std::floor(bounds.midX() - kModeWidth * 1.5);
-  painter.fillRounded(CGRectMake(left - 1, 6, kModeWidth * 3 + 2, height - 12), 6, faded(NSColor::blackColor(), 0.25));
-  for (std::size_t mode = 0; mode < kModes.size(); ++mode) {
-    const CGRect frame = CGRectMake(left + kModeWidth * static_cast<double>(mode), 7, kModeWidth, height - 14);
-    if (mode == 1) painter.fillRounded(frame, 5, catalogueColour(Look::kToolbarActive));
-    painter.text(kModes[mode], frame, catalogueColour(Look::kToolbarText), {.size = 11, .weight = 0.23});
-  }
-}
-
-Ref<NSObject> newObject(const char* className) {
-  return Ref<NSObject>::adopt(NSObject(call<"init", id>(call<"alloc", id>(classNamed(className)))));
-}
-
-Ref<NSView> newView(const char* className, CGRect frame) {
-  return Ref<NSView>::adopt(NSView(call<"initWithFrame:", id>(call<"alloc", id>(classNamed(className)), frame)));
+CGSize contentSizeOf(const Song& song) {
+  const double strips = kStripWidth * static_cast<double>(song.tracks.size()) + kBesideStrips;
+  const double width = std::max(320.0, strips + MixerView::legendWidth(song));
+  return {std::min(kWidestWindow, width), MixerView::height(song)};
 }
 
 }  // namespace
 
-MixerWindow::MixerWindow(const Song& song, double scale) {
-  buildNodes(song);
-  buildViews(song, scale);
+MixerWindow::MixerWindow(const Song& song, double scale) : mixer_(song, {{}, contentSizeOf(song)}) {
+  const CGSize size = contentSizeOf(song);
+  window_ =
+      openKitWindow("MAKitWindow", {size.width, size.height + kMixerToolbarHeight}, song.title + " - Mixer", scale);
+  const Ref<NSView> split = newView("MAView", {{}, size});
+  split->addSubview(mixer_.view());
+  window_->contentView().addSubview(split);
+  window_->contentView().addSubview(newMixerToolbar(song, CGRectMake(0, size.height, size.width, kMixerToolbarHeight)));
+  controller_ = newObject("CLgArrangeWindowController");
+  stateOf<CLgArrangeWindowController>(controller_).mainSplitView = split;
+  call<"setWindow:">(controller_.get(), window_.get());
 }
 
-MixerWindow::~MixerWindow() {
-  call<"setDelegate:">(contents_.get(), NSObject());
-  window_->close();
-}
-
-void MixerWindow::buildNodes(const Song& song) {
-  contentsController_ = newObject("CLgMixerContentsController");
-  CLgMixerContentsController& controller = stateOf<CLgMixerContentsController>(contentsController_.get());
-  controller.dataSource = newObject("CLgMixerDataSource");
-  const double height = stripHeight(song);
-  const double width = kStripWidth * static_cast<double>(song.tracks.size());
-  root_ = makeNode("MANode", "mixer", CGRectMake(0, kBelowStrips, width, height));
-  controller.node = root_;
-  stateOf<MANode>(root_.get()).ownController = contentsController_;
-  for (std::size_t i = 0; i < song.tracks.size(); ++i) {
-    const AutoreleasePool pool;
-    const Ref<NSObject> strip = buildStrip(song, song.tracks[i], i + 1);
-    call<"setFrame:">(strip.get(), CGRectMake(kStripWidth * static_cast<double>(i), 0, kStripWidth, height));
-    const Ref<NSObject> represented = newObject("CLgChannelStrip");
-    stateOf<CLgChannelStrip>(represented.get()).track = &song.tracks[i];
-    call<"setRepresentedObject:">(strip.get(), represented.get());
-    call<"addChild:">(root_.get(), strip.get());
-  }
-}
-
-void MixerWindow::buildViews(const Song& song, double scale) {
-  const double contentHeight = stripHeight(song) + kBelowStrips + kAboveStrips;
-  const double stripsWidth = kStripWidth * static_cast<double>(song.tracks.size());
-  const double width = std::min(kWidestWindow, std::max(320.0, stripsWidth + kBesideStrips));
-  window_ = openKitWindow("MAKitWindow", {width, contentHeight + kToolbarHeight}, song.title + " - Mixer", scale);
-  const Ref<NSView> mixer = newView("CLgRupertView", CGRectMake(0, 0, width, contentHeight));
-  const Ref<NSView> contents = newView("CLgRupertContentsView", CGRectMake(0, 0, width, contentHeight));
-  contents_ = contents.get();
-  viewController_ = newObject("CLgRupertContentsViewController");
-  auto& controller = stateOf<CLgRupertContentsViewController>(viewController_.get());
-  controller.contentsController = contentsController_;
-  controller.mixerFENSTER = newObject("CLgMixerWindow");
-  stateOf<CLgMixerWindow>(controller.mixerFENSTER.get()).showsTrackColours = song.trackColours;
-  call<"setDelegate:">(contents_.get(), viewController_.get());
-  call<"setBackgroundColor:">(contents_.get(), look(Look::kMixerBackground));
-  call<"setNode:">(contents_.get(), root_.get());
-  mixer->addSubview(contents);
-  window_->contentView().addSubview(mixer);
-  window_->contentView().addSubview(drawnView(CGRectMake(0, contentHeight, width, kToolbarHeight), drawToolbar));
-  windowController_ = newObject("NSWindowController");
-  call<"setWindow:">(windowController_.get(), window_.get());
-}
-
-NSArray MixerWindow::strips() const { return call<"childrenArray", NSArray>(root_.get()); }
-
-void MixerWindow::updatePresentation() const { call<"updatePresentation">(contents_.get()); }
+MixerWindow::~MixerWindow() { window_->close(); }
 
 NSObject MixerWindow::section(std::size_t strip, const char* name, std::size_t index) const {
   if (strip >= strips().count()) return {};
@@ -178,13 +100,6 @@ void MixerWindow::setSend(std::size_t strip, std::size_t slot, double level, boo
   const NSObject knob = section(strip, "sendKnob", slot);
   call<"setValue:">(knob, level);
   call<"setBypassed:">(knob, BOOL(bypassed));
-}
-
-void defineMixerWindow() {
-  ClassDefinition<CLgRupertContentsViewController>("CLgRupertContentsViewController", "NSViewController")
-      .getter<"contentsController", &CLgRupertContentsViewController::contentsController>()
-      .getter<"mixerFENSTER", &CLgRupertContentsViewController::mixerFENSTER>()
-      .registered();
 }
 
 }  // namespace host

@@ -4,6 +4,7 @@
 
 #include "cocoa/AppKit.h"
 #include "host/Song.h"
+#include "host/mixer/MixerView.h"
 
 namespace host {
 
@@ -18,11 +19,11 @@ class MixerWindow {
 
   [[nodiscard]] NSWindow window() const { return window_; }
   /// The node above the strips.
-  [[nodiscard]] NSObject rootNode() const { return root_; }
-  [[nodiscard]] NSObject contentsView() const { return contents_; }
+  [[nodiscard]] NSObject rootNode() const { return mixer_.strips().rootNode(); }
+  [[nodiscard]] NSObject contentsView() const { return mixer_.strips().view(); }
   /// The strips, from left to right.
-  [[nodiscard]] NSArray strips() const;
-  void updatePresentation() const;
+  [[nodiscard]] NSArray strips() const { return mixer_.strips().strips(); }
+  void updatePresentation() const { mixer_.strips().updatePresentation(); }
 
   // What happens to a strip while it is shown; the next frame shows it. Strips count from 0, from left to right;
   // what a strip does not have stays as it is.
@@ -41,17 +42,10 @@ class MixerWindow {
  private:
   /// The strip's section of that name, the `index`-th of several; nil when there is none.
   [[nodiscard]] NSObject section(std::size_t strip, const char* name, std::size_t index = 0) const;
-  void buildNodes(const Song& song);
-  void buildViews(const Song& song, double scale);
 
+  MixerView mixer_;
   cocoa::Ref<NSWindow> window_;
-  cocoa::Ref<NSObject> windowController_;
-  cocoa::Ref<NSObject> viewController_;
-  cocoa::Ref<NSObject> contentsController_;
-  cocoa::Ref<NSObject> root_;
-  cocoa::Ref<NSObject> contents_;
+  cocoa::Ref<NSObject> controller_;
 };
-
-void defineMixerWindow();
 
 }  // namespace host

@@ -38,6 +38,12 @@ const std::vector<ScaleMark>& scaleMarks(NSInteger scaleType) {
   return scaleType == kVolumeScale ? volume : scaleType == kLevelScale ? level : none;
 }
 
+double markHeight(NSInteger scaleType, double position, double scaleHeight) {
+  const double inset = scaleType == kVolumeScale ? kVolumeInset : kLevelInset;
+  const double share = (position - 1 - inset) / (kDefaultScaleHeight - 2 * inset);
+  return std::round(inset + (scaleHeight - 2 * inset) * share);
+}
+
 ScaleColumns scaleColumns(NSInteger scaleType, double width) {
   constexpr double kGap = 1;
   const double ticks = scaleType == kVolumeScale ? width - 4 : width * 0.8;

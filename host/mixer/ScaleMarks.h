@@ -25,6 +25,9 @@ inline constexpr double kZeroDecibels = 101;  // where a volume scale has its ma
 /// From the top down; empty for another type.
 const std::vector<ScaleMark>& scaleMarks(NSInteger scaleType);
 
+/// The lower edge of a mark on a scale of any height: beside the middle of a fader cap, or a meter's level.
+double markHeight(NSInteger scaleType, double position, double scaleHeight);
+
 /// Where a scale's ticks and numbers stand, across.
 struct ScaleColumns {
   double numbersTo;

@@ -21,6 +21,7 @@ Ref<NSBitmapImageRep> tinted(NSBitmapImageRep rep, NSColor colour) {
 }
 
 NSImage imageWithColor(NSImage image, NSColor colour) {
+  if (!colour) return image;
   const Ref<NSImage> copy = NSImage::withSize(image.size());
   for (const NSObject rep : items(image.representations())) {
     if (const auto bitmap = as<NSBitmapImageRep>(rep)) copy->addRepresentation(tinted(bitmap, colour));

@@ -41,6 +41,8 @@ constexpr CGRect kVolumeMarks = {{2, 98}, {18, kDefaultScaleHeight}};
 constexpr CGRect kFader = {{20, 98}, {26, kDefaultScaleHeight}};
 constexpr CGRect kLevelMarks = {{47, 98}, {15, kDefaultScaleHeight}};
 constexpr CGRect kLevel = {{63, 98}, {15, kDefaultScaleHeight}};
+
+// Above the fader, which a song may have longer: from the lower edge of a strip with a fader of the usual length.
 constexpr double kReadoutY = 247;
 constexpr double kReadoutHeight = 14;
 constexpr CGRect kPan = {{22, 267}, {40, 40}};
@@ -70,8 +72,14 @@ struct UpperRows {
   double top = 0;
 };
 
+double faderExtra(const Song& song) {
+  constexpr double kExtra[] = {0, 36, 73};
+  return kExtra[static_cast<std::size_t>(song.faderLength)];
+}
+
 UpperRows upperRows(const Song& song) {
   UpperRows rows;
+  rows.sends += faderExtra(song);
   rows.audio = rows.sends + song.sendRows * kRowPitch + kGap;
   rows.input = rows.audio + song.audioRows * kRowPitch + kGap;
   rows.midi = rows.input + kRowPitch;
@@ -147,7 +155,12 @@ bool isBright(SongColour colour) { return colour.red * 299 + colour.green * 587 
 class StripBuilder {
  public:
   StripBuilder(const Song& song, const Track& track, std::size_t number)
-      : song_(song), track_(track), number_(number), rows_(upperRows(song)), sections_(sectionsOf(track)) {
+      : song_(song),
+        track_(track),
+        number_(number),
+        rows_(upperRows(song)),
+        sections_(sectionsOf(track)),
+        lift_(faderExtra(song)) {
     strip_ = makeNode("MAStripNode", "strip", CGRectMake(0, 0, kStripWidth, rows_.top));
     node().stripLook = stripLook();
   }
@@ -342,16 +355,18 @@ class StripBuilder {
 
   void addRouting() {
     if (sections_.output)
-      addButton("output", kOutput, track_.output.empty() ? "No Output" : track_.output, "Buttons.Default");
+      addButton("output", lifted(kOutput), track_.output.empty() ? "No Output" : track_.output, "Buttons.Default");
     if (sections_.group) {
-      const NSObject group = add("MADisplayNode", "group", kGroup, track_.group.empty() ? "Group" : track_.group);
+      const NSObject group =
+          add("MADisplayNode", "group", lifted(kGroup), track_.group.empty() ? "Group" : track_.group);
       stateOf<MANode>(group).assetSetPath = string(track_.group.empty() ? "Displays.Empty" : "Displays.Default");
       call<"setTextColor:">(group, track_.group.empty() ? look(Look::kEmptySlotTitle) : look(Look::kGroupText));
     }
     if (track_.type != StripType::kMaster) {
       const std::string mode = track_.automation.empty() ? "Read" : track_.automation;
-      addButton("automation", kAutomation, mode, ("Buttons.Automation" + mode).c_str(), !track_.automation.empty());
-      add("MAImageNode", "icon", kIcon, track_.icon);
+      addButton("automation", lifted(kAutomation), mode, ("Buttons.Automation" + mode).c_str(),
+                !track_.automation.empty());
+      add("MAImageNode", "icon", lifted(kIcon), track_.icon);
     }
   }
 
@@ -361,15 +376,15 @@ class StripBuilder {
     if (track_.type == StripType::kOther) addAssignKnobs();
     switch (track_.panning.mode) {
       case PanMode::kSurround:
-        stateOf<MAPlanarPannerNode>(add("MAPlanarPannerNode", "surround", kPan)).setPanning(track_.panning);
+        stateOf<MAPlanarPannerNode>(add("MAPlanarPannerNode", "surround", lifted(kPan))).setPanning(track_.panning);
         return;
       case PanMode::kStereo: {
-        const NSObject pan = add("MAStereoPannerNode", "pan", kPan);
+        const NSObject pan = add("MAStereoPannerNode", "pan", lifted(kPan));
         stateOf<MAStereoPannerNode>(pan).setPanning(value, track_.panning);
         return addPanReadout(pan);
       }
       case PanMode::kBalance:
-        return addPanReadout(addKnob("pan", kPan, value, Look::kKnobArc, 0.5));
+        return addPanReadout(addKnob("pan", lifted(kPan), value, Look::kKnobArc, 0.5));
     }
   }
   void addPanReadout(NSObject pan) const {
@@ -379,26 +394,33 @@ class StripBuilder {
   /// Two controllers that a strip of an external instrument is assigned.
   void addAssignKnobs() {
     constexpr double kSize = 30;
-    const double y = kAutomation.maxY() + 3;
+    const double y = lifted(kAutomation).maxY() + 3;
     addKnob("midiAssignKnob1", CGRectMake(kMargin + 4, y, kSize, kSize), 0.7, Look::kKnobArc);
     addKnob("midiAssignKnob2", CGRectMake(kStripWidth - 1 - kMargin - 4 - kSize, y, kSize, kSize), 0.35,
             Look::kKnobArc);
   }
 
+  [[nodiscard]] CGRect lifted(CGRect frame) const { return frame.offsetBy(0, lift_); }
+  [[nodiscard]] CGRect lengthened(CGRect frame) const {
+    frame.size.height += lift_;
+    return frame;
+  }
+
   void addFader() {
     const double half = (kInnerWidth - 2) / 2;
-    const NSObject volume =
-        add("MADisplayNode", "volume", CGRectMake(kMargin, kReadoutY, half, kReadoutHeight), decibels(track_.volume));
+    const NSObject volume = add("MADisplayNode", "volume", lifted(CGRectMake(kMargin, kReadoutY, half, kReadoutHeight)),
+                                decibels(track_.volume));
     call<"setTextColor:">(volume, look(Look::kDisplayText));
-    const NSObject peak = add("MADisplayNode", "peak", CGRectMake(kMargin + half + 2, kReadoutY, half, kReadoutHeight),
-                              decibels(track_.peak));
+    const NSObject peak =
+        add("MADisplayNode", "peak", lifted(CGRectMake(kMargin + half + 2, kReadoutY, half, kReadoutHeight)),
+            decibels(track_.peak));
     call<"setTextColor:">(peak, peakColour(track_.peak));
-    addScale("volumeScale", kVolumeMarks, kVolumeScale);
-    const NSObject fader = add("MAFaderNode", "volumeFader", kFader);
+    addScale("volumeScale", lengthened(kVolumeMarks), kVolumeScale);
+    const NSObject fader = add("MAFaderNode", "volumeFader", lengthened(kFader));
     call<"setFaderMode:">(fader, static_cast<NSInteger>(track_.faderMode));
     call<"setValue:">(fader, faderPosition(track_.volume));
-    addScale("levelScale", kLevelMarks, kLevelScale);
-    MALevelNode& level = stateOf<MALevelNode>(add("MALevelNode", "level", kLevel));
+    addScale("levelScale", lengthened(kLevelMarks), kLevelScale);
+    MALevelNode& level = stateOf<MALevelNode>(add("MALevelNode", "level", lengthened(kLevel)));
     level.setMixerLevelType(meterType());
     level.setBars(track_.stereo ? 2 : 1);
     level.setLevels(track_.levels);
@@ -475,6 +497,7 @@ class StripBuilder {
   std::size_t number_;
   UpperRows rows_;
   Sections sections_;
+  double lift_ = 0;  // how much longer the fader is than usual
   Ref<NSObject> strip_;
   std::vector<EmptySlot> empty_;
 };
@@ -509,6 +532,31 @@ NSColor peakColour(double decibels) {
 }
 
 double stripHeight(const Song& song) { return upperRows(song).top; }
+
+double faderHeight(const Song& song) { return kFader.size.height + faderExtra(song); }
+double faderBottom() { return kFader.minY(); }
+
+std::vector<StripRow> stripRows(const Song& song) {
+  const UpperRows rows = upperRows(song);
+  const double lift = faderExtra(song);
+  const double sends = song.sendRows * kRowPitch;
+  const double audio = song.audioRows * kRowPitch;
+  return {{"Setting", rows.setting, kSlotHeight},
+          {"GainReduction", rows.reduction, kReductionHeight},
+          {"EQ", rows.equalizer, kEqualizerHeight},
+          {"MIDIEffects", rows.midi, kSlotHeight},
+          {"Input", rows.input, kSlotHeight},
+          {"AudioEffects", rows.audio + audio - kRowPitch, kSlotHeight},
+          {"Sends", rows.sends + sends - kRowPitch, kSlotHeight},
+          {"Output", kOutput.minY() + lift, kOutput.size.height},
+          {"Group", kGroup.minY() + lift, kGroup.size.height},
+          {"Automation", kAutomation.minY() + lift, kAutomation.size.height},
+          {"Icon", kIcon.minY() + lift, kIcon.size.height},
+          {"Pan", kPan.minY() + lift, kPan.size.height},
+          {"Volume", kReadoutY + lift, kReadoutHeight},
+          {"Notes", kNotes.minY(), kNotes.size.height},
+          {"Name", kName.minY(), kName.size.height}};
+}
 
 Ref<NSObject> buildStrip(const Song& song, const Track& track, std::size_t number) {
   return StripBuilder(song, track, number).build();

@@ -2,6 +2,7 @@
 // Builds the node tree of a channel strip: which sections a track has, and where they lie.
 
 #include <string>
+#include <vector>
 
 #include "host/Song.h"
 #include "host/mixer/MANode.h"
@@ -12,6 +13,18 @@ inline constexpr double kStripWidth = 84;
 
 /// How high every strip of the song is, in points: the rows of slots and sends decide.
 double stripHeight(const Song& song);
+
+/// The fader in every strip: its height, and its lower edge above the strip's.
+double faderHeight(const Song& song);
+double faderBottom();
+
+/// Where the sections of strips lie, from the top; of those with several slots the uppermost one.
+struct StripRow {
+  const char* section;
+  double y;
+  double height;
+};
+std::vector<StripRow> stripRows(const Song& song);
 
 /// The strip of a track, with all of its sections. `number` counts from 1.
 cocoa::Ref<NSObject> buildStrip(const Song& song, const Track& track, std::size_t number);

@@ -1,31 +1,14 @@
-#include "host/app/Views.h"
-#include "host/mixer/StripBuilder.h"
 #include "host/panes/Browsers.h"
+#include "host/panes/Inspector.h"
 #include "host/panes/KitLists.h"
 #include "host/panes/KitViews.h"
 #include "host/panes/Library.h"
 #include "host/panes/Lists.h"
 #include "host/panes/LoopBrowser.h"
+#include "host/panes/MixerPane.h"
 #include "host/panes/Pane.h"
 
 namespace host {
-namespace {
-
-using namespace cocoa;
-
-class EmptyPane : public Pane {
- public:
-  explicit EmptyPane(const PanePlace& place)
-      : view_(Ref<NSView>::adopt(
-            NSView(call<"initWithFrame:", id>(call<"alloc", id>(classNamed("MAView")), place.frame)))) {}
-  [[nodiscard]] NSView view() const override { return view_; }
-
- private:
-  Ref<NSView> view_;
-};
-
-}  // namespace
-
 std::unique_ptr<Pane> makePane(PaneKind kind, const PanePlace& place) {
   switch (kind) {
     case PaneKind::kLibrary:
@@ -36,9 +19,12 @@ std::unique_ptr<Pane> makePane(PaneKind kind, const PanePlace& place) {
       return makeListsPane(place);
     case PaneKind::kLoopBrowser:
       return makeLoopBrowserPane(place);
-    default:
-      return std::make_unique<EmptyPane>(place);
+    case PaneKind::kInspector:
+      return makeInspectorPane(place);
+    case PaneKind::kMixer:
+      break;
   }
+  return makeMixerPane(place);
 }
 
 double paneExtent(PaneKind kind, const Song& song) {
@@ -55,10 +41,11 @@ double paneExtent(PaneKind kind, const Song& song) {
     case PaneKind::kMixer:
       break;
   }
-  return stripHeight(song) + 48;
+  return mixerPaneHeight(song);
 }
 
 void definePaneClasses() {
+  defineInspectorClasses();
   defineKitViews();
   defineKitLists();
   defineLibraryClasses();

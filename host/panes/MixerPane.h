@@ -1,0 +1,11 @@
+#pragma once
+// The mixer below the tracks.
+
+#include "host/panes/Pane.h"
+
+namespace host {
+
+std::unique_ptr<Pane> makeMixerPane(const PanePlace& place);
+double mixerPaneHeight(const Song& song);
+
+}  // namespace host
