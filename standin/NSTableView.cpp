@@ -180,7 +180,9 @@ void TableState::reload() {
 }
 
 NSInteger TableState::numberOfRows() {
-  if (!loaded) call<"reloadData">(self);
+  if (loaded) return count;
+  const KeptMarks kept(stateOf<ViewState>(self));  // what is loaded late has not been drawn yet
+  call<"reloadData">(self);
   return count;
 }
 

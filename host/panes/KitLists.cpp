@@ -15,9 +15,12 @@ using namespace cocoa;
 struct Variant {
   Look background;
   Look grid;
+  Look title;
 };
-constexpr Variant kVariants[] = {{Look::kListBackground, Look::kListGrid},
-                                 {Look::kListBackgroundBright, Look::kListGridBright}};
+constexpr Variant kVariants[] = {
+    {Look::kListBackground, Look::kListGrid, Look::kListHeaderText},
+    {Look::kListBackgroundBright, Look::kListGridBright, Look::kListTextBright},
+};
 
 /// What tables and outlines have in common. `Cls` tells them apart.
 template <FixedString Cls>
@@ -30,6 +33,9 @@ struct KitList : ObjectState {
     const NSTableView list(self);
     list.setBackgroundColor(look(looks.background));
     list.setGridColor(look(looks.grid));
+    for (const NSTableColumn column : items<NSTableColumn>(list.tableColumns())) {
+      call<"setTextColor:">(column.headerCell(), look(looks.title));
+    }
   }
 };
 

@@ -20,6 +20,22 @@ struct MAPopUpButton : ObjectState {
   void setTitleColor(NSColor colour) { cell().setTitleColor(colour); }
 };
 
+/// What stands on a bar: its title, and the sign of its menu.
+struct CLgDocwMenusView : ObjectState {
+  std::string title;
+
+  void drawRect(CGRect /*dirty*/) {
+    const CGRect bounds = NSView(self).bounds();
+    const Painter painter = currentPainter();
+    painter.text(title, bounds.insetBy(10, 0), look(Look::kPaneBarText),
+                 {.size = 11, .weight = 0.23, .alignment = TextAlignment::kLeft});
+    for (int line = -1; line <= 1; ++line) {
+      painter.fillRounded(CGRectMake(bounds.maxX() - 22, bounds.midY() + 3.5 * line - 0.75, 11, 1.5), 0.75,
+                          look(Look::kListTextDim));
+    }
+  }
+};
+
 struct MAKitSearchIconView : ObjectState {
   void drawRect(CGRect /*dirty*/) {
     const CGRect bounds = NSView(self).bounds();
@@ -146,22 +162,17 @@ void MAKitTabView::drawRect(CGRect /*dirty*/) {
 }
 
 void CLgDocwControlsView::drawRect(CGRect dirty) {
-  const CGRect bounds = NSView(self).bounds();
   const Painter painter = currentPainter();
   painter.fill(dirty, look(Look::kPaneBar));
-  painter.fill(CGRectMake(0, 0, bounds.size.width, 1), look(Look::kPaneLine));
-  painter.text(title, bounds.insetBy(10, 0), look(Look::kPaneBarText),
-               {.size = 11, .weight = 0.23, .alignment = TextAlignment::kLeft});
-  for (int line = -1; line <= 1; ++line) {  // the bar's menu
-    painter.fillRounded(CGRectMake(bounds.maxX() - 22, bounds.midY() + 3.5 * line - 0.75, 11, 1.5), 0.75,
-                        look(Look::kListTextDim));
-  }
+  painter.fill(CGRectMake(0, 0, NSView(self).bounds().size.width, 1), look(Look::kPaneLine));
 }
 
 Ref<NSView> newControlsView(CGRect frame, NSInteger type, std::string title) {
   auto view = newView("CLgDocwControlsView", frame);
   namedVariable<NSInteger>(view->object, "docwControlsViewType") = type;
-  stateOf<CLgDocwControlsView>(view.get()).title = std::move(title);
+  const Ref<NSView> controls = newView("CLgDocwMenusView", view->bounds());
+  stateOf<CLgDocwMenusView>(controls.get()).title = std::move(title);
+  view->addSubview(controls);
   return view;
 }
 
@@ -205,6 +216,9 @@ void defineKitViews() {
   ClassDefinition<CLgDocwControlsView>("CLgDocwControlsView", "MAKitView")
       .variable<NSInteger>("docwControlsViewType")
       .method<"drawRect:", &CLgDocwControlsView::drawRect>()
+      .registered();
+  ClassDefinition<CLgDocwMenusView>("CLgDocwMenusView", "NSView")
+      .method<"drawRect:", &CLgDocwMenusView::drawRect>()
       .registered();
   ClassDefinition<MAKitSearchIconView>("MAKitSearchIconView", "NSView")
       .method<"drawRect:", &MAKitSearchIconView::drawRect>()

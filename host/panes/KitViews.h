@@ -38,13 +38,12 @@ struct MAKitTabView : cocoa::ObjectState {
   void drawRect(CGRect dirty);
 };
 
-/// The bar above a part of a pane.
+/// The bar above a part of a pane; its controls lie on it.
 struct CLgDocwControlsView : cocoa::ObjectState {
-  std::string title;
   void drawRect(CGRect dirty);
 };
 
-/// A bar of controls of a type: 1 above note pads, 2 above lists.
+/// A bar with a title. Its type is 1 above note pads, 2 above the library and lists, 0 elsewhere.
 cocoa::Ref<NSView> newControlsView(CGRect frame, NSInteger type, std::string title);
 
 /// Draws tabs, centred in a rectangle.
