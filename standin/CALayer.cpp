@@ -116,7 +116,7 @@ void LayerState::insertSublayer(CALayer layer, unsigned index) {
   layer.removeFromSuperlayer();
   const auto at = std::min<std::size_t>(index, sublayers.size());
   sublayers.insert(sublayers.begin() + static_cast<std::ptrdiff_t>(at), kept);
-  sublayersSnapshot = {};
+  autoreleased(std::move(sublayersSnapshot));  // somebody may be walking it
   stateOf<LayerState>(layer).superlayer = self;
 }
 
@@ -140,7 +140,7 @@ void LayerState::removeFromSuperlayer() {
   superlayer = nullptr;
   const auto at = above.indexOf(CALayer(self));
   if (at < 0) return;
-  above.sublayersSnapshot = {};
+  autoreleased(std::move(above.sublayersSnapshot));
   const Ref<CALayer> kept = above.sublayers[static_cast<std::size_t>(at)];  // this state until the end
   above.sublayers.erase(above.sublayers.begin() + at);
 }

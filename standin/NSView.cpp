@@ -350,7 +350,7 @@ void ViewState::insertSubview(NSView added, std::size_t index) {
   added.removeFromSuperview();
   ViewState& below = stateOf<ViewState>(added);
   subviews.insert(subviews.begin() + static_cast<std::ptrdiff_t>(std::min(index, subviews.size())), kept);
-  subviewsSnapshot = {};
+  autoreleased(std::move(subviewsSnapshot));  // somebody may be walking it
   below.superview = self;
   below.setNeedsDisplay(YES);
   // A view controller stands between its view and what comes after.
@@ -364,7 +364,7 @@ void ViewState::removeFromSuperview() {
   const Ref<NSView> kept = view();
   ViewState& above = stateOf<ViewState>(superview);
   std::erase_if(above.subviews, [this](const auto& each) { return each.get().object == self; });
-  above.subviewsSnapshot = {};
+  autoreleased(std::move(above.subviewsSnapshot));
   markPlace();
   superview = nullptr;
   stateOf<ResponderState>(controller != nullptr ? controller : self).next = nullptr;

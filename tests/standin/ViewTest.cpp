@@ -66,6 +66,23 @@ TEST(View, DrawsInItsOwnDirection) {
   EXPECT_EQ(canvas.art(), "RRRRRR\nRRRRRR\nRRRRRR\nRRRRRR\n");
 }
 
+TEST(View, WalksSubviewsThatAreRemoved) {
+  const AutoreleasePool pool;
+  const auto root = NSView::withFrame({{0, 0}, {100, 100}});
+  for (int i = 0; i < 3; ++i) root->addSubview(NSView::withFrame({{0, 0}, {5, 5}}));
+  {
+    const AutoreleasePool earlier;
+    EXPECT_EQ(root->subviews().count(), 3U);
+  }
+  int walked = 0;
+  for (const NSView each : items<NSView>(root->subviews())) {
+    each.removeFromSuperview();
+    ++walked;
+  }
+  EXPECT_EQ(walked, 3);
+  EXPECT_EQ(root->subviews().count(), 0U);
+}
+
 TEST(View, ConvertsBetweenDirections) {
   const AutoreleasePool pool;
   const auto root = NSView::withFrame({{0, 0}, {100, 100}});
