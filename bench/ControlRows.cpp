@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <sstream>
 
+#include "bench/InACopy.h"
 #include "bench/Rows.h"
 #include "cli/PrivateFolders.h"
 #include "cli/Session.h"
@@ -149,26 +150,6 @@ std::string bigTheme() {
             << ", 120, 20, 100}</string>";
   }
   return newTheme("start-up", entries.str());
-}
-
-/// Does something in a copy of the process, where it has not happened yet, and counts the time that it took there.
-void onceInACopy(host::Application& application, void (*work)(host::Application&)) {
-  int answers[2];
-  if (::pipe(answers) != 0) std::abort();
-  const pid_t child = ::fork();
-  if (child == 0) {
-    const auto start = std::chrono::steady_clock::now();
-    work(application);
-    const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    ::_exit(::write(answers[1], &seconds, sizeof seconds) == sizeof seconds ? 0 : 1);
-  }
-  double seconds = 0;
-  const bool answered = ::read(answers[0], &seconds, sizeof seconds) == sizeof seconds;
-  ::close(answers[0]);
-  ::close(answers[1]);
-  ::waitpid(child, nullptr, 0);
-  if (!answered) std::abort();
-  countSeconds(seconds);
 }
 
 void bringUp(host::Application& application) {

@@ -14,6 +14,7 @@
 #include "bench/ArrangeRows.h"
 #include "bench/ControlRows.h"
 #include "bench/Rows.h"
+#include "bench/ViewRows.h"
 #include "bench/Worker.h"
 #include "cli/PrivateFolders.h"
 #include "cli/Session.h"
@@ -472,6 +473,7 @@ int main(int argc, char** argv) {
   const Workers workers;
   const bench::ArrangeWorkers arrangeWorkers;
   const bench::ControlWorkers controlWorkers;
+  const bench::ViewWorkers viewWorkers;
   const AutoreleasePool pool;
   host::HostOptions hostOptions;
   hostOptions.scale = 2;
@@ -487,6 +489,7 @@ int main(int argc, char** argv) {
   bench::addRulerRows(application);
   bench::addArrangeRows(arrangeWorkers);
   bench::addControlRows(controlWorkers);
+  bench::addViewRows(viewWorkers);
 
   std::vector<std::string> options{argv[0], "--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=11",
                                    "--benchmark_report_aggregates_only=true"};

@@ -10,72 +10,16 @@
 #include "plugin/theme/ThemeKeys.h"
 #include "tests/support/Colours.h"
 #include "tests/support/Theme.h"
+#include "tests/views/LiveLoopsRows.h"
 
 namespace {
 
 using support::colour;
+using support::kLiveLoopsRows;
+using support::LiveLoopsRow;
 using support::Rgba;
 using support::rgba;
 using support::ThemeFile;
-
-struct Row {
-  const char* provider;
-  const char* method;
-  const char* key;
-};
-constexpr const char* kGeneral = "LiveLoopsGeneralColors";
-constexpr const char* kHeader = "LiveLoopsGridHeaderColors";
-constexpr const char* kClock = "LiveLoopsGridClockColors";
-constexpr const char* kDivider = "LiveLoopsDividerHeaderAndFooterColors";
-constexpr const char* kButtons = "LiveLoopsRowTriggerColorUtility";
-constexpr const char* kScene = "LiveLoopsSceneTriggerColors";
-constexpr const char* kRow = "LiveLoopsRowTriggerColors";
-constexpr Row kRows[] = {
-    {kGeneral, "backgroundColor", "LiveLoopsBackgroundColor"},
-    {kGeneral, "backgroundColorInsideSubfolder", "LiveLoopsBGColorInsideSubfolder"},
-    {kHeader, "backgroundColor", "LiveLoopsGridHeaderBGColor"},
-    {kHeader, "lineColor", "LiveLoopsGridHeaderLineColor"},
-    {kHeader, "globalTrackPlaceholderBackgroundColor", "LiveLoopsGlobalTrackBGColor"},
-    {kHeader, "globalTrackPlaceholderBottomLineColor", "LiveLoopsGlobalTrackBottomLineColor"},
-    {kHeader, "globalTrackPlaceholderLineColor", "LiveLoopsGlobalTrackLineColor"},
-    {kClock, "backgroundColor", "LiveLoopsGridClockBackgroundColor"},
-    {kClock, "foregroundColor", "LiveLoopsGridClockForegroundColor"},
-    {kDivider, "basicBackgroundColor", "LiveLoopsDividerHnFBGColor"},
-    {kDivider, "backgroundPressedStateColor", "LiveLoopsDividerHnFPressedBGColor"},
-    {kDivider, "backgroundMouseoverColor", "LiveLoopsDividerHnFMouseoverBGColor"},
-    {kDivider, "glyphColor", "LiveLoopsDividerHnFGlyphColor"},
-    {kDivider, "borderColor", "LiveLoopsDividerHnFBorderColor"},
-    {kButtons, "basicBackgroundColor", "LiveLoopsDividerHnFBGColor"},
-    {kButtons, "backgroundPressedStateColor", "LiveLoopsDividerHnFPressedBGColor"},
-    {kButtons, "backgroundMouseoverColor", "LiveLoopsDividerHnFMouseoverBGColor"},
-    {kButtons, "glyphColor", "LiveLoopsDividerHnFGlyphColor"},
-    {kButtons, "borderColor", "LiveLoopsDividerHnFBorderColor"},
-    {kScene, "foregroundTextColor", "LiveLoopsSTTextColor"},
-    {kScene, "backgroundColor", "LiveLoopsSTBGColor"},
-    {kScene, "backgroundSelectedColor", "LiveLoopsSTSelectedBGColor"},
-    {kScene, "buttonGlyphColor", "LiveLoopsSTGlyphColor"},
-    {kScene, "mouseoverButtonBackgroundColor", "LiveLoopsSTMouseoverButtonBGColor"},
-    {kScene, "mouseoverButtonBackgroundColorForFocusScene", "LiveLoopsSTMouseoverButtonBGColorFocusScene"},
-    {kScene, "mousePressedButtonGlyphColor", "LiveLoopsSTButtonPressedGlyphColor"},
-    {kScene, "borderColor", "LiveLoopsSTBorderColor"},
-    {kScene, "flashColor", "LiveLoopsSTFlashColor"},
-    {kScene, "mouseoverColor", "LiveLoopsSTMouseOverColor"},
-    {kScene, "excessSceneTriggerBackgroundColor", "LiveLoopsSTExcessBGColor"},
-    {kRow, "glyphColor", "LiveLoopsRTGlyphColor"},
-    {kRow, "glyphHighlightedColor", "LiveLoopsRTGlyphHighlightColor"},
-    {kRow, "backgroundColor", "LiveLoopsRTBGColor"},
-    {kRow, "backgroundHighlightedColor", "LiveLoopsRTBGHighlightColor"},
-    {kRow, "mouseoverBackgroundColor", "LiveLoopsRTMouseoverBGColor"},
-    {kRow, "mouseoverBackgroundHighlightedColor", "LiveLoopsRTMouseoverHighlightedBGColor"},
-    {kRow, "pressedStateBackgroundColor", "LiveLoopsRTPressedBGColor"},
-    {kRow, "pressedStateBackgroundHighlightedColor", "LiveLoopsRTPressedHighlightedBGColor"},
-    {kRow, "borderColor", "LiveLoopsRTBorderColor"},
-    {kRow, "borderHighlightedColor", "LiveLoopsRTHighlightedBorderColor"},
-    {kRow, "rowSeparatorColor", "LiveLoopsRTRowSeparatorColor"},
-    {kRow, "rowSeparatorHighlightedColor", "LiveLoopsRTRowSeparatorHighlightedColor"},
-    {kRow, "excessBackgroundColor", "LiveLoopsRTExcessBGColor"},
-};
-static_assert(std::size(kRows) == 43);
 
 /// A saturated colour for each key, another for every one; none of the host's.
 Rgba colourOf(std::string_view key) {
@@ -85,7 +29,7 @@ Rgba colourOf(std::string_view key) {
 
 ThemeFile themeOf(std::initializer_list<const char*> keys) {
   ThemeFile theme;
-  for (const Row& row : kRows) {
+  for (const LiveLoopsRow& row : kLiveLoopsRows) {
     if (keys.size() != 0 && std::ranges::find(keys, std::string_view(row.key)) == keys.end()) continue;
     const Rgba c = colourOf(row.key);
     theme.text(row.key, colour(static_cast<int>(c.red), static_cast<int>(c.green), static_cast<int>(c.blue)));
@@ -97,7 +41,7 @@ TEST(LiveLoops, TakeEveryColourFromTheTheme) {
   const cocoa::AutoreleasePool pool;
   const auto application = support::start(support::writeTheme(themeOf({}).list()), support::sampleSong());
   ASSERT_TRUE(application);
-  for (const Row& row : kRows) {
+  for (const LiveLoopsRow& row : kLiveLoopsRows) {
     EXPECT_EQ(rgba(host::liveLoopsColour(row.provider, row.method)), colourOf(row.key)) << row.method;
   }
   const auto bitmap = application->draw(host::WindowKind::kLiveLoops);
@@ -107,7 +51,7 @@ TEST(LiveLoops, TakeEveryColourFromTheTheme) {
     for (long x = 0; x < bitmap->pixelsWide(); ++x, pixel += 4) colours.insert({pixel[0], pixel[1], pixel[2]});
   }
   std::vector<std::string> unseen;
-  for (const Row& row : kRows) {
+  for (const LiveLoopsRow& row : kLiveLoopsRows) {
     const bool seen = std::ranges::any_of(colours, [&](const auto& c) {
       return support::near({c[0], c[1], c[2]}, colourOf(row.key), 1);
     });
@@ -121,7 +65,7 @@ TEST(LiveLoops, ShareTheGlyphOfTheDividerAndKeepTheRest) {
   const auto theme = themeOf({"LiveLoopsDividerHnFGlyphColor"});
   const auto application = support::start(support::writeTheme(theme.list()), support::sampleSong());
   ASSERT_TRUE(application);
-  for (const Row& row : kRows) {
+  for (const LiveLoopsRow& row : kLiveLoopsRows) {
     const bool themed = std::string_view(row.key) == "LiveLoopsDividerHnFGlyphColor";
     EXPECT_EQ(rgba(host::liveLoopsColour(row.provider, row.method)) == colourOf(row.key), themed) << row.method;
   }

@@ -1,0 +1,196 @@
+// A bundle that is loaded once the windows are open shows what one that was there before shows, but for what a
+// refresh of windows does not reach.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <map>
+#include <set>
+
+#include "cli/PrivateFolders.h"
+#include "cocoa/Call.h"
+#include "host/mixer/MANode.h"
+#include "plugin/theme/ThemeKeys.h"
+#include "tests/support/Theme.h"
+
+namespace {
+
+using host::WindowKind;
+using testing::ContainerEq;
+
+using Names = std::set<std::string>;
+
+/// The innermost node at a place, by its class and name. Places count from the lower left of the node's parent.
+std::string nodeAt(NSObject node, CGPoint place) {
+  const auto& state = cocoa::stateOf<host::MANode>(node);
+  const CGPoint inside{place.x - state.frame.minX(), place.y - state.frame.minY()};
+  std::string found = cocoa::toStdString(node.className()) + " " + cocoa::toStdString(state.name.get());
+  for (const NSObject child : cocoa::items(state.childrenArray)) {
+    const CGRect frame = cocoa::stateOf<host::MANode>(child).frame;
+    if (CGRectContainsPoint(frame, inside)) found = nodeAt(child, inside);
+  }
+  return found;
+}
+
+/// The innermost view at a place of the window, by its class; a node where there is one.
+std::string thingAt(NSView view, CGPoint place) {
+  std::string found = cocoa::toStdString(view.className());
+  if (view.respondsToSelector(cocoa::selector<"node">())) {
+    const auto node = cocoa::call<"node", NSObject>(view);
+    if (node) return nodeAt(node, view.convertPointFromView(place, {}));
+  }
+  for (const NSView subview : cocoa::items<NSView>(view.subviews())) {
+    if (CGRectContainsPoint(subview.bounds(), subview.convertPointFromView(place, {}))) found = thingAt(subview, place);
+  }
+  return found;
+}
+
+/// Every colour that a theme can have, each another one.
+std::string loudTheme() {
+  support::ThemeFile theme;
+  int index = 0;
+  for (const velura::ThemeKeyRow& row : velura::kThemeKeys) {
+    ++index;
+    if (row.kind != velura::ThemeKeyKind::kColour) continue;
+    theme.text(std::string(row.name),
+               support::colour(40 + index * 37 % 200, 40 + index * 59 % 200, 40 + index * 83 % 200));
+  }
+  return support::writeTheme(theme.list());
+}
+
+std::unique_ptr<host::Application> startWith(const std::string& theme, bool late) {
+  session::SessionOptions options;
+  options.theming = session::Theming::kTheme;
+  options.themeFolder = theme;
+  options.loadsLate = late;
+  options.windows.assign(std::begin(host::kWindowKinds), std::end(host::kWindowKinds));
+  std::string error;
+  auto application = session::startSession(options, support::sampleSong(), error);
+  EXPECT_TRUE(application) << error;
+  return application;
+}
+
+std::string earlyPicture(WindowKind window) {
+  return session::privateFolder() + "/early-" + std::to_string(static_cast<int>(window)) + ".png";
+}
+
+/// Draws every window of a host that had the bundle before it opened them.
+bool drawEarly(const std::string& theme) {
+  return support::inChild([&] {
+    const auto application = startWith(theme, false);
+    for (const WindowKind window : host::kWindowKinds) {
+      support::writeFile(earlyPicture(window), session::windowAsPng(*application, window));
+    }
+    return true;
+  });
+}
+
+cocoa::Ref<NSBitmapImageRep> bitmapOf(const std::string& png) {
+  return cocoa::call<"imageRepWithData:", NSBitmapImageRep>(cocoa::asObject(cocoa::classNamed("NSBitmapImageRep")),
+                                                            NSData::dataWithBytes(png.data(), png.size()));
+}
+
+/// What looks another way in two pictures of a window.
+Names differences(NSWindow window, NSBitmapImageRep a, NSBitmapImageRep b) {
+  const NSView frame = window.contentView().superview();
+  Names names;
+  for (long y = 0; y < a.pixelsHigh(); ++y) {
+    const unsigned char* one = a.bitmapData() + y * a.bytesPerRow();
+    const unsigned char* other = b.bitmapData() + y * b.bytesPerRow();
+    for (long x = 0; x < a.pixelsWide(); ++x) {
+      if (std::memcmp(one + 4 * x, other + 4 * x, 4) == 0) continue;
+      const CGPoint place{static_cast<double>(x) + 0.5, frame.bounds().size.height - static_cast<double>(y) - 0.5};
+      names.insert(thingAt(frame, place));
+    }
+  }
+  return names;
+}
+
+/// What keeps some of the host's look, and which rule of the refresh leaves it so.
+using Kept = std::map<std::string, const char*>;
+constexpr const char* kNoRule = "nodes of this class are passed over";
+constexpr const char* kSetOnce = "its colours are set with its value or state, and that is not set again";
+const Kept kStrips{
+    {"MAButtonNode audioPlugIn", kSetOnce},
+    {"MAButtonNode input", kSetOnce},
+    {"MAButtonNode sendButton", kSetOnce},
+    {"MADisplayNode group", kSetOnce},
+    {"MADisplayNode peak", kSetOnce},
+    {"MAEQThumbnailNode equalizerThumbnail", kNoRule},
+    {"MAGUI.MADynamicScaleNode levelScale", kNoRule},
+    {"MAGUI.MADynamicScaleNode volumeScale", kNoRule},
+    {"MAGainReductionMeterNode gainReductionMeter", kNoRule},
+    {"MALevelNode level", "its background is made anew, its levels with the next change"},
+    {"MAPlanarSpotNode spot", kNoRule},
+    {"MAPointerNode pointer", kNoRule},
+    {"MAScaleNode levelScale", "its labels are drawn anew, with the ticks that it has"},
+    {"MAScaleNode volumeScale", "its labels are drawn anew, with the ticks that it has"},
+    {"MAStripNode strip", "the titles of its empty slots are pictures that it has"},
+    {"MASymbolButtonNode bounce", kSetOnce},
+    {"MASymbolButtonNode channelMode", kSetOnce},
+    {"MASymbolButtonNode dim", kSetOnce},
+    {"MASymbolButtonNode monitoring", kSetOnce},
+    {"MASymbolButtonNode mute", kSetOnce},
+    {"MASymbolButtonNode record", kSetOnce},
+    {"MASymbolButtonNode solo", kSetOnce},
+    {"MATextNode label", kNoRule},
+    {"MATextNode name", kNoRule},
+    {"MATextNode notes", kNoRule},
+    {"MATextNode number", kNoRule},
+    {"MATextNode panner readout", kNoRule},
+    {"MAPopUpButton", "the menu of sends on faders takes its arrow with its state"},
+};
+const Kept kToolbar{{"MAABButton", "its image is set again, its background with its state"}};
+const Kept kLibrary{{"NSTableView", "found sounds take their colours with the table's autosave name"},
+                    {"NSTableHeaderView", "shows its table's grid"}};
+const Kept kLoops{
+    {"MAKitTabView", "takes its colour with its layer"},
+    {"MALoopBrowserSplitView", "gets the colour of the tabs, instead of that of the upper part with its layer"},
+    {"MALoopBrowserFilterSegmentedControl", "lies on the split view"},
+    {"MALoopBrowserTableView", "takes its colours with the variant of its look"},
+    {"MALoopBrowserOutlineView", "takes its colours with the variant of its look"},
+    {"NSTableHeaderView", "shows its table's grid"},
+};
+
+Names namesOf(std::initializer_list<Kept> lists) {
+  Names names;
+  for (const Kept& list : lists) {
+    for (const auto& [name, rule] : list) names.insert(name);
+  }
+  return names;
+}
+
+const std::map<WindowKind, Names> kExpected{
+    {WindowKind::kMixer, namesOf({kStrips})},
+    {WindowKind::kArrange, {}},
+    {WindowKind::kStepSequencer, {}},
+    {WindowKind::kLiveLoops, {}},
+    {WindowKind::kLibrary, namesOf({kToolbar, kLibrary})},
+    {WindowKind::kLoopBrowser, namesOf({kToolbar, kLoops})},
+    {WindowKind::kLists, namesOf({kToolbar})},
+    {WindowKind::kInspector, namesOf({kToolbar})},
+};
+
+TEST(LateLoad, DiffersOnlyWhereTheRefreshDoesNotReach) {
+  const cocoa::AutoreleasePool pool;
+  const std::string theme = loudTheme();
+  ASSERT_TRUE(drawEarly(theme));
+  const auto application = startWith(theme, true);
+  for (const WindowKind window : host::kWindowKinds) {
+    const auto early = bitmapOf(support::fileContents(earlyPicture(window)));
+    const auto late = bitmapOf(session::windowAsPng(*application, window));
+    ASSERT_TRUE(early && late);
+    ASSERT_EQ(late->pixelsWide(), early->pixelsWide());
+    ASSERT_EQ(late->pixelsHigh(), early->pixelsHigh());
+    const Names kept = differences(application->window(window), early, late);
+    if (window == WindowKind::kOverview) {
+      // Shows some of the strips, and no window's part that is not shown elsewhere.
+      EXPECT_THAT(namesOf({kStrips, kToolbar, kLibrary, kLoops}), testing::IsSupersetOf(kept));
+    } else {
+      EXPECT_THAT(kept, ContainerEq(kExpected.at(window))) << "window " << static_cast<int>(window);
+    }
+  }
+}
+
+}  // namespace
