@@ -227,7 +227,9 @@ NSColor ThemeUtility::mixerBackgroundColor() const {
 void ThemeUtility::windowDidUpdate(NSNotification notification) {
   const NSColor title = colorForKey(ThemeKey::kWindowTitleColor);
   if (!title || !isHostWindow(notification.sender())) return;
-  titleField(cast<NSWindow>(notification.sender())).setTextColor(title);
+  const NSTextField field = titleField(cast<NSWindow>(notification.sender()));
+  // Windows update all the time: a title that has its colour is not to be drawn anew.
+  if (!title.isEqual(field.textColor())) field.setTextColor(title);
 }
 
 void ThemeUtility::handleDocumentDidOpen(NSNotification notification) { checkOpenedDocument(notification); }
