@@ -21,6 +21,7 @@ id MAView::initWithFrame(CGRect frame) {
 }
 
 void MAView::setBackgroundColor(NSColor colour) {
+  if (colour.isEqual(backgroundColor.get())) return;
   backgroundColor = colour;
   call<"setNeedsDisplay:">(self, BOOL(1));
 }
