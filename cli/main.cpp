@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <map>
 #include <optional>
 
@@ -58,15 +59,22 @@ const std::map<std::string, host::WindowKind> kWindows{{"mixer", host::WindowKin
                                                        {"inspector", host::WindowKind::kInspector},
                                                        {"overview", host::WindowKind::kOverview}};
 
+/// In place of a window's name: each window, into a folder.
+constexpr const char* kAllWindows = "all";
+
 std::vector<std::string> windowNames() {
   std::vector<std::string> names;
   for (const auto& [name, kind] : kWindows) names.push_back(name);
   return names;
 }
 
-int fail(const std::string& message) {
+std::vector<std::string> namesOfWindows(const HostArguments& arguments) {
+  return arguments.window == kAllWindows ? windowNames() : std::vector{arguments.window};
+}
+
+int fail(const std::string& message, ExitCode status = kFailed) {
   std::fprintf(stderr, "velura: %s\n", message.c_str());
-  return kFailed;
+  return status;
 }
 
 /// A single strip is looked at closely.
@@ -83,7 +91,7 @@ session::SessionOptions sessionOptions(const HostArguments& arguments) {
   options.themeState = arguments.state;
   options.tracksBackground = arguments.tracksBackground;
   options.loadsLate = arguments.load == "after";
-  options.windows = {kWindows.at(arguments.window)};
+  for (const std::string& name : namesOfWindows(arguments)) options.windows.push_back(kWindows.at(name));
   if (arguments.theme == "default") {
     options.theming = session::Theming::kDefaultTheme;
   } else if (arguments.theme != "none") {
@@ -128,42 +136,65 @@ std::unique_ptr<host::Application> startHost(const HostArguments& arguments, std
   return session::startSession(options, std::move(*song), error);
 }
 
-/// The picture that `render` writes; "", with `error` set, when it cannot be drawn.
-std::string picture(host::Application& application, const HostArguments& arguments, std::string& error) {
+/// The picture of one window; "", with `error` set, when it cannot be drawn.
+std::string picture(host::Application& application, const std::string& window, const HostArguments& arguments,
+                    std::string& error) {
   if (arguments.zoomStrip) {
     return session::stripAsPng(application, *arguments.zoomStrip, pixelsPerPoint(arguments), error);
   }
-  const host::WindowKind window = kWindows.at(arguments.window);
-  std::string png = session::windowAsPng(application, window);
+  const host::WindowKind kind = kWindows.at(window);
+  standin::setPressedMouseButtons(0);
+  std::string png = session::windowAsPng(application, kind);
   if (arguments.mouse == "down") {
     standin::setPressedMouseButtons(1);
-    png = session::drawnAsPng(application, window);
+    png = session::drawnAsPng(application, kind);
   }
-  if (png.empty()) error = arguments.out + ": the window cannot be drawn at this size";
+  if (png.empty()) error = arguments.out + ": the window \"" + window + "\" cannot be drawn at this size";
   return png;
+}
+
+/// Draws one window into a file, and names the file.
+bool writePicture(host::Application& application, const std::string& window, const HostArguments& arguments,
+                  std::string& error) {
+  const std::string png = picture(application, window, arguments, error);
+  if (png.empty()) return false;
+  const bool one = arguments.window != kAllWindows;
+  const std::string path = one ? arguments.out : (std::filesystem::path(arguments.out) / (window + ".png")).string();
+  errno = 0;
+  if (!velura::writeAtomically(path, png)) {
+    error = path + ": cannot be written: " + std::strerror(errno);
+    return false;
+  }
+  std::printf("%s\n", path.c_str());
+  return true;
+}
+
+/// The folder for pictures of all windows is made before the host starts, which takes a while.
+bool makeFolder(const HostArguments& arguments, std::string& error) {
+  std::error_code failure;
+  if (arguments.window == kAllWindows) std::filesystem::create_directories(arguments.out, failure);
+  if (failure) error = arguments.out + ": the folder cannot be made: " + failure.message();
+  return !failure;
 }
 
 int render(const HostArguments& arguments) {
   if (arguments.zoomStrip && arguments.window != "mixer") {
-    std::fprintf(stderr, "velura: --zoom-strip shows a strip of the mixer: --window %s has none\n",
-                 arguments.window.c_str());
-    return kWrongUsage;
+    return fail("--zoom-strip shows a strip of the mixer: --window " + arguments.window + " is not the mixer",
+                kWrongUsage);
   }
   std::string error;
   if (!isReadableList(arguments.grid, error) || !isReadableList(arguments.state, error)) return fail(error);
+  if (!makeFolder(arguments, error)) return fail(error);
   const auto application = startHost(arguments, error);
   if (!application) return fail(error);
-  const std::string png = picture(*application, arguments, error);
-  if (png.empty()) return fail(error);
-  errno = 0;
-  if (!velura::writeAtomically(arguments.out, png)) {
-    return fail(arguments.out + ": cannot be written: " + std::strerror(errno));
+  for (const std::string& window : namesOfWindows(arguments)) {
+    if (!writePicture(*application, window, arguments, error)) return fail(error);
   }
-  std::printf("%s\n", arguments.out.c_str());
   return kDone;
 }
 
 int watch(const HostArguments& arguments) {
+  if (arguments.window == kAllWindows) return fail("watch draws one window: --window all are several", kWrongUsage);
   std::string error;
   const auto application = startHost(arguments, error);
   if (!application) return fail(error);
@@ -204,6 +235,8 @@ Examples:
       the mixer as the theme shows it, for a screen of two pixels per point
   velura render --theme themes/ember --song songs/night-drive.json --zoom-strip 15 --out vocals.png
       one strip, at four times the scale
+  velura render --theme themes/ember --song songs/night-drive.json --window all --out ember
+      every window: ember/mixer.png, ember/arrange.png, ember/overview.png, ...
   velura render --theme default --song songs/night-drive.json --window step-sequencer --out steps.png
       the plug-in loaded, the selected theme "Default": the host keeps its own look
   velura grid enabled=true colorMode=2 markerBandsEnabled=true
@@ -224,9 +257,12 @@ void describeHost(CLI::App& command, HostArguments& arguments) {
                   "\"default\" loads it with the selected theme \"Default\"")
       ->required();
   command.add_option("--song", arguments.song, "The song to open: a JSON file, see docs/development.md")->required();
-  command.add_option("--out", arguments.out, "The PNG file to write")->required();
-  command.add_option("--window", arguments.window, "Which window to draw")
-      ->check(CLI::IsMember(windowNames()))
+  command.add_option("--out", arguments.out, "The PNG file to write; with --window all a folder, made when missing")
+      ->required();
+  std::vector<std::string> windows = windowNames();
+  windows.emplace_back(kAllWindows);
+  command.add_option("--window", arguments.window, "Which window to draw; all: each into a file of its name")
+      ->check(CLI::IsMember(windows))
       ->capture_default_str();
   command.add_option("--scale", arguments.scale, "Pixels per point")
       ->check(CLI::IsMember(std::vector<int>{1, 2}))
