@@ -59,7 +59,7 @@ TEST(ImagesOfThemes, AreThereAtBothScalesForEveryNameThatIsAskedFor) {
 TEST(Themes, UseEveryKeyBetweenThem) {
   const AutoreleasePool pool;
   std::set<std::string> used;
-  for (const char* name : {"ember", "fjord", "prism"}) {
+  for (const char* name : {"ember", "fjord", "linen", "prism"}) {
     const std::string path = std::string(VELURA_SOURCE_DIR "/themes/") + name + "/PluginHelper.plist";
     const Ref<NSObject> list = velura::readPropertyList(path.c_str());
     const auto theme = as<NSDictionary>(list);
