@@ -1,5 +1,5 @@
 # The two commands of the README are `make run` and `make test`; each sets up what it needs by itself.
-.PHONY: help run test bench fuzz bundle format tidy setup build clean
+.PHONY: help run test test-hosts bench fuzz bundle format tidy setup build clean
 MAKEFLAGS += --no-print-directory
 JOBS := $(shell nproc)
 
@@ -13,6 +13,14 @@ run: build
 ## make test     build and run every test
 test: build
 	@ctest --test-dir build --output-on-failure -j $(JOBS)
+
+## make test-hosts  run every test against each older version of the host
+HOSTS := 10.7.4 11.1.2 11.2 12.2
+test-hosts: build
+	@for version in $(HOSTS); do \
+	  echo "== host $$version"; \
+	  VELURA_HOST_VERSION=$$version ctest --test-dir build --output-on-failure -j $(JOBS) --quiet || exit 1; \
+	done
 
 ## make bench    measure against baselines, write out/bench.json
 bench: build

@@ -28,7 +28,8 @@ std::string rendered(const std::string& theme, int scale, const std::string& win
 std::string sample(const std::string& name) { return std::string(VELURA_SOURCE_DIR "/themes/") + name; }
 
 TEST(Look, IsTheHostsOwnWithDefaultAndWithTheReferenceTheme) {
-  for (const char* window : {"mixer", "arrange", "step-sequencer"}) {
+  for (const char* window : {"mixer", "arrange", "step-sequencer", "live-loops", "library", "loop-browser", "lists",
+                             "inspector", "overview"}) {
     for (const int scale : {1, 2}) {
       const std::string host = rendered("none", scale, window);
       ASSERT_FALSE(host.empty());

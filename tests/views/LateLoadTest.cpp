@@ -10,6 +10,7 @@
 
 #include "cli/PrivateFolders.h"
 #include "cocoa/Call.h"
+#include "host/mixer/MADynamicScaleNode.h"
 #include "host/mixer/MANode.h"
 #include "plugin/theme/ThemeKeys.h"
 #include "tests/support/Theme.h"
@@ -161,8 +162,17 @@ Names namesOf(std::initializer_list<Kept> lists) {
   return names;
 }
 
+/// Hosts before 11.2 have no pictures for scales. They make the legend's elements out of reach, so that those of a
+/// legend that is open when the bundle comes are the only ones in the theme's colours.
+Names keptByStrips() {
+  Names names = namesOf({kStrips});
+  if (std::stod(host::HostOptions::usualVersion) >= 11.2) return names;
+  std::erase_if(names, [](const std::string& name) { return name.starts_with(host::kDynamicScaleClass); });
+  names.insert({"MATextField", "MAMixerLegendImageView"});
+  return names;
+}
+
 const std::map<WindowKind, Names> kExpected{
-    {WindowKind::kMixer, namesOf({kStrips})},
     {WindowKind::kArrange, {}},
     {WindowKind::kStepSequencer, {}},
     {WindowKind::kLiveLoops, {}},
@@ -184,9 +194,13 @@ TEST(LateLoad, DiffersOnlyWhereTheRefreshDoesNotReach) {
     ASSERT_EQ(late->pixelsWide(), early->pixelsWide());
     ASSERT_EQ(late->pixelsHigh(), early->pixelsHigh());
     const Names kept = differences(application->window(window), early, late);
-    if (window == WindowKind::kOverview) {
+    if (window == WindowKind::kMixer) {
+      EXPECT_THAT(kept, ContainerEq(keptByStrips()));
+    } else if (window == WindowKind::kOverview) {
       // Shows some of the strips, and no window's part that is not shown elsewhere.
-      EXPECT_THAT(namesOf({kStrips, kToolbar, kLibrary, kLoops}), testing::IsSupersetOf(kept));
+      Names all = namesOf({kToolbar, kLibrary, kLoops});
+      all.merge(keptByStrips());
+      EXPECT_THAT(all, testing::IsSupersetOf(kept));
     } else {
       EXPECT_THAT(kept, ContainerEq(kExpected.at(window))) << "window " << static_cast<int>(window);
     }
