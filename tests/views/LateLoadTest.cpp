@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <malloc.h>
 
 #include <cmath>
 #include <map>
@@ -60,14 +61,15 @@ std::string loudTheme() {
   return support::writeTheme(theme.list());
 }
 
-std::unique_ptr<host::Application> startWith(const std::string& theme, bool late) {
+std::unique_ptr<host::Application> startWith(const std::string& theme, bool late,
+                                             host::Song song = support::sampleSong()) {
   session::SessionOptions options;
   options.theming = session::Theming::kTheme;
   options.themeFolder = theme;
   options.loadsLate = late;
   options.windows.assign(std::begin(host::kWindowKinds), std::end(host::kWindowKinds));
   std::string error;
-  auto application = session::startSession(options, support::sampleSong(), error);
+  auto application = session::startSession(options, std::move(song), error);
   EXPECT_TRUE(application) << error;
   return application;
 }
@@ -206,5 +208,56 @@ TEST(LateLoad, DiffersOnlyWhereTheRefreshDoesNotReach) {
     }
   }
 }
+
+#if !defined(__SANITIZE_ADDRESS__)  // whose allocator keeps what was given up
+
+/// In bytes, what was asked for and not given back.
+std::size_t inUse() { return mallinfo2().uordblks; }
+
+host::Song smallSong() {
+  host::Song song = support::sampleSong();
+  song.tracks.resize(4);
+  return song;
+}
+
+TEST(Windows, LeaveNothingBehindWhenTheyAreDrawnOrRefreshedOverAndOver) {
+  constexpr int kFrames = 10'000;
+  constexpr int kRefreshes = 1'000;
+  constexpr std::size_t kMayGrow = 64 * 1024;
+  const cocoa::AutoreleasePool pool;
+  const auto application = startWith(loudTheme(), false, smallSong());
+  const NSObject loader = cocoa::autoreleased(
+      cocoa::Ref<NSObject>::adopt(NSObject(cocoa::call<"new", id>(cocoa::asObject(cocoa::classNamed("LoaderClass"))))));
+  std::vector<cocoa::Ref<NSBitmapImageRep>> backing;
+  for (const WindowKind window : host::kWindowKinds) backing.push_back(application->draw(window));
+  const auto draw = [&](int frame) {
+    // Each window at least once in a while, and every frame one of them.
+    const cocoa::AutoreleasePool inner;
+    application->mixer().setLevels(0, {frame % 101 / 100.0, 0.5});
+    application->runFrame();
+    const std::size_t window = static_cast<std::size_t>(frame / 8) % std::size(host::kWindowKinds);
+    if (frame % 8 == 0) application->draw(host::kWindowKinds[window], backing[window]);
+  };
+  for (int frame = 0; frame < kFrames / 10; ++frame) draw(frame);
+  const std::size_t warm = inUse();
+  for (int frame = kFrames / 10; frame < kFrames; ++frame) draw(frame);
+  EXPECT_LT(inUse(), warm + kMayGrow) << "after " << kFrames << " frames";
+
+  const auto refresh = [&](int count) {
+    for (int i = 0; i < count; ++i) {
+      const cocoa::AutoreleasePool inner;
+      cocoa::call<"refreshWindows">(loader);
+      if (i % 50 == 0) {
+        for (std::size_t w = 0; w < backing.size(); ++w) application->draw(host::kWindowKinds[w], backing[w]);
+      }
+    }
+  };
+  refresh(kRefreshes / 10);
+  const std::size_t refreshed = inUse();
+  refresh(kRefreshes);
+  EXPECT_LT(inUse(), refreshed + kMayGrow) << "after " << kRefreshes << " refreshes";
+}
+
+#endif
 
 }  // namespace
