@@ -76,9 +76,10 @@ class ThemeRenderer {
     const fs::path folder = workshop_.path() / std::to_string(count_++);
     if (workshop_.path().empty() || !writeTheme(theme, entries, folder)) return std::nullopt;
     const std::string out = (folder / "window.png").string();
-    std::vector<std::string> arguments{"render",   "--theme", folder.string(), "--song", options_.song,
-                                       "--window", window,    "--scale",       "2",      "--out",
-                                       out};
+    std::vector<std::string> arguments{
+        "render",   "--theme", folder.string(), "--song", theme.song.empty() ? options_.song : theme.song,
+        "--window", window,    "--scale",       "2",      "--out",
+        out};
     arguments.insert(arguments.end(), theme.renderOptions.begin(), theme.renderOptions.end());
     std::optional<Picture> picture = runSelf(arguments) ? readPicture(out) : std::nullopt;
     std::error_code ignored;
@@ -88,7 +89,7 @@ class ThemeRenderer {
 
   /// The window without the key. Keys with the same partners share it: drawn once, unless two ask at a time.
   std::shared_ptr<const Picture> drawWithout(const KeyTheme& theme, const std::string& window) {
-    std::string name = window + (theme.needsImages ? " with images " : " ") + themeList(theme.without);
+    std::string name = theme.song + window + (theme.needsImages ? " with images " : " ") + themeList(theme.without);
     for (const std::string& option : theme.renderOptions) name += option;
     {
       const std::scoped_lock lock(mutex_);
@@ -119,16 +120,30 @@ class ThemeRenderer {
 
 enum class Outcome { kWritten, kUnseen, kFailed };
 
-/// The windows in the order in which a key is looked for.
-std::vector<std::string> windowsFor(const ThemeKeyRow& row, std::vector<std::string> windows) {
-  const char* first = row.section == ThemeSection::kArrange ? "arrange" : "mixer";
-  std::stable_partition(windows.begin(), windows.end(), [&](const std::string& window) { return window == first; });
-  return windows;
+/// The windows that keys of a section can change, in the order in which a key is looked for.
+struct SectionWindows {
+  ThemeSection section;
+  std::vector<std::string> windows;
+};
+
+const std::vector<std::string>& windowsFor(ThemeSection section) {
+  static const std::vector<std::string> mixer{"mixer"};
+  static const std::vector<SectionWindows> others{
+      {ThemeSection::kGeneral, {"mixer", "arrange"}},
+      {ThemeSection::kText, {"mixer", "arrange"}},
+      {ThemeSection::kTrackColours, {"mixer", "arrange"}},
+      {ThemeSection::kButtons, {"mixer", "library"}},
+      {ThemeSection::kArrange, {"arrange", "step-sequencer"}},
+      {ThemeSection::kLiveLoops, {"live-loops"}},
+      {ThemeSection::kBrowsers, {"lists", "library", "loop-browser", "mixer"}},
+  };
+  const auto found = std::ranges::find(others, section, &SectionWindows::section);
+  return found == others.end() ? mixer : found->windows;
 }
 
 Outcome makePicture(const ThemeKeyRow& row, const KeyPicturesOptions& options, ThemeRenderer& renderer) {
   const KeyTheme theme = themeShowing(row);
-  for (const std::string& window : windowsFor(row, options.windows)) {
+  for (const std::string& window : windowsFor(row.section)) {
     const auto before = renderer.drawWithout(theme, window);
     const auto after = renderer.draw(theme, theme.with, window);
     if (!before || !after) return Outcome::kFailed;

@@ -11,7 +11,6 @@ struct KeyPicturesOptions {
   std::string out = "docs/keys";
   std::string song = "tools/key-pictures.json";
   std::string companion = "themes/ember/Companion.bundle";  // has images of all names
-  std::vector<std::string> windows;                         // to look for a key in, in this order
   std::vector<std::string> keys;                            // all that are in use when empty
 };
 

@@ -119,6 +119,7 @@ KeyTheme themeShowing(const ThemeKeyRow& row) {
   theme.with.insert(theme.without.begin(), theme.without.end());
   theme.needsImages = row.section == velura::ThemeSection::kImages;
   if (row.key == kArrangeWorkspaceBrightColor) theme.renderOptions = {"--tracks-background", "1"};
+  if (row.key == kSendsOnFaderPopupMenuArrowColorOn) theme.song = "songs/night-drive.json";
   return theme;
 }
 

@@ -16,6 +16,7 @@ struct KeyTheme {
   ThemeEntries without;  // what the key needs to show at all
   ThemeEntries with;     // the same, and the key with a value that cannot be overlooked
   std::vector<std::string> renderOptions;
+  std::string song;  // in place of the usual one, where that has another state; "" for none
   bool needsImages = false;
 };
 

@@ -214,11 +214,10 @@ int editGrid(const GridArguments& arguments) {
   return kDone;
 }
 
-int drawKeys(session::KeyPicturesOptions options) {
+int drawKeys(const session::KeyPicturesOptions& options) {
   for (const std::string& key : options.keys) {
     if (!velura::keyNamed(key)) return fail(key + ": no such key");
   }
-  options.windows = windowNames();
   std::string error;
   std::vector<std::string> unseen;
   const bool drawn = session::makeKeyPictures(options, error, unseen);
@@ -336,7 +335,7 @@ int main(int argc, char** argv) {
     std::printf("%s", session::keyTables(keyPictures).c_str());
     return kDone;
   }
-  if (keyPicturesCommand->parsed()) return drawKeys(std::move(keyPicturesOptions));
+  if (keyPicturesCommand->parsed()) return drawKeys(keyPicturesOptions);
   if (gridCommand->parsed()) return editGrid(gridArguments);
   session::enterPrivateFolders(argv);
   return watchCommand->parsed() ? watch(arguments) : render(arguments);
