@@ -247,25 +247,25 @@ Ref<NSObject> newListController(const char* className, const std::vector<ListRow
   return controller;
 }
 
-Ref<NSTableView> addList(NSView parent, CGRect place, const ListSpec& spec, NSObject controller) {
-  const double titles = spec.hasTitles ? kListTitleHeight : 0;
+Ref<NSTableView> addList(NSView parent, CGRect place, const ListLayout& layout, NSObject controller) {
+  const double titles = layout.hasTitles ? kListTitleHeight : 0;
   const Ref<NSTableView> list = cast<NSTableView>(
-      newView(spec.className, CGRectMake(place.minX(), place.minY(), place.size.width, place.size.height - titles)));
-  for (std::size_t i = 0; i < spec.columns.size(); ++i) addColumn(list, i, spec.columns[i]);
+      newView(layout.className, CGRectMake(place.minX(), place.minY(), place.size.width, place.size.height - titles)));
+  for (std::size_t i = 0; i < layout.columns.size(); ++i) addColumn(list, i, layout.columns[i]);
   list->setDataSource(controller);
   list->setDelegate(controller);
-  list->setRowHeight(spec.rowHeight);
+  list->setRowHeight(layout.rowHeight);
   list->setUsesAlternatingRowBackgroundColors(true);
-  if (spec.hasTitles) {
+  if (layout.hasTitles) {
     list->headerView().setFrame(CGRectMake(place.minX(), place.maxY() - titles, place.size.width, titles));
     parent.addSubview(list->headerView());
   }
   parent.addSubview(list);
-  list->setGridStyleMask(spec.gridStyleMask);
+  list->setGridStyleMask(layout.gridStyleMask);
   if (list->respondsToSelector(selector<"setThemeVariant:">())) call<"setThemeVariant:">(list.get(), NSInteger{0});
-  for (std::size_t i = 0; i < spec.columns.size(); ++i) {
+  for (std::size_t i = 0; i < layout.columns.size(); ++i) {
     setAttributes(cast<NSTableColumn>(list->tableColumns().objectAtIndex(i)).dataCell(), i == 0,
-                  spec.columns[i].alignment);
+                  layout.columns[i].alignment);
   }
   list->reloadData();
   if (list->isKindOfClass(classNamed("NSOutlineView"))) {

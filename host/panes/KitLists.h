@@ -24,7 +24,7 @@ struct ListColumn {
   NSTextAlignment alignment = NSTextAlignmentLeft;
 };
 
-struct ListSpec {
+struct ListLayout {
   const char* className;  // an MAKitTableView or MAKitOutlineView
   NSUInteger gridStyleMask = 0;
   std::vector<ListColumn> columns;
@@ -40,7 +40,7 @@ cocoa::Ref<NSObject> newListController(const char* className, const std::vector<
 /// Puts a list into a view, its titles at the top of the place, and gives it its looks: first come its data source
 /// and its superview, which others may look at, then lines, colours and the attributes of its texts. All outline items
 /// are open.
-cocoa::Ref<NSTableView> addList(NSView parent, CGRect place, const ListSpec& spec, NSObject controller);
+cocoa::Ref<NSTableView> addList(NSView parent, CGRect place, const ListLayout& layout, NSObject controller);
 
 /// How the host's lists look: 0 for dark surroundings, 1 for bright ones. The window's appearance has changed: every
 /// list below a view takes its colours anew.
