@@ -126,6 +126,11 @@ struct MALoopBrowserFilterSegmentedControl : ObjectState {
     const NSCell cell = cells[index];
     cell.setState(cell.state() == NSControlStateValueOff ? NSControlStateValueOn : NSControlStateValueOff);
   }
+  NSArray cellsArray() {
+    const NSMutableArray all = NSMutableArray::array();
+    for (const auto& cell : cells) all.addObject(cell);
+    return all;
+  }
   void drawRect(CGRect dirty) {
     for (std::size_t i = 0; i < cells.size(); ++i) {
       if (CGRectIntersectsRect(place(i), dirty)) cells[i]->drawWithFrame(place(i), NSView(self));
@@ -267,6 +272,7 @@ void defineLoopBrowserClasses() {
       .method<"drawInteriorWithFrame:inView:", &MALoopBrowserSegmentedTextLabelCell::drawInterior>()
       .registered();
   ClassDefinition<MALoopBrowserFilterSegmentedControl>("MALoopBrowserFilterSegmentedControl", "NSView")
+      .method<"cells", &MALoopBrowserFilterSegmentedControl::cellsArray>()
       .method<"drawRect:", &MALoopBrowserFilterSegmentedControl::drawRect>()
       .method<"mouseDown:", &MALoopBrowserFilterSegmentedControl::mouseDown>()
       .registered();
