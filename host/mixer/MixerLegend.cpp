@@ -27,12 +27,13 @@ constexpr std::string_view kScaleIdentifier = "MAMixerLegendVolumeScaleItem";
 constexpr double kPixels = 2;
 constexpr double kScaleWidth = 134;
 constexpr double kScaleTicks = 23;
+constexpr double kLowestMark = 8;
 
 struct ScalePicture {
   double height;
   double zero;  // the row of the mark of 0 dB, from the top
 };
-constexpr ScalePicture kScalePictures[] = {{398, 230}, {498, 230}, {598, 333}};
+constexpr ScalePicture kScalePictures[] = {{398, 236}, {498, 236}, {598, 333}};
 
 const ScalePicture& scalePicture(const Song& song) {
   return kScalePictures[static_cast<std::size_t>(song.faderLength)];
@@ -51,7 +52,8 @@ void drawScale(const Song& song, CGContextRef context) {
   for (const ScaleMark& mark : scaleMarks(kVolumeScale)) {
     const NSColor colour = look(mark.position == kZeroDecibels ? Look::kScaleZero : Look::kScaleTick);
     const double above = (markHeight(kVolumeScale, mark.position, fader) - zero) * kPixels;
-    const double y = picture.height - picture.zero + above - 1;  // from the bottom, two pixels high
+    // From the bottom, two pixels high. The lowest mark is moved into the picture.
+    const double y = std::max(kLowestMark, picture.height - picture.zero + above - 1);
     painter.fill(CGRectMake(kScaleWidth - kScaleTicks + 3, y, kScaleTicks - 5, 2), colour);
     painter.text(mark.label, CGRectMake(0, y - 9, kScaleWidth - kScaleTicks - 4, 20), colour,
                  {.size = 15, .alignment = TextAlignment::kRight});

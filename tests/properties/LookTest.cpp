@@ -41,7 +41,7 @@ TEST(Look, IsTheHostsOwnWithDefaultAndWithTheReferenceTheme) {
 
 TEST(Look, OfEveryThemeIsTheSameRunAfterRun) {
   const std::string host = rendered("none", 1);
-  for (const char* theme : {"ember", "fjord", "prism"}) {
+  for (const char* theme : {"ember", "fjord", "prism", "linen"}) {
     const std::string first = rendered(sample(theme), 1);
     EXPECT_TRUE(first == rendered(sample(theme), 1)) << theme;
     EXPECT_FALSE(first == host) << theme << " changes nothing";
