@@ -104,7 +104,7 @@ const std::map<WindowKind, DocumentLayout>& documentLayouts() {
       {WindowKind::kLibrary, {.title = "Library", .left = {kLibrary}, .right = {kBrowsers}}},
       {WindowKind::kLoopBrowser, {.title = "Loops", .right = {kLoopBrowser}}},
       {WindowKind::kLists, {.title = "Lists", .right = {kLists}}},
-      {WindowKind::kInspector, {.title = "Inspector", .content = {1180, 980}, .left = {kInspector}}},
+      {WindowKind::kInspector, {.title = "Inspector", .content = {1180, 1000}, .left = {kInspector}}},
       {WindowKind::kOverview,
        {.title = "Overview",
         .content = {1680, 1280},

@@ -23,9 +23,12 @@ Ref<NSObject> newObject(const char* className) {
   return Ref<NSObject>::adopt(NSObject(call<"new", id>(asObject(classNamed(className)))));
 }
 
+Ref<NSView> newView(const char* className, CGRect frame) {
+  return Ref<NSView>::adopt(NSView(call<"initWithFrame:", id>(call<"alloc", id>(classNamed(className)), frame)));
+}
+
 Ref<NSView> drawnView(CGRect frame, DrawContents draw) {
-  const auto view =
-      Ref<NSView>::adopt(NSView(call<"initWithFrame:", id>(call<"alloc", id>(classNamed("CLgToolbarView")), frame)));
+  Ref<NSView> view = newView("CLgToolbarView", frame);
   stateOf<CLgToolbarView>(view.get()).draw = std::move(draw);
   return view;
 }

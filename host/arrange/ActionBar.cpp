@@ -94,16 +94,16 @@ Ref<NSImage> glyphImage(DrawGlyph draw) {
   return screenImage(kGlyphSize, [=](CGContextRef context) { draw(Painter(context), look(Look::kActionBarGlyph)); });
 }
 
-/// Off, a button has a bezel; on, a background of its own or the host's. The layer rounds both.
+/// Off, a button has a bezel; on, a background of its own or the host's.
 struct ActionBarCell : ObjectState {
   void drawBezel(CGRect frame, NSView /*view*/) {
     const NSButtonCell cell(self);
     const Painter painter(NSGraphicsContext::currentContext().CGContext());
     if (cell.state() == NSControlStateValueOn) {
       const NSColor own = cell.backgroundColor();
-      painter.fill(frame, own ? own : look(Look::kActionBarOn));
+      painter.fillRounded(frame, kRadius, own ? own : look(Look::kActionBarOn));
     } else if (call<"isBordered", BOOL>(cell) != 0) {
-      painter.fill(frame, look(Look::kActionBarOff));
+      painter.fillRounded(frame, kRadius, look(Look::kActionBarOff));
     }
   }
 };

@@ -5,6 +5,7 @@
 #include <numbers>
 
 #include "cocoa/Call.h"
+#include "host/app/KitWindow.h"
 #include "host/app/Views.h"
 #include "host/liveloops/LiveLoopsColours.h"
 #include "host/mixer/Painter.h"
@@ -339,7 +340,7 @@ const Region* LiveLoopsModel::cell(std::size_t row, std::size_t scene) const {
 namespace liveloops {
 
 Ref<NSView> newPart(const char* className, CGRect frame, const LiveLoopsModel& model) {
-  auto part = Ref<NSView>::adopt(NSView(call<"initWithFrame:", id>(call<"alloc", id>(classNamed(className)), frame)));
+  Ref<NSView> part = newView(className, frame);
   stateOf<LiveLoopsPartView>(part.get()).model = &model;
   return part;
 }

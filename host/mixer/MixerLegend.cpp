@@ -11,6 +11,7 @@
 #include "host/mixer/ScaleMarks.h"
 #include "host/mixer/ScreenImage.h"
 #include "host/mixer/StripBuilder.h"
+#include "host/panes/KitLists.h"
 
 namespace host {
 namespace {
@@ -104,7 +105,7 @@ std::string identifierOf(std::string_view section) {
 }
 
 NSAttributedString styled(std::string_view title) {
-  const auto attributes = lineAttributes(look(Look::kDisplayText), {.size = 10.5, .alignment = TextAlignment::kRight});
+  const auto attributes = textAttributes(look(Look::kDisplayText), 10.5, 0, NSTextAlignmentRight);
   return autoreleased(NSAttributedString::withString(string(title), attributes));
 }
 
@@ -167,7 +168,7 @@ struct MixerLegendViewController : ObjectState {
     const double width = view.bounds().size.width - kRight;
     const std::vector<StripRow> rows = stripRows(*song);
     std::size_t at = 0;
-    for (const NSView element : items_of(view)) {
+    for (const NSView element : elementsOf(view)) {
       if (at < rows.size()) {
         const StripRow& row = rows[at++];
         place(element, CGRectMake(0, kBelow + row.y, width, row.height));
@@ -184,7 +185,7 @@ struct MixerLegendViewController : ObjectState {
  private:
   static constexpr double kBelow = 6;  // the strips stand a little above the view's lower edge
 
-  static std::vector<NSView> items_of(NSView view) {
+  static std::vector<NSView> elementsOf(NSView view) {
     std::vector<NSView> all;
     for (const NSView element : cocoa::items<NSView>(view.subviews())) all.push_back(element);
     return all;
@@ -194,7 +195,7 @@ struct MixerLegendViewController : ObjectState {
     constexpr double kHeight = 15;
     const CGRect frame = CGRectMake(row.minX(), std::round(row.midY() - kHeight / 2), row.size.width, kHeight);
     element.setFrame(frame);
-    for (const NSView inside : items_of(element)) inside.setFrame(CGRectMake(0, 0, frame.size.width, kHeight));
+    for (const NSView inside : elementsOf(element)) inside.setFrame(CGRectMake(0, 0, frame.size.width, kHeight));
   }
 };
 

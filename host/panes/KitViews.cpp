@@ -176,10 +176,6 @@ Ref<NSView> newControlsView(CGRect frame, NSInteger type, std::string title) {
   return view;
 }
 
-Ref<NSView> newView(const char* className, CGRect frame) {
-  return Ref<NSView>::adopt(NSView(call<"initWithFrame:", id>(call<"alloc", id>(classNamed(className)), frame)));
-}
-
 Ref<NSTextField> newLabel(std::string_view text, CGRect frame, NSColor colour, double size, double weight) {
   auto label = NSTextField::withFrame(frame);
   label->setFont(NSFont::systemFontOfSize(size, weight));

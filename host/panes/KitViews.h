@@ -8,6 +8,7 @@
 
 #include "cocoa/AppKit.h"
 #include "cocoa/ClassDefinition.h"
+#include "host/app/KitWindow.h"
 
 namespace host {
 
@@ -49,7 +50,6 @@ cocoa::Ref<NSView> newControlsView(CGRect frame, NSInteger type, std::string tit
 /// Draws tabs, centred in a rectangle.
 void drawTabs(CGRect bounds, const std::vector<std::string>& tabs, std::size_t selected);
 
-cocoa::Ref<NSView> newView(const char* className, CGRect frame);
 /// Text without a frame.
 cocoa::Ref<NSTextField> newLabel(std::string_view text, CGRect frame, NSColor colour, double size, double weight = 0);
 /// A rectangle of one colour.

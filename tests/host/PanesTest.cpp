@@ -12,6 +12,7 @@
 #include "host/panes/Library.h"
 #include "host/panes/LoopBrowser.h"
 #include "standin/Display.h"
+#include "tests/views/ViewTree.h"
 
 namespace {
 
@@ -23,17 +24,8 @@ using testing::IsSupersetOf;
 
 constexpr WindowKind kWindows[] = {WindowKind::kLibrary, WindowKind::kLoopBrowser, WindowKind::kLists};
 
-/// Every view below one of the class, in the order in which they lie.
-void collect(NSView root, std::string_view className, std::vector<NSView>& found) {
-  for (const NSView view : items<NSView>(root.subviews())) {
-    if (toStdString(view.className()) == className) found.push_back(view);
-    collect(view, className, found);
-  }
-}
 std::vector<NSView> viewsOf(const host::Application& application, WindowKind kind, std::string_view className) {
-  std::vector<NSView> found;
-  collect(application.window(kind).contentView(), className, found);
-  return found;
+  return support::viewsBelow(application.window(kind).contentView(), className);
 }
 NSView viewOf(const host::Application& application, WindowKind kind, std::string_view className) {
   const auto found = viewsOf(application, kind, className);
@@ -136,12 +128,13 @@ TEST(Panes, AnswerTheirParts) {
   const AutoreleasePool pool;
   const auto application = panesHost();
   const NSObject controller = application->window(WindowKind::kLibrary).windowController();
-  std::vector<NSView> lists;
-  collect(call<"browserUnilibView", NSView>(controller), "MyMAKitTableView", lists);
+  const auto browsers = call<"browserUnilibView", NSView>(controller);
+  const auto lists = support::viewsBelow(browsers, "MyMAKitTableView");
   ASSERT_EQ(lists.size(), 2U);
   EXPECT_EQ(nameOf(cast<NSTableView>(lists[0]).dataSource()), "LGMediaBrowserViewController");
-  collect(call<"browserUnilibView", NSView>(controller), "BinMAKitOutlineView", lists);
-  EXPECT_GT(cast<NSTableView>(lists.back()).numberOfRows(), 20) << "files, and regions below them";
+  const auto bins = support::viewsBelow(browsers, "BinMAKitOutlineView");
+  ASSERT_EQ(bins.size(), 1U);
+  EXPECT_GT(cast<NSTableView>(bins[0]).numberOfRows(), 20) << "files, and regions below them";
   const auto loops = call<"delegate", NSObject>(viewOf(*application, WindowKind::kLoopBrowser, "MALoopBrowserView"));
   const auto packs = call<"jamPackControl", NSPopUpButton>(loops);
   EXPECT_EQ(toStdString(packs.title()), "Loop Packs: All Packs");
