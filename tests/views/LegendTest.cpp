@@ -36,7 +36,9 @@ class Legend : public testing::Test {
     song.tracks.resize(3);
     song.legend = true;
     song.faderLength = faders;
-    application_ = support::start(theme, std::move(song));
+    host::HostOptions newest;
+    newest.version = "12.3";
+    application_ = support::start(theme, std::move(song), newest);
     ASSERT_TRUE(application_);
   }
   [[nodiscard]] NSView legend() const { return support::viewIn(*application_, WindowKind::kMixer, "MixerLegendView"); }
