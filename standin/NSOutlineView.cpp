@@ -1,6 +1,6 @@
 // NSOutlineView: a table whose rows are items, some of which hold others.
 
-#include <algorithm>
+#include <map>
 
 #include "standin/Table.h"
 
@@ -21,7 +21,7 @@ struct OutlineRow {
 
 struct Outline : ObjectState {
   std::vector<OutlineRow> items;
-  std::vector<Ref<NSObject>> expanded;
+  std::map<id, Ref<NSObject>> expanded;  // by themselves
 
   id initWithFrame(NSRect frame);
   [[nodiscard]] const OutlineRow* at(NSInteger row) {
@@ -36,18 +36,12 @@ struct Outline : ObjectState {
     const OutlineRow* found = at(row);
     return found == nullptr ? -1 : found->level;
   }
-  BOOL isExpanded(NSObject item) {
-    return static_cast<BOOL>(
-        std::any_of(expanded.begin(), expanded.end(), [&](const auto& each) { return each.get() == item; }));
-  }
+  BOOL isExpanded(NSObject item) { return static_cast<BOOL>(expanded.contains(item.object)); }
   void expand(NSObject item) {
-    if (!item || isExpanded(item) != 0) return;
-    expanded.emplace_back(item);
-    call<"reloadData">(self);
+    if (item && expanded.emplace(item.object, item).second) stateOf<TableState>(self).invalidate();
   }
   void collapse(NSObject item) {
-    const Ref<NSObject> kept = item;
-    if (std::erase_if(expanded, [&](const auto& each) { return each.get() == item; }) > 0) call<"reloadData">(self);
+    if (expanded.erase(item.object) > 0) stateOf<TableState>(self).invalidate();
   }
 };
 

@@ -168,6 +168,10 @@ void TableState::addColumn(NSTableColumn column) {
 
 void TableState::setDataSource(NSObject source) {
   dataSource = source.object;
+  invalidate();
+}
+
+void TableState::invalidate() {
   loaded = false;
   redraw();
 }

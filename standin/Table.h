@@ -66,6 +66,8 @@ struct TableState : cocoa::ObjectState {
   NSObject delegateHandle() { return NSObject(delegate); }
   void setDelegate(NSObject object) { delegate = object.object; }
   void reload();
+  /// The rows are others by now: they are loaded when somebody asks for them.
+  void invalidate();
   NSInteger numberOfRows();
   void setRowHeight(CGFloat height);
   NSRect rectOfRow(NSInteger row);

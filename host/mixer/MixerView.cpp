@@ -1,5 +1,6 @@
 #include "host/mixer/MixerView.h"
 
+#include <algorithm>
 #include <numeric>
 
 #include "host/app/KitWindow.h"
@@ -12,6 +13,14 @@ namespace {
 
 using namespace cocoa;
 
+struct Places {
+  Places(CGSize size, double legendWidth)
+      : legend(CGRectMake(0, 0, legendWidth, size.height)),
+        strips(CGRectMake(legendWidth, 0, std::max(0.0, size.width - legendWidth), size.height)) {}
+  CGRect legend;
+  CGRect strips;
+};
+
 /// Lays out the legend and the strips beside it.
 struct CLgRupertView : ObjectState {
   Ref<NSView> contentSectionView;
@@ -21,25 +30,20 @@ struct CLgRupertView : ObjectState {
   void setFrame(CGRect frame) {
     superSend<CLgRupertView, void>(self, selector<"setFrame:">(), frame);
     if (!contentSectionView) return;
-    const CGSize size = NSView(self).bounds().size;
-    contentSectionView->setFrame(CGRectMake(legendWidth, 0, std::max(0.0, size.width - legendWidth), size.height));
+    const Places places(frame.size, legendWidth);
+    contentSectionView->setFrame(places.strips);
     contentSectionView->setNeedsDisplay(true);
     if (!legendViewController) return;
     const NSView legend = cast<NSViewController>(legendViewController).view();
-    legend.setFrame(CGRectMake(0, 0, legendWidth, size.height));
+    legend.setFrame(places.legend);
     legend.setNeedsDisplay(true);
   }
 };
 
-std::vector<std::size_t> allTracks(const Song& song) {
-  std::vector<std::size_t> tracks(song.tracks.size());
+std::vector<std::size_t> firstTracks(const Song& song, std::size_t most) {
+  std::vector<std::size_t> tracks(std::min(most, song.tracks.size()));
   std::iota(tracks.begin(), tracks.end(), std::size_t{0});
   return tracks;
-}
-
-CGRect besideLegend(const Song& song, CGRect frame) {
-  const double legend = MixerView::legendWidth(song);
-  return CGRectMake(legend, 0, std::max(0.0, frame.size.width - legend), frame.size.height);
 }
 
 }  // namespace
@@ -51,15 +55,16 @@ double MixerView::legendWidth(const Song& song) {
 
 double MixerView::height(const Song& song) { return stripHeight(song) + kBelowStrips + kAboveStrips; }
 
-MixerView::MixerView(const Song& song, CGRect frame)
-    : view_(newView("CLgRupertView", frame)), strips_(song, allTracks(song), besideLegend(song, frame)) {
+MixerView::MixerView(const Song& song, CGRect frame, std::size_t strips)
+    : view_(newView("CLgRupertView", frame)),
+      strips_(song, firstTracks(song, strips), Places(frame.size, legendWidth(song)).strips) {
   auto& state = stateOf<CLgRupertView>(view_);
   state.contentSectionView = strips_.view();
   state.legendWidth = legendWidth(song);
   view_->addSubview(strips_.view());
   if (!song.legend) return;
   state.legendViewController =
-      newLegendController(song, strips_.viewController(), CGRectMake(0, 0, state.legendWidth, frame.size.height));
+      newLegendController(song, strips_.viewController(), Places(frame.size, state.legendWidth).legend);
   view_->addSubview(cast<NSViewController>(state.legendViewController).view());
 }
 

@@ -1,14 +1,16 @@
 #pragma once
 
+#include <cstdint>
+
 #include "host/mixer/MixerStrips.h"
 
 namespace host {
 
-/// The mixer: the strips of all tracks, and the legend at their left if the song shows it.
+/// The mixer: the strips of tracks, and the legend at their left if the song shows it.
 class MixerView {
  public:
-  /// `song` must outlive the view.
-  MixerView(const Song& song, CGRect frame);
+  /// Strips of the first tracks, at most `strips` of them. `song` must outlive the view.
+  MixerView(const Song& song, CGRect frame, std::size_t strips = SIZE_MAX);
   ~MixerView();
   MixerView(const MixerView&) = delete;
   MixerView& operator=(const MixerView&) = delete;

@@ -1,9 +1,12 @@
 #include "host/panes/MixerPane.h"
 
+#include <cmath>
+
 #include "cocoa/QuartzCore.h"
 #include "host/app/KitWindow.h"
 #include "host/mixer/MixerToolbar.h"
 #include "host/mixer/MixerView.h"
+#include "host/mixer/StripBuilder.h"
 
 namespace host {
 namespace {
@@ -14,8 +17,9 @@ class MixerPane : public Pane {
  public:
   explicit MixerPane(const PanePlace& place)
       : view_(newView("MAView", place.frame)),
-        mixer_(place.song, CGRectMake(0, 0, place.frame.size.width, MixerView::height(place.song))) {
-    // As many strips as there is room for; what lies beyond is scrolled out of sight.
+        mixer_(place.song, CGRectMake(0, 0, place.frame.size.width, MixerView::height(place.song)),
+               static_cast<std::size_t>(std::ceil(place.frame.size.width / kStripWidth))) {
+    // What lies beyond the strips that there is room for is scrolled out of sight.
     mixer_.strips().view().layer().setMasksToBounds(true);
     view_->addSubview(mixer_.view());
     view_->addSubview(newMixerToolbar(
