@@ -65,7 +65,9 @@ void installAll(host::Application& application) {
     for (const velura::ThemedClass& themed : velura::themedClasses()) {
       send<void>(classNamed(themed.name), selector<"addSwizzleMethod">());
     }
-    send<void>(classNamed(velura::themedImageNode().name), selector<"addSwizzleMethod">());
+    for (const velura::ThemedClass& themed : {velura::themedImageNode(), velura::themedString()}) {
+      send<void>(classNamed(themed.name), selector<"addSwizzleMethod">());
+    }
   });
 }
 

@@ -4,15 +4,8 @@
 #include "host/mixer/MANode.h"
 
 namespace host {
-namespace {
 
 using namespace cocoa;
-
-struct CLgRupertContentsView : ObjectState {};
-struct MAKitWindow : ObjectState {};
-struct MAKitPanel : ObjectState {};
-
-}  // namespace
 
 id MAView::initWithFrame(CGRect frame) {
   superSend<MAView, id>(self, selector<"initWithFrame:">(), frame);
@@ -63,12 +56,12 @@ void defineViews() {
       .getter<"node", &MANodeView::node>()
       .method<"updatePresentation", &MANodeView::updatePresentation>()
       .registered();
-  ClassDefinition<CLgRupertContentsView>("CLgRupertContentsView", "MANodeView").registered();
+  definePlainClass<"CLgRupertContentsView">("MANodeView");
   ClassDefinition<CLgToolbarView>("CLgToolbarView", "MAView")
       .method<"drawRect:", &CLgToolbarView::drawRect>()
       .registered();
-  ClassDefinition<MAKitWindow>("MAKitWindow", "NSWindow").registered();
-  ClassDefinition<MAKitPanel>("MAKitPanel", "NSPanel").registered();
+  definePlainClass<"MAKitWindow">("NSWindow");
+  definePlainClass<"MAKitPanel">("NSPanel");
 }
 
 }  // namespace host

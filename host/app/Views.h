@@ -35,6 +35,14 @@ struct CLgToolbarView : cocoa::ObjectState {
   void drawRect(CGRect dirty);
 };
 
+/// A class of the host's that adds nothing to its superclass.
+template <cocoa::FixedString Name>
+struct PlainClass : cocoa::ObjectState {};
+template <cocoa::FixedString Name>
+void definePlainClass(const char* superclass) {
+  cocoa::ClassDefinition<PlainClass<Name>>(Name.text, superclass).registered();
+}
+
 void defineViews();
 
 }  // namespace host

@@ -4,8 +4,8 @@
 #include <functional>
 
 #include "cocoa/ClassDefinition.h"
-#include "cocoa/QuartzCore.h"
 #include "host/app/KitWindow.h"
+#include "host/app/Views.h"
 #include "host/mixer/Painter.h"
 #include "host/mixer/ScreenImage.h"
 
@@ -15,7 +15,6 @@ namespace {
 using namespace cocoa;
 
 constexpr CGSize kGlyphSize{18, 18};
-constexpr double kRadius = 7;
 
 /// Lines and rectangles of a glyph, in points of a square of 18.
 using DrawGlyph = void (*)(const Painter&, NSColor);
@@ -97,6 +96,7 @@ Ref<NSImage> glyphImage(DrawGlyph draw) {
 /// Off, a button has a bezel; on, a background of its own or the host's.
 struct ActionBarCell : ObjectState {
   void drawBezel(CGRect frame, NSView /*view*/) {
+    constexpr double kRadius = 7;
     const NSButtonCell cell(self);
     const Painter painter(NSGraphicsContext::currentContext().CGContext());
     if (cell.state() == NSControlStateValueOn) {
@@ -111,17 +111,11 @@ struct ActionBarCell : ObjectState {
 struct MAABButton : ObjectState {
   id initWithFrame(CGRect frame) {
     superSend<MAABButton, id>(self, selector<"initWithFrame:">(), frame);
-    const NSButton button(self);
-    button.setWantsLayer(true);
-    button.layer().setCornerRadius(kRadius);
-    button.layer().setMasksToBounds(true);
+    NSButton(self).setWantsLayer(true);
     return self;
   }
   static Class cellClass(Class /*cls*/) { return classNamed<"MAActionBarButtonCell">(); }
 };
-
-/// Looks like a switch, and is never on. Its name tells it apart.
-struct PlainActionButton : ObjectState {};
 
 struct CLgActionBarView : ObjectState {
   std::set<PaneKind> open;
@@ -175,7 +169,7 @@ void defineActionBar() {
       .classMethod<"cellClass", MAABButton::cellClass>()
       .method<"initWithFrame:", &MAABButton::initWithFrame>()
       .registered();
-  ClassDefinition<PlainActionButton>(kOneClick, kSwitch).registered();
+  definePlainClass<"MAActionBarButton">(kSwitch);  // looks like a switch, and is never on
   ClassDefinition<CLgActionBarView>("CLgActionBarView", "MAView")
       .method<"updateActionBar", &CLgActionBarView::updateActionBar>()
       .registered();

@@ -53,20 +53,21 @@ ArrangeWindow::ArrangeWindow(Song& song, const HostOptions& options, const Docum
 
 CGRect ArrangeWindow::addPanes(NSView split, const HostOptions& options, const DocumentLayout& layout) {
   CGRect rest = split.bounds();
+  auto& controller = stateOf<CLgArrangeWindowController>(controller_);
   const auto add = [&](PaneKind kind, CGRect frame) {
     panes_.push_back(makePane(kind, {frame, model_.song, options}));
-    split.addSubview(panes_.back()->view());
+    Pane& pane = *panes_.back();
+    split.addSubview(pane.view());
+    if (pane.browserView()) controller.browserUnilibView = pane.browserView();
+    if (kind == PaneKind::kInspector) controller.inspector = &pane;
   };
-  for (const PaneKind kind : layout.left) {
-    const double width = paneExtent(kind, model_.song);
-    add(kind, CGRectMake(rest.minX(), rest.minY(), width, rest.size.height));
-    rest.origin.x += width + kSeparator;
-    rest.size.width -= width + kSeparator;
-  }
-  for (const PaneKind kind : layout.right) {
-    const double width = paneExtent(kind, model_.song);
-    add(kind, CGRectMake(rest.maxX() - width, rest.minY(), width, rest.size.height));
-    rest.size.width -= width + kSeparator;
+  for (const auto& [kinds, atLeft] : {std::pair(layout.left, true), std::pair(layout.right, false)}) {
+    for (const PaneKind kind : kinds) {
+      const double width = paneExtent(kind, model_.song);
+      add(kind, CGRectMake(atLeft ? rest.minX() : rest.maxX() - width, rest.minY(), width, rest.size.height));
+      if (atLeft) rest.origin.x += width + kSeparator;
+      rest.size.width -= width + kSeparator;
+    }
   }
   if (layout.below) {
     const double height = paneExtent(*layout.below, model_.song);
@@ -95,19 +96,12 @@ void ArrangeWindow::buildViews(const HostOptions& options, const DocumentLayout&
   content->addSubview(bar);
   const Ref<NSView> split = newView("MAView", CGRectMake(0, 0, size.width, below - kSeparator));
   content->addSubview(split);
+  controller_ = newObject("CLgArrangeWindowController");
+  stateOf<CLgArrangeWindowController>(controller_).mainSplitView = split;
+  stateOf<CLgArrangeWindowController>(controller_).actionBarView = bar;
   arrange_ = newView("CLgArrangeView", addPanes(split, options, layout));
   split->addSubview(arrange_);
   stateOf<CLgArrangeView>(arrange_).build(model_, {fenster_, docManager_, song_});
-  controller_ = newObject("CLgArrangeWindowController");
-  stateOf<CLgArrangeWindowController>(controller_).mainSplitView = split;
-  auto& controller = stateOf<CLgArrangeWindowController>(controller_);
-  controller.actionBarView = bar;
-  for (const auto& pane : panes_) {
-    if (pane->browserView()) controller.browserUnilibView = pane->browserView();
-    if (!pane->isInspector()) continue;
-    controller.inspector = pane.get();
-    controller.inspectorIsVisible = true;
-  }
   call<"setWindow:">(controller_.get(), window_.get());
 }
 

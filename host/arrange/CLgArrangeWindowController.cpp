@@ -2,17 +2,19 @@
 
 namespace host {
 
+BOOL CLgArrangeWindowController::inspectorIsVisible() {
+  return static_cast<BOOL>(inspector != nullptr && inspector->isOpen());
+}
+
 void CLgArrangeWindowController::toggleInspectors() {
-  if (inspector == nullptr) return;
-  inspector->toggle();
-  inspectorIsVisible = !inspectorIsVisible;
+  if (inspector != nullptr) inspector->toggle();
 }
 
 void defineCLgArrangeWindowController() {
   cocoa::ClassDefinition<CLgArrangeWindowController>("CLgArrangeWindowController", "NSWindowController")
       .getter<"mainSplitView", &CLgArrangeWindowController::mainSplitView>()
       .getter<"actionBarView", &CLgArrangeWindowController::actionBarView>()
-      .getter<"inspectorIsVisible", &CLgArrangeWindowController::inspectorIsVisible>()
+      .method<"inspectorIsVisible", &CLgArrangeWindowController::inspectorIsVisible>()
       .method<"toggleInspectors", &CLgArrangeWindowController::toggleInspectors>()
       .getter<"browserUnilibView", &CLgArrangeWindowController::browserUnilibView>()
       .registered();

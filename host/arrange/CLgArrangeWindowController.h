@@ -11,10 +11,11 @@ struct CLgArrangeWindowController : cocoa::ObjectState {
   cocoa::Ref<NSView> mainSplitView;  // the panes below the transport
   cocoa::Ref<NSView> actionBarView;
   Pane* inspector = nullptr;  // while the window is open
-  bool inspectorIsVisible = false;
 
-  void toggleInspectors();
   cocoa::Ref<NSView> browserUnilibView;  // the files of computer and project, while their pane is open
+
+  BOOL inspectorIsVisible();
+  void toggleInspectors();
 };
 
 void defineCLgArrangeWindowController();

@@ -7,11 +7,11 @@
 #include "cocoa/QuartzCore.h"
 #include "host/app/KitWindow.h"
 #include "host/app/Views.h"
+#include "host/mixer/MixerStrips.h"
 #include "host/mixer/Painter.h"
 #include "host/mixer/ScaleMarks.h"
 #include "host/mixer/ScreenImage.h"
 #include "host/mixer/StripBuilder.h"
-#include "host/panes/KitLists.h"
 
 namespace host {
 namespace {
@@ -125,8 +125,6 @@ NSObject newScale(const Song& song, NSString identifier) {
 
 // ---- The legend ---------------------------------------------------------------------------------------
 
-struct MATextField : ObjectState {};
-
 /// Shows its colour on its layer, given once when the legend is set up.
 struct MixerLegendView : ObjectState {
   NSColor backgroundColor() { return look(Look::kMixerBackground); }
@@ -171,11 +169,11 @@ struct MixerLegendViewController : ObjectState {
     for (const NSView element : elementsOf(view)) {
       if (at < rows.size()) {
         const StripRow& row = rows[at++];
-        place(element, CGRectMake(0, kBelow + row.y, width, row.height));
+        place(element, CGRectMake(0, kBelowStrips + row.y, width, row.height));
       } else {
         const double height = scalePicture(*song).height / kPixels;
         const double zeroFromTop = scalePicture(*song).zero / kPixels;
-        const double bottom = kBelow + zeroHeight(*song) - (height - zeroFromTop);
+        const double bottom = kBelowStrips + zeroHeight(*song) - (height - zeroFromTop);
         element.setFrame(CGRectMake(width - kScaleWidth / kPixels + 4, bottom, kScaleWidth / kPixels, height));
       }
     }
@@ -183,8 +181,6 @@ struct MixerLegendViewController : ObjectState {
   }
 
  private:
-  static constexpr double kBelow = 6;  // the strips stand a little above the view's lower edge
-
   static std::vector<NSView> elementsOf(NSView view) {
     std::vector<NSView> all;
     for (const NSView element : cocoa::items<NSView>(view.subviews())) all.push_back(element);
@@ -224,7 +220,7 @@ Ref<NSObject> newLegendController(const Song& song, NSObject items, CGRect frame
 void closeLegend(NSObject controller) { stateOf<MixerLegendViewController>(controller).song = nullptr; }
 
 void defineMixerLegend() {
-  ClassDefinition<MATextField>("MATextField", "NSTextField").registered();
+  definePlainClass<"MATextField">("NSTextField");
   ClassDefinition<MAMixerLegendImageView>("MAMixerLegendImageView", "MAView")
       .getter<"image", &MAMixerLegendImageView::image>()
       .method<"setImage:", &MAMixerLegendImageView::setImage>()

@@ -152,15 +152,19 @@ void Painter::image(NSImage image, CGRect rect) const {
   image.drawInRect(rect, {}, NSCompositingOperationSourceOver, 1);
 }
 
-NSMutableDictionary lineAttributes(NSColor colour, const TextStyle& style) {
-  const Ref<NSMutableParagraphStyle> paragraph = make<NSMutableParagraphStyle>();
-  paragraph->setAlignment(NSTextAlignmentCenter);
-  paragraph->setLineBreakMode(NSLineBreakByTruncatingTail);
+NSMutableDictionary textAttributes(NSColor colour, double size, double weight, NSTextAlignment alignment) {
+  const auto style = make<NSMutableParagraphStyle>();
+  style->setAlignment(alignment);
+  style->setLineBreakMode(NSLineBreakByTruncatingTail);
   const auto attributes = NSMutableDictionary::dictionary();
-  attributes.setObject(NSFont::systemFontOfSize(style.size, style.weight), NSFontAttributeName);
+  attributes.setObject(NSFont::systemFontOfSize(size, weight), NSFontAttributeName);
   attributes.setObject(colour, NSForegroundColorAttributeName);
-  attributes.setObject(paragraph.get(), NSParagraphStyleAttributeName);
+  attributes.setObject(style.get(), NSParagraphStyleAttributeName);
   return attributes;
+}
+
+NSMutableDictionary lineAttributes(NSColor colour, const TextStyle& style) {
+  return textAttributes(colour, style.size, style.weight, NSTextAlignmentCenter);
 }
 
 NSColor faded(NSColor colour, double alpha) { return colour.colorWithAlphaComponent(alpha); }

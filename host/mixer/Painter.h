@@ -49,7 +49,11 @@ class Painter {
   bool flipped_;
 };
 
-/// The attributes of one line of text, centred between the sides of its rectangle and shortened to fit it.
+/// The attributes of one line of text, shortened to fit its rectangle.
+NSMutableDictionary textAttributes(NSColor colour, double size, double weight,
+                                   NSTextAlignment alignment = NSTextAlignmentLeft);
+
+/// The same, centred between the sides of the rectangle.
 NSMutableDictionary lineAttributes(NSColor colour, const TextStyle& style);
 
 /// The look's colour at another alpha.

@@ -86,14 +86,14 @@ class InspectorPane : public Pane {
     open();
   }
   [[nodiscard]] NSView view() const override { return view_; }
-  [[nodiscard]] bool isInspector() const override { return true; }
+  [[nodiscard]] bool isOpen() const override { return strips_ != nullptr; }
   void updatePresentation() const override {
     if (strips_) strips_->updatePresentation();
   }
   /// Closed, it gives up everything that it shows; opened, it builds it anew.
   void toggle() override {
     if (!strips_) return open();
-    for (const NSView part : std::vector<NSView>(parts_.begin(), parts_.end())) part.removeFromSuperview();
+    for (const auto& part : parts_) part->removeFromSuperview();
     parts_.clear();
     strips_.reset();
   }

@@ -60,7 +60,7 @@ std::vector<Ref<NSObject>> itemsOf(const std::vector<ListRow>& rows) {
   std::vector<Ref<NSObject>> items;
   items.reserve(rows.size());
   for (const ListRow& row : rows) {
-    items.push_back(Ref<NSObject>::adopt(NSObject(call<"new", id>(classNamed("MAKitListItem")))));
+    items.push_back(newObject("MAKitListItem"));
     auto& item = stateOf<MAKitListItem>(items.back().get());
     for (const std::string& text : row.texts) item.texts.push_back(makeString(text));
     item.icon = row.icon;
@@ -230,19 +230,8 @@ void openItems(NSOutlineView outline, const std::vector<Ref<NSObject>>& items) {
 
 }  // namespace
 
-NSMutableDictionary textAttributes(NSColor colour, double size, double weight, NSTextAlignment alignment) {
-  const auto style = make<NSMutableParagraphStyle>();
-  style->setAlignment(alignment);
-  style->setLineBreakMode(NSLineBreakByTruncatingTail);
-  const auto attributes = NSMutableDictionary::dictionary();
-  attributes.setObject(NSFont::systemFontOfSize(size, weight), NSFontAttributeName);
-  attributes.setObject(colour, NSForegroundColorAttributeName);
-  attributes.setObject(style.get(), NSParagraphStyleAttributeName);
-  return attributes;
-}
-
 Ref<NSObject> newListController(const char* className, const std::vector<ListRow>& rows) {
-  auto controller = Ref<NSObject>::adopt(NSObject(call<"new", id>(classNamed(className))));
+  auto controller = newObject(className);
   stateOf<MAKitListController>(controller.get()).rows = itemsOf(rows);
   return controller;
 }

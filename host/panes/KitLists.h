@@ -46,10 +46,6 @@ cocoa::Ref<NSTableView> addList(NSView parent, CGRect place, const ListLayout& l
 /// list below a view takes its colours anew.
 void appearanceChanged(NSView root, NSInteger themeVariant);
 
-/// The attributes of a list's text.
-NSMutableDictionary textAttributes(NSColor colour, double size, double weight,
-                                   NSTextAlignment alignment = NSTextAlignmentLeft);
-
 void defineKitLists();
 
 }  // namespace host

@@ -86,10 +86,7 @@ id MAPopUpButtonCell::init() {
   return self;
 }
 
-void MAPopUpButtonCell::sendsOnFaderHackState(NSInteger state) {
-  sendsOnFader = state;
-  NSCell(self).controlView().setNeedsDisplay(true);
-}
+void MAPopUpButtonCell::sendsOnFaderHackState(NSInteger /*state*/) { NSCell(self).controlView().setNeedsDisplay(true); }
 
 void MAPopUpButtonCell::setMenuArrowColor(NSColor colour) {
   menuArrowColor = colour;

@@ -9,6 +9,7 @@
 #include "cocoa/AppKit.h"
 #include "cocoa/ClassDefinition.h"
 #include "host/app/KitWindow.h"
+#include "host/app/Views.h"
 
 namespace host {
 
@@ -16,7 +17,6 @@ namespace host {
 struct MAPopUpButtonCell : cocoa::ObjectState {
   cocoa::Ref<NSColor> menuArrowColor;  // the host's own when there is none
   cocoa::Ref<NSColor> titleColor;      // likewise
-  NSInteger sendsOnFader = -1;         // whether the menu of sends on faders is on; -1 on other buttons
 
   id init();
   void sendsOnFaderHackState(NSInteger state);
@@ -60,14 +60,6 @@ void addSearchField(NSView parent, CGRect place, std::string_view prompt, NSColo
 
 /// Cuts a strip off the upper edge of a rectangle.
 CGRect takeTop(CGRect& rest, double height);
-
-/// A class of the host's that adds nothing to its superclass.
-template <cocoa::FixedString Name>
-struct PlainClass : cocoa::ObjectState {};
-template <cocoa::FixedString Name>
-void definePlainClass(const char* superclass) {
-  cocoa::ClassDefinition<PlainClass<Name>>(Name.text, superclass).registered();
-}
 
 void defineKitViews();
 

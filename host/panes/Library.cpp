@@ -155,8 +155,7 @@ void addResults(NSView view, CGRect place, CLgLibraryViewController& controller)
 class LibraryPane : public Pane {
  public:
   explicit LibraryPane(const PanePlace& place)
-      : view_(newView("CLgLibBrowserView", place.frame)),
-        controller_(Ref<NSObject>::adopt(NSObject(call<"new", id>(classNamed("CLgLibraryViewController"))))) {
+      : view_(newView("CLgLibBrowserView", place.frame)), controller_(newObject("CLgLibraryViewController")) {
     view_->layer().setBackgroundColor(catalogueColour(Look::kLibraryBackground).CGColor());
     cast<NSViewController>(controller_).setView(view_);
     auto& controller = stateOf<CLgLibraryViewController>(controller_);

@@ -178,7 +178,7 @@ class LoopBrowserPane : public Pane {
  public:
   explicit LoopBrowserPane(const PanePlace& place)
       : view_(newView("MALoopBrowserView", place.frame)),
-        controller_(Ref<NSObject>::adopt(NSObject(call<"new", id>(classNamed("MALoopBrowserController"))))),
+        controller_(newObject("MALoopBrowserController")),
         loops_(newListController("MALoopBrowserListController", loopRows())),
         folders_(newListController("MALoopBrowserListController", folderRows())) {
     view_->layer().setBackgroundColor(look(Look::kPaneBackground).CGColor());

@@ -32,9 +32,9 @@ class Pane {
   [[nodiscard]] virtual NSView view() const = 0;
   /// The view of files that the window's controller answers; nil in other panes.
   [[nodiscard]] virtual NSView browserView() const { return {}; }
-  /// An inspector is closed and opened again by those who want it built anew.
-  [[nodiscard]] virtual bool isInspector() const { return false; }
+  /// Closes a pane that can be closed while its window stays as it is, or opens it, built anew.
   virtual void toggle() {}
+  [[nodiscard]] virtual bool isOpen() const { return true; }
   /// Once a frame, before the window is drawn.
   virtual void updatePresentation() const {}
 };
