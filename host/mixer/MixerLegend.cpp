@@ -24,17 +24,18 @@ constexpr std::string_view kScaleIdentifier = "MAMixerLegendVolumeScaleItem";
 
 // ---- The scale ----------------------------------------------------------------------------------------
 
-// The picture has two pixels a point. Its size and where its 0 dB mark stands follow from the length of the faders.
-constexpr double kPixels = 2;
+// The picture is shown at half its size. That, and where its 0 dB mark stands, follow from the length of the faders.
+constexpr double kShrunk = 2;
 constexpr double kScaleWidth = 134;
 constexpr double kScaleTicks = 23;
 constexpr double kLowestMark = 8;
 
 struct ScalePicture {
   double height;
-  double zero;  // the row of the mark of 0 dB, from the top
+  double zero;     // how far the mark of 0 dB is from the top
+  double density;  // pixels a point of the picture
 };
-constexpr ScalePicture kScalePictures[] = {{398, 236}, {498, 236}, {598, 333}};
+constexpr ScalePicture kScalePictures[] = {{398, 236, 1}, {498, 118, 2}, {598, 333, 1}};
 
 const ScalePicture& scalePicture(const Song& song) {
   return kScalePictures[static_cast<std::size_t>(song.faderLength)];
@@ -52,7 +53,7 @@ void drawScale(const Song& song, CGContextRef context) {
   const double zero = markHeight(kVolumeScale, kZeroDecibels, fader);
   for (const ScaleMark& mark : scaleMarks(kVolumeScale)) {
     const NSColor colour = look(mark.position == kZeroDecibels ? Look::kScaleZero : Look::kScaleTick);
-    const double above = (markHeight(kVolumeScale, mark.position, fader) - zero) * kPixels;
+    const double above = (markHeight(kVolumeScale, mark.position, fader) - zero) * kShrunk;
     // From the bottom, two pixels high. The lowest mark is moved into the picture.
     const double y = std::max(kLowestMark, picture.height - picture.zero + above - 1);
     painter.fill(CGRectMake(kScaleWidth - kScaleTicks + 3, y, kScaleTicks - 5, 2), colour);
@@ -66,9 +67,13 @@ NSImage scaleImage(const Song& song) {
   static std::array<Ref<NSImage>, std::size(kScalePictures)> images;
   Ref<NSImage>& image = images[static_cast<std::size_t>(song.faderLength)];
   if (!image) {
-    const CGSize size{kScaleWidth, scalePicture(song).height};
+    const ScalePicture& picture = scalePicture(song);
+    const CGSize size{kScaleWidth, picture.height};
     image = NSImage::withSize(size);
-    image->addRepresentation(drawnBitmap(size, 1, [&](CGContextRef context) { drawScale(song, context); }));
+    image->addRepresentation(drawnBitmap(size, picture.density, [&](CGContextRef context) {
+      CGContextScaleCTM(context, picture.density, picture.density);
+      drawScale(song, context);
+    }));
   }
   return image;
 }
@@ -171,10 +176,10 @@ struct MixerLegendViewController : ObjectState {
         const StripRow& row = rows[at++];
         place(element, CGRectMake(0, kBelowStrips + row.y, width, row.height));
       } else {
-        const double height = scalePicture(*song).height / kPixels;
-        const double zeroFromTop = scalePicture(*song).zero / kPixels;
+        const double height = scalePicture(*song).height / kShrunk;
+        const double zeroFromTop = scalePicture(*song).zero / kShrunk;
         const double bottom = kBelowStrips + zeroHeight(*song) - (height - zeroFromTop);
-        element.setFrame(CGRectMake(width - kScaleWidth / kPixels + 4, bottom, kScaleWidth / kPixels, height));
+        element.setFrame(CGRectMake(width - kScaleWidth / kShrunk + 4, bottom, kScaleWidth / kShrunk, height));
       }
     }
     view.setNeedsDisplay(true);

@@ -57,6 +57,18 @@ TEST_F(TrackColourWarning, ComesOnceForADocumentWithoutColourBars) {
   EXPECT_FALSE(defaults().boolForKey(skipKey()));
 }
 
+TEST_F(TrackColourWarning, ComesOnceForARefreshOfSeveralWindows) {
+  open(false);
+  application_->openWindow(host::WindowKind::kLists);
+  application_->openWindow(host::WindowKind::kLibrary);
+  static_cast<void>(alerts());
+  alerts_ = 0;
+  const auto loader = Ref<NSObject>::adopt(NSObject(call<"new", id>(asObject(classNamed("LoaderClass")))));
+  call<"refreshWindows">(loader.get());
+  standin::runMainQueue();
+  EXPECT_EQ(alerts_, 1) << "three windows hide their bars";
+}
+
 TEST_F(TrackColourWarning, StaysAwayWhereNothingIsWrong) {
   struct Case {
     bool bars;

@@ -331,7 +331,7 @@ TEST_F(Controls, DrawRingsAndCapsInTheThemesColours) {
   selected.selected = true;
   Track surround;
   surround.panning = {.mode = host::PanMode::kSurround, .spread = 0.1, .x = -0.8};
-  start(allColours(), {stereo, selected, surround});
+  start(allColours(), {stereo, selected, surround}, {.version = "12.3"});
   // A point on the ring, left of the middle of the knob, and one on the cap beside the pointer.
   const auto ring = [&](NSObject knob) { return shownAt(knob, 2, call<"frame", CGRect>(knob).size.height / 2); };
   const auto cap = [&](NSObject knob) {

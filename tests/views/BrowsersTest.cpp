@@ -126,6 +126,12 @@ TEST_F(Browsers, GiveLayersAndListsTheirColours) {
     EXPECT_EQ(rgba(table.backgroundColor()), colourOf(std::string_view(background))) << name;
   }
   EXPECT_EQ(cast<NSTableView>(view(WindowKind::kLoopBrowser, "MALoopBrowserTableView")).gridStyleMask(), 1U);
+  // Files that a user has found in the loop browser look like its loops; the host shows none at first.
+  const auto found = Ref<NSView>::adopt(
+      NSView(call<"initWithFrame:", id>(call<"alloc", id>(classNamed("MyMAKitTableView")), CGRect{})));
+  view(WindowKind::kLoopBrowser, "MALoopBrowserView").addSubview(found);
+  call<"setThemeVariant:">(found.get(), NSInteger(0));
+  EXPECT_EQ(rgba(cast<NSTableView>(found.get()).gridColor()), colourOf("LoopBrowserGridColor"));
   // A table of another name, and files outside of the loop browser, keep their looks.
   const auto files = cast<NSTableView>(view(WindowKind::kLibrary, "MyMAKitTableView"));
   EXPECT_NE(rgba(files.gridColor()), colourOf("LoopBrowserGridColor"));

@@ -48,15 +48,20 @@ std::string thingAt(NSView view, CGPoint place) {
   return found;
 }
 
-/// Every colour that a theme can have, each another one.
+/// Every colour that a theme can have, each another one, and those of the library in the host's catalogue.
 std::string loudTheme() {
   support::ThemeFile theme;
   int index = 0;
-  for (const velura::ThemeKeyRow& row : velura::kThemeKeys) {
+  const auto add = [&](std::string_view name) {
     ++index;
-    if (row.kind != velura::ThemeKeyKind::kColour) continue;
-    theme.text(std::string(row.name),
-               support::colour(40 + index * 37 % 200, 40 + index * 59 % 200, 40 + index * 83 % 200));
+    theme.text(std::string(name), support::colour(40 + index * 37 % 200, 40 + index * 59 % 200, 40 + index * 83 % 200));
+  };
+  for (const velura::ThemeKeyRow& row : velura::kThemeKeys) {
+    if (row.kind == velura::ThemeKeyKind::kColour) add(row.name);
+  }
+  for (const char* name : {"LibraryHeader", "LibraryText", "LibraryPicture", "LibrarySearchField", "LibrarySearchText",
+                           "LibrarySeparator"}) {
+    add(name);
   }
   return support::writeTheme(theme.list());
 }
@@ -209,6 +214,29 @@ TEST(LateLoad, DiffersOnlyWhereTheRefreshDoesNotReach) {
   }
 }
 
+NSObject newLoader() {
+  return cocoa::autoreleased(
+      cocoa::Ref<NSObject>::adopt(NSObject(cocoa::call<"new", id>(cocoa::asObject(cocoa::classNamed("LoaderClass"))))));
+}
+
+TEST(LateLoad, LooksForTheOutermostOfNestedViews) {
+  const cocoa::AutoreleasePool pool;
+  const auto application = support::start("default", support::sampleSong());
+  ASSERT_TRUE(application);
+  const auto root = NSBox::withFrame({{0, 0}, {9, 9}});
+  const auto outer = NSBox::withFrame({{0, 0}, {9, 9}});
+  const auto inner = NSBox::withFrame({{0, 0}, {9, 9}});
+  outer->addSubview(inner);
+  root->addSubview(outer);
+  const auto found = [](NSView in) {
+    return cocoa::call<"findSubviewOfClass:inView:", NSView>(newLoader(), cocoa::literal<"NSBox">(), in);
+  };
+  EXPECT_EQ(found(root), outer.get());
+  EXPECT_EQ(found(outer), inner.get()) << "what is looked in is not what is looked for";
+  EXPECT_FALSE(found(inner));
+  EXPECT_FALSE(found({}));
+}
+
 #if !defined(__SANITIZE_ADDRESS__)  // whose allocator keeps what was given up
 
 /// In bytes, what was asked for and not given back.
@@ -226,8 +254,7 @@ TEST(Windows, LeaveNothingBehindWhenTheyAreDrawnOrRefreshedOverAndOver) {
   constexpr std::size_t kMayGrow = 64 * 1024;
   const cocoa::AutoreleasePool pool;
   const auto application = startWith(loudTheme(), false, smallSong());
-  const NSObject loader = cocoa::autoreleased(
-      cocoa::Ref<NSObject>::adopt(NSObject(cocoa::call<"new", id>(cocoa::asObject(cocoa::classNamed("LoaderClass"))))));
+  const NSObject loader = newLoader();
   std::vector<cocoa::Ref<NSBitmapImageRep>> backing;
   for (const WindowKind window : host::kWindowKinds) backing.push_back(application->draw(window));
   const auto draw = [&](int frame) {

@@ -97,8 +97,12 @@ TEST_F(Legend, FindsTheMarkOfZeroDecibelsBesideLongFaders) {
 
 TEST_F(Legend, TakesFadersForShortOnesWhenNobodySays) {
   start(support::writeTheme(scaleTheme().list()), FaderLength::kMedium);
-  EXPECT_EQ(scale().size(), (CGSize{134, 498}));
-  EXPECT_TRUE(seenIn(bitmapOf(scale()), 134 - 23, 134).zero);
+  // This picture has two pixels a point, and the one that takes its place has them as points.
+  EXPECT_EQ(scale().size(), (CGSize{268, 996}));
+  const Seen numbers = seenIn(bitmapOf(scale()), 0, 268 - 46);
+  const Seen ticks = seenIn(bitmapOf(scale()), 268 - 46, 268);
+  EXPECT_TRUE(numbers.number && numbers.zero && !numbers.tick);
+  EXPECT_TRUE(ticks.tick && ticks.zero && !ticks.number);
 }
 
 TEST_F(Legend, KeepsTheHostsScaleWithoutColoursForIt) {
