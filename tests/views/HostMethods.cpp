@@ -97,6 +97,9 @@ bool load(host::Application& application, const std::string& theme) {
 void operate(host::Application& application, host::Song song) {
   application.open(std::move(song));
   for (const auto window : host::kWindowKinds) application.openWindow(window);
+  // A scale asks for one of two colours, by whether its strip is selected: both are drawn.
+  application.settle(host::WindowKind::kMixer);
+  static_cast<void>(application.draw(host::WindowKind::kMixer));
   for (std::size_t i = 0; i < application.song().tracks.size(); ++i) application.mixer().setSelected(i, true);
   for (const auto window : host::kWindowKinds) {
     application.settle(window);
