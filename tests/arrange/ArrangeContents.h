@@ -11,19 +11,19 @@
 #include "standin/Mouse.h"
 #include "standin/RunLoop.h"
 #include "tests/host/ArrangeHost.h"
+#include "tests/support/HostTest.h"
 
 namespace support {
 
-class ArrangeContents : public testing::Test {
+class ArrangeContents : public HostTest {
  protected:
   static constexpr double kNow = 7e8;
 
   /// Starts at a clock that stands still.
   void start(const ThemeFile& grid, host::Song song, host::HostOptions options = {}, const ThemeFile& theme = {}) {
     standin::setClock(kNow);
-    application_ = support::start(writeTheme(theme.list()), std::move(song), std::move(options),
-                                  {.grid = writeList("grid.plist", grid), .state = state_, .tracksBackground = 2});
-    ASSERT_TRUE(application_);
+    startWith(writeTheme(theme.list()), std::move(song), std::move(options),
+              {.grid = writeList("grid.plist", grid), .state = state_, .tracksBackground = 2});
     // Settings are read when a test says so, not whenever the watcher comes to it.
     cocoa::call<"_tearDownSource">(reader());
   }
@@ -62,9 +62,7 @@ class ArrangeContents : public testing::Test {
     return true;
   }
 
-  cocoa::AutoreleasePool pool_;
   std::string state_;
-  std::unique_ptr<host::Application> application_;
 };
 
 }  // namespace support

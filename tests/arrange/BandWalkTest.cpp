@@ -9,8 +9,7 @@
 
 namespace {
 
-using support::PaintedRuler;
-using support::RulerColour;
+using namespace support;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using velura::BandColour;

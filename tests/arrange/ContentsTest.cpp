@@ -11,12 +11,7 @@ namespace {
 
 using namespace cocoa;
 using host::WindowKind;
-using support::colour;
-using support::near;
-using support::pixel;
-using support::Rgba;
-using support::rgba;
-using support::ThemeFile;
+using namespace support;
 
 constexpr Rgba kClear{0, 0, 0, 0};
 
@@ -38,21 +33,17 @@ TEST(ArrangeBackgrounds, FollowTheUsersChoiceOfWorkspace) {
                          {both, 2, kClear},
                          {both, -1, kClear},
                          {dark, 1, kClear}};
-  for (const Case& c : kCases) {
-    EXPECT_TRUE(support::inChild([&] {
-      host::Song song;
-      song.tracks.resize(1);
-      song.tracks[0].regions = {{.name = "", .start = 1, .length = 4}};
-      const auto application =
-          support::start(support::writeTheme(c.theme.list()), song, {}, {.tracksBackground = c.choice});
-      const NSView contents = application->arrange().contents();
-      const NSBitmapImageRep drawn = support::drawn(contents, contents.visibleRect());
-      EXPECT_EQ(pixel(drawn, 500, 20), c.expected);
-      EXPECT_EQ(pixel(drawn, 500, 300), c.expected);
-      EXPECT_EQ(pixel(drawn, 60, 6), (Rgba{124, 124, 124})) << "a region on top";
-      return true;
-    })) << c.choice.value_or(-9);
-  }
+  eachInChild(kCases, [&](const Case& c) {
+    host::Song song;
+    song.tracks.resize(1);
+    song.tracks[0].regions = {{.name = "", .start = 1, .length = 4}};
+    const auto application = start(writeTheme(c.theme.list()), song, {}, {.tracksBackground = c.choice});
+    const NSView contents = application->arrange().contents();
+    const NSBitmapImageRep drawn = support::drawn(contents, contents.visibleRect());
+    EXPECT_EQ(pixel(drawn, 500, 20), c.expected);
+    EXPECT_EQ(pixel(drawn, 500, 300), c.expected);
+    EXPECT_EQ(pixel(drawn, 60, 6), (Rgba{124, 124, 124})) << "a region on top";
+  });
 }
 
 TEST(ArrangeBackgrounds, OfGlobalTracksAndSeparators) {
@@ -60,28 +51,28 @@ TEST(ArrangeBackgrounds, OfGlobalTracksAndSeparators) {
   const ThemeFile theme =
       ThemeFile().text("GlobalTracks_ContentBar_BG", colour(1, 2, 3)).text("MainSeparators", colour(4, 5, 6));
   const auto show = [](const std::string& folder, const Rgba& bar, const Rgba& separators) {
-    return support::inChild([&] {
-      const auto application = support::start(folder, host::Song());
+    return inChild([&] {
+      const auto application = start(folder, host::Song());
       const NSView ruler = application->arrange().ruler();
-      EXPECT_EQ(pixel(support::drawn(ruler, ruler.visibleRect()), 400, 70), bar) << "below the marker lane";
+      EXPECT_EQ(pixel(drawn(ruler, ruler.visibleRect()), 400, 70), bar) << "below the marker lane";
       const NSView window = application->window(WindowKind::kArrange).contentView();
       EXPECT_EQ(rgba(call<"backgroundColor", NSColor>(window)), separators);
       const auto other = Ref<NSView>::adopt(
           NSView(call<"initWithFrame:", id>(call<"alloc", id>(classNamed("CLgSectionView")), CGRectMake(0, 0, 9, 9))));
       stateOf<host::CLgSectionView>(other).section = 3;
       ruler.addSubview(other);
-      EXPECT_EQ(pixel(support::drawn(other, other->bounds()), 4, 4), kClear) << "another section";
+      EXPECT_EQ(pixel(drawn(other, other->bounds()), 4, 4), kClear) << "another section";
       other->removeFromSuperview();
       return true;
     });
   };
-  EXPECT_TRUE(show(support::writeTheme(theme.list()), {1, 2, 3}, {4, 5, 6}));
-  EXPECT_TRUE(show(support::writeTheme(ThemeFile().list()), kClear, {20, 20, 22}));
+  EXPECT_TRUE(show(writeTheme(theme.list()), {1, 2, 3}, {4, 5, 6}));
+  EXPECT_TRUE(show(writeTheme(ThemeFile().list()), kClear, {20, 20, 22}));
 }
 
 // ---- Settings changes ---------------------------------------------------------------------------------
 
-class ArrangeSettings : public support::ArrangeContents {};
+class ArrangeSettings : public ArrangeContents {};
 
 int told = 0;
 void countInstead(NSView /*view*/, NSObject /*notification*/) { ++told; }
@@ -141,7 +132,7 @@ ThemeFile bands(bool enabled = true, double opacity = 0.5) {
   return ThemeFile().flag("markerBandsEnabled", enabled).number("markerBandsOpacity", opacity);
 }
 
-class MarkerBands : public support::ArrangeContents {
+class MarkerBands : public ArrangeContents {
  protected:
   /// Whether the red and the blue marker have their bands, on the third track.
   [[nodiscard]] bool shows() const {
@@ -157,34 +148,30 @@ class MarkerBands : public support::ArrangeContents {
 };
 
 TEST_F(MarkerBands, TintWhatLiesBetweenTheRegions) {
-  for (const double scale : {1.0, 2.0}) {
-    EXPECT_TRUE(support::inChild([&] {
-      start(bands(), songOfMarkers(), {.scale = scale});
-      const NSBitmapImageRep drawn = picture();
-      set(bands(false));
-      const NSBitmapImageRep without = picture();
-      const auto at = [&](NSBitmapImageRep bitmap, double x, double y) {
-        return pixel(bitmap, static_cast<long>(x * scale), static_cast<long>(y * scale));
-      };
-      struct Place {
-        double x;
-        Rgba band;
-      };
-      const Place kPlaces[] = {{62.5, kClear}, {64.5, kRed},  {90.5, kRed},  {127, kRed},
-                               {129, kClear},  {190, kClear}, {220, kClear}, {255, kClear},
-                               {257.5, kBlue}, {350, kBlue},  {353, kClear}, {700, kClear}};
-      for (const Place& place : kPlaces) {
-        for (const double y : {95.0, 400.0}) {
-          if (at(without, place.x, y) != kClear) continue;  // a line of the host's
-          EXPECT_TRUE(near(at(drawn, place.x, y), place.band)) << place.x << at(drawn, place.x, y);
-        }
+  eachInChild({1.0, 2.0}, [&](const double scale) {
+    start(bands(), songOfMarkers(), {.scale = scale});
+    const NSBitmapImageRep drawn = picture();
+    set(bands(false));
+    const NSBitmapImageRep without = picture();
+    const auto at = [&](NSBitmapImageRep bitmap, double x, double y) {
+      return pixel(bitmap, static_cast<long>(x * scale), static_cast<long>(y * scale));
+    };
+    struct Place {
+      double x;
+      Rgba band;
+    };
+    const Place kPlaces[] = {{62.5, kClear}, {64.5, kRed},  {90.5, kRed},   {127, kRed},  {129, kClear}, {190, kClear},
+                             {220, kClear},  {255, kClear}, {257.5, kBlue}, {350, kBlue}, {353, kClear}, {700, kClear}};
+    for (const Place& place : kPlaces) {
+      for (const double y : {95.0, 400.0}) {
+        if (at(without, place.x, y) != kClear) continue;  // a line of the host's
+        EXPECT_TRUE(near(at(drawn, place.x, y), place.band)) << place.x << at(drawn, place.x, y);
       }
-      for (const double x : {100.0, 127.0, 300.0}) EXPECT_EQ(at(drawn, x, 20), at(without, x, 20)) << "a region";
-      EXPECT_EQ(at(drawn, 70, 60), at(without, 70, 60));
-      EXPECT_NE(at(drawn, 90, 60), at(without, 90, 60)) << "where two regions lie, the band shows again";
-      return true;
-    })) << scale;
-  }
+    }
+    for (const double x : {100.0, 127.0, 300.0}) EXPECT_EQ(at(drawn, x, 20), at(without, x, 20)) << "a region";
+    EXPECT_EQ(at(drawn, 70, 60), at(without, 70, 60));
+    EXPECT_NE(at(drawn, 90, 60), at(without, 90, 60)) << "where two regions lie, the band shows again";
+  });
 }
 
 TEST_F(MarkerBands, AreThereAtAnyScroll) {
@@ -218,10 +205,10 @@ TEST_F(MarkerBands, FollowTheirSwitchTheButtonAndTheirOpacity) {
 }
 
 TEST_F(MarkerBands, StayAwayUnderTheDefaultTheme) {
-  state_ = support::writeList("state.plist", ThemeFile().flag("isDefaultTheme", true));
+  state_ = writeList("state.plist", ThemeFile().flag("isDefaultTheme", true));
   start(bands(), songOfMarkers());
   EXPECT_FALSE(shows());
-  support::writeList("state.plist", ThemeFile().flag("isDefaultTheme", false));
+  writeList("state.plist", ThemeFile().flag("isDefaultTheme", false));
   set(bands());
   EXPECT_TRUE(shows());
 }

@@ -17,8 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace cocoa;
-using support::fileContents;
-using support::ThemeFile;
+using namespace support;
 using testing::HasSubstr;
 
 constexpr const char* kRender = "/tmp/vlr_mb_render.txt";
@@ -59,7 +58,7 @@ void expectLines(const std::string& text, const std::vector<std::string>& patter
   }
 }
 
-class SwitchFileDiagnostics : public support::ArrangeContents {
+class SwitchFileDiagnostics : public ArrangeContents {
  protected:
   void SetUp() override { clear(); }
   void TearDown() override {
@@ -72,7 +71,7 @@ class SwitchFileDiagnostics : public support::ArrangeContents {
       fs::remove(path);
     }
   }
-  static void switchOn(const char* file) { support::writeFile(file, ""); }
+  static void switchOn(const char* file) { writeFile(file, ""); }
   void open(host::Song song = songOfMarkers()) { start(ThemeFile().flag("markerBandsEnabled", true), std::move(song)); }
   static CGSize pictureSize(const char* path) {
     const std::string bytes = fileContents(path);
@@ -240,7 +239,7 @@ TEST_F(SwitchFileDiagnostics, ProbeTheViewsAroundTheMarkers) {
 
 TEST_F(SwitchFileDiagnostics, NeverFollowALink) {
   const std::string secret = session::privateFolder() + "/secret";
-  support::writeFile(secret, "do not touch");
+  writeFile(secret, "do not touch");
   for (const char* path : {kRender, kRenderPicture, kDiagnosis, kProbe, kProbePicture})
     fs::create_symlink(secret, path);
   for (const char* path : {kRenderSwitch, kDiagnosisSwitch, kProbeSwitch}) switchOn(path);

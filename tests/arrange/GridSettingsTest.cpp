@@ -17,13 +17,13 @@
 #include "cocoa/ClassDefinition.h"
 #include "plugin/arrange/VLRGridSettings.h"
 #include "standin/RunLoop.h"
-#include "tests/support/Theme.h"
+#include "tests/support/HostTest.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 using namespace cocoa;
-using support::ThemeFile;
+using namespace support;
 using velura::VLRGridSettings;
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
@@ -41,11 +41,10 @@ struct ChangeCounter : ObjectState {
 };
 
 /// The reader of a running bundle, and the files at its paths.
-class GridSettings : public testing::Test {
+class GridSettings : public HostTest {
  protected:
   void SetUp() override {
-    application_ = support::start("default", host::Song());
-    ASSERT_TRUE(application_);
+    startWith("default", host::Song());
     ClassDefinition<ChangeCounter>("GridChangeCounter", "NSObject")
         .method<"changed:", &ChangeCounter::changed>()
         .registered();
@@ -62,10 +61,10 @@ class GridSettings : public testing::Test {
   [[nodiscard]] VLRGridSettings settings() const { return call<"settings", VLRGridSettings>(reader_); }
   [[nodiscard]] VLRGridSettings read() const { return call<"_readSettingsFromDisk", VLRGridSettings>(reader_); }
   [[nodiscard]] int changes() const { return stateOf<ChangeCounter>(observer_).count; }
-  void write(const ThemeFile& list) const { support::writeFile(path_, list.list()); }
+  void write(const ThemeFile& list) const { writeFile(path_, list.list()); }
   /// As editors save that write beside a file and rename.
   void replace(const std::string& contents) const {
-    support::writeFile(path_ + ".new", contents);
+    writeFile(path_ + ".new", contents);
     fs::rename(path_ + ".new", path_);
   }
   static ThemeFile barWidth(double width) { return ThemeFile().flag("enabled", true).number("barWidth", width); }
@@ -85,8 +84,6 @@ class GridSettings : public testing::Test {
     return settings().barWidth == width;
   }
 
-  AutoreleasePool pool_;
-  std::unique_ptr<host::Application> application_;
   Ref<NSObject> observer_;
   NSObject reader_;
   std::string path_;
@@ -162,7 +159,7 @@ TEST_F(GridSettings, SwitchGridAndBandsOffUnderTheDefaultTheme) {
   };
   for (const Case& c : kCases) {
     if (c.state != nullptr)
-      support::writeFile(statePath_, std::string("<plist version=\"1.0\"><dict>") + c.state + "</dict></plist>");
+      writeFile(statePath_, std::string("<plist version=\"1.0\"><dict>") + c.state + "</dict></plist>");
     const VLRGridSettings settings = read();
     EXPECT_EQ(settings.enabled, c.on);
     EXPECT_EQ(settings.markerBandsEnabled, c.on);
@@ -179,9 +176,9 @@ TEST_F(GridSettings, AreTheDefaultsWhateverElseStandsAtTheirPath) {
       {"a link to nowhere", [&] { fs::create_symlink("/nowhere/at/all", path_); }},
       {"a link to itself", [&] { fs::create_symlink(path_, path_); }},
       {"a device", [&] { fs::create_symlink("/dev/zero", path_); }},
-      {"an unreadable text", [&] { support::writeFile(path_, "<<<"); }},
-      {"an array", [&] { support::writeFile(path_, "<plist version=\"1.0\"><array/></plist>"); }},
-      {"nothing at all", [&] { support::writeFile(path_, ""); }},
+      {"an unreadable text", [&] { writeFile(path_, "<<<"); }},
+      {"an array", [&] { writeFile(path_, "<plist version=\"1.0\"><array/></plist>"); }},
+      {"nothing at all", [&] { writeFile(path_, ""); }},
   };
   for (const auto& [what, make] : kCases) {
     make();

@@ -14,10 +14,7 @@ namespace {
 
 using namespace cocoa;
 using host::WindowKind;
-using support::near;
-using support::pixel;
-using support::Rgba;
-using support::ThemeFile;
+using namespace support;
 using testing::IsEmpty;
 
 constexpr host::SongColour kBase{120, 60, 40};
@@ -47,7 +44,7 @@ ThemeFile only(const char* kind) {
   return grid;
 }
 
-class Grid : public support::ArrangeContents {
+class Grid : public ArrangeContents {
  protected:
   NSBitmapImageRep without() const {
     const ThemeFile off;
@@ -74,51 +71,48 @@ TEST_F(Grid, HasItsLinesAtTheSongsPositionsInsideRegionsAlone) {
   };
   const Case kCases[] = {{16, 0, 4, 4},    {33.3, 100.25, 3, 2}, {64, 0, 4, 4},     {64, 777, 4, 4},
                          {90.7, 50, 7, 3}, {110, 2000.75, 4, 4}, {500, 31.4, 5, 16}};
-  for (const double scale : {1.0, 2.0}) {
-    EXPECT_TRUE(support::inChild([&] {
-      host::Song made = songOfRegions();
-      made.tracks.resize(1);
-      made.tracks[0].regions = {{.name = "", .start = 2.13, .length = 3.21}, {.name = "", .start = 6, .length = 40}};
-      start(strong(), made, {.scale = scale});
-      for (const Case& c : kCases) {
-        const AutoreleasePool pool;
-        song().arrange.beatsPerBar = c.beats;
-        song().arrange.division = c.divisions;
-        application_->arrange().setZoom(c.zoom);
-        application_->arrange().setScroll(c.scroll);
-        const CGRect visible = contents().visibleRect();
-        // Near the end of a region, or of what shows, a line may be there in part.
-        const auto isCutOff = [&](double x) {
-          return x < visible.minX() + 3 || x > visible.maxX() - 3 ||
-                 std::ranges::any_of(song().tracks[0].regions, [&](const host::Region& region) {
-                   return std::abs(x - (region.end() - 1) * c.zoom) < 2;
-                 });
-        };
-        const std::pair<const char*, std::vector<double>> kKinds[] = {
-            {"bar", barPositions(song())}, {"beat", beatPositions(song())}, {"div", divisionPositions(song())}};
-        const NSBitmapImageRep host = without();
-        for (const auto& [kind, positions] : kKinds) {
-          std::set<long> expected;
-          for (const double position : positions) {
-            const double x = std::floor(position);
-            const bool drawn = std::ranges::any_of(song().tracks[0].regions, [&](const host::Region& region) {
-              const double left = (region.start - 1) * c.zoom;
-              return x + 0.5 >= left + 2 && x + 0.5 <= left + region.length * c.zoom;
-            });
-            const long column = std::lround((x - visible.minX()) * scale);
-            for (long i = 0; drawn && i < std::lround(scale); ++i) expected.insert(column + i);
-          }
-          set(only(kind));
-          std::set<long> found = changedColumns(picture(), host, std::lround(33 * scale));
-          for (std::set<long>* columns : {&found, &expected}) {
-            std::erase_if(*columns, [&](long x) { return isCutOff(static_cast<double>(x) / scale + visible.minX()); });
-          }
-          EXPECT_EQ(found, expected) << kind << " at zoom " << c.zoom << ", scroll " << c.scroll << ", " << scale;
+  eachInChild({1.0, 2.0}, [&](const double scale) {
+    host::Song made = songOfRegions();
+    made.tracks.resize(1);
+    made.tracks[0].regions = {{.name = "", .start = 2.13, .length = 3.21}, {.name = "", .start = 6, .length = 40}};
+    start(strong(), made, {.scale = scale});
+    for (const Case& c : kCases) {
+      const AutoreleasePool pool;
+      song().arrange.beatsPerBar = c.beats;
+      song().arrange.division = c.divisions;
+      application_->arrange().setZoom(c.zoom);
+      application_->arrange().setScroll(c.scroll);
+      const CGRect visible = contents().visibleRect();
+      // Near the end of a region, or of what shows, a line may be there in part.
+      const auto isCutOff = [&](double x) {
+        return x < visible.minX() + 3 || x > visible.maxX() - 3 ||
+               std::ranges::any_of(song().tracks[0].regions, [&](const host::Region& region) {
+                 return std::abs(x - (region.end() - 1) * c.zoom) < 2;
+               });
+      };
+      const std::pair<const char*, std::vector<double>> kKinds[] = {
+          {"bar", barPositions(song())}, {"beat", beatPositions(song())}, {"div", divisionPositions(song())}};
+      const NSBitmapImageRep host = without();
+      for (const auto& [kind, positions] : kKinds) {
+        std::set<long> expected;
+        for (const double position : positions) {
+          const double x = std::floor(position);
+          const bool drawn = std::ranges::any_of(song().tracks[0].regions, [&](const host::Region& region) {
+            const double left = (region.start - 1) * c.zoom;
+            return x + 0.5 >= left + 2 && x + 0.5 <= left + region.length * c.zoom;
+          });
+          const long column = std::lround((x - visible.minX()) * scale);
+          for (long i = 0; drawn && i < std::lround(scale); ++i) expected.insert(column + i);
         }
+        set(only(kind));
+        std::set<long> found = changedColumns(picture(), host, std::lround(33 * scale));
+        for (std::set<long>* columns : {&found, &expected}) {
+          std::erase_if(*columns, [&](long x) { return isCutOff(static_cast<double>(x) / scale + visible.minX()); });
+        }
+        EXPECT_EQ(found, expected) << kind << " at zoom " << c.zoom << ", scroll " << c.scroll << ", " << scale;
       }
-      return true;
-    })) << scale;
-  }
+    }
+  });
 }
 
 TEST_F(Grid, KeepsClearOfARegionsTopAndLeftEdge) {
@@ -325,8 +319,8 @@ TEST_F(Grid, IsNotBegunWhileTheButtonIsHeld) {
   const auto other = Ref<NSView>::adopt(NSView(call<"initWithFrame:", id>(
       call<"alloc", id>(classNamed("ArrangeContentsSectionView")), CGRectMake(0, 0, 300, 100))));
   contents().superview().addSubview(other);
-  const NSBitmapImageRep drawn = support::drawn(other, other->bounds());
-  EXPECT_EQ(pixel(drawn, 64, 37).alpha, 0) << "in a view that the lines are not of";
+  const NSBitmapImageRep alone = drawn(other, other->bounds());
+  EXPECT_EQ(pixel(alone, 64, 37).alpha, 0) << "in a view that the lines are not of";
   other->removeFromSuperview();
   standin::setPressedMouseButtons(0);
 }
@@ -334,11 +328,11 @@ TEST_F(Grid, IsNotBegunWhileTheButtonIsHeld) {
 TEST_F(Grid, StaysAwayUnderTheDefaultThemeAndFromTheCycleRange) {
   host::Song made = songOfRegions();
   made.arrange.cycle = {.start = 1, .end = 20, .on = true};
-  state_ = support::writeList("state.plist", ThemeFile().flag("isDefaultTheme", true));
+  state_ = writeList("state.plist", ThemeFile().flag("isDefaultTheme", true));
   start(strong(), made);
   const NSBitmapImageRep drawn = picture();
   EXPECT_TRUE(areSame(drawn, without()));
-  support::writeList("state.plist", ThemeFile());
+  writeList("state.plist", ThemeFile());
   const NSBitmapImageRep host = without();
   set(strong());
   const NSBitmapImageRep themed = picture();

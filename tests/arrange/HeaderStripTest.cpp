@@ -12,17 +12,13 @@
 #include "host/arrange/LocalizedFormat.h"
 #include "host/arrange/TrackRows.h"
 #include "tests/host/ArrangeHost.h"
+#include "tests/support/HostTest.h"
 
 namespace {
 
 using namespace cocoa;
 using host::WindowKind;
-using support::colour;
-using support::near;
-using support::pixel;
-using support::Rgba;
-using support::rgba;
-using support::ThemeFile;
+using namespace support;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
@@ -64,17 +60,13 @@ void replaceClassMethod(const char* className) {
   detail::replaceFunction<Selector, Function>(metaclassOf(classNamed(className)));
 }
 
-class HeaderStrips : public testing::Test {
+class HeaderStrips : public HostTest {
  protected:
   void start(const ThemeFile& theme, host::Song song = fourTracks(), host::HostOptions options = {}) {
-    startWith(support::writeTheme(theme.list()), std::move(song), std::move(options));
-  }
-  void startWith(const std::string& theme, host::Song song, host::HostOptions options = {}) {
-    application_ = support::start(theme, std::move(song), std::move(options));
-    ASSERT_TRUE(application_);
+    startWith(writeTheme(theme.list()), std::move(song), std::move(options));
   }
   [[nodiscard]] NSView headers() const { return application_->arrange().headers(); }
-  NSBitmapImageRep picture() const { return support::drawn(headers(), headers().visibleRect()); }
+  NSBitmapImageRep picture() const { return drawn(headers(), headers().visibleRect()); }
 
   /// The header column's right edge, where the host draws nothing, beside each track and below the last.
   [[nodiscard]] std::vector<Rgba> edge() const {
@@ -116,7 +108,6 @@ class HeaderStrips : public testing::Test {
     return listOf({entry(CGRectMake(0, 0, 40, 40), of, selected)});
   }
   static NSColor red(double alpha = 1) { return NSColor::colorWithSRGBRed(1, 0, 0, alpha); }
-  static NSObject theme() { return call<"sharedInstance", NSObject>(classNamed("ThemeUtility")); }
   [[nodiscard]] NSInteger column(bool& bar, bool& numbers) const {
     BOOL isBar = 0;
     BOOL isNumbers = 0;
@@ -125,9 +116,6 @@ class HeaderStrips : public testing::Test {
     numbers = isNumbers != 0;
     return found;
   }
-
-  AutoreleasePool pool_;
-  std::unique_ptr<host::Application> application_;
 };
 
 ThemeFile fourColours() {
@@ -158,17 +146,13 @@ TEST_F(HeaderStrips, TakeTheColoursOfTheirKind) {
       {"nothing", ThemeFile(), {kHostEmpty, kHostEmpty, kHostEmpty, kHostEmpty, kHostEmpty}},
   };
   for (const Case& c : kCases) {
-    for (const bool flipped : {false, true}) {
-      EXPECT_TRUE(support::inChild([&] {
-        start(c.theme, fourTracks(), {.flippedHeaders = flipped});
-        const auto shown = edge();
-        for (std::size_t i = 0; i < shown.size(); ++i) {
-          EXPECT_TRUE(near(shown[i], c.expected[i])) << c.what << " " << i << ": " << shown[i];
-        }
-        return true;
-      })) << c.what
-          << flipped;
-    }
+    eachInChild({false, true}, [&](const bool flipped) {
+      start(c.theme, fourTracks(), {.flippedHeaders = flipped});
+      const auto shown = edge();
+      for (std::size_t i = 0; i < shown.size(); ++i) {
+        EXPECT_TRUE(near(shown[i], c.expected[i])) << c.what << " " << i << ": " << shown[i];
+      }
+    });
   }
 }
 
@@ -189,17 +173,13 @@ TEST_F(HeaderStrips, AreLookedForOnlyUnderAThemeThatHasSome) {
   };
   int index = 0;
   for (const Case& c : kCases) {
-    for (const bool flipped : {false, true}) {
-      EXPECT_TRUE(support::inChild([&] {
-        start(c.theme, fourTracks(), {.flippedHeaders = flipped});
-        testing::internal::CaptureStderr();
-        picture();
-        const std::string log = testing::internal::GetCapturedStderr();
-        EXPECT_EQ(log.find(kLine) != std::string::npos, c.asks && flipped) << log;
-        return true;
-      })) << index
-          << flipped;
-    }
+    eachInChild({false, true}, [&](const bool flipped) {
+      start(c.theme, fourTracks(), {.flippedHeaders = flipped});
+      testing::internal::CaptureStderr();
+      picture();
+      const std::string log = testing::internal::GetCapturedStderr();
+      EXPECT_EQ(log.find(kLine) != std::string::npos, c.asks && flipped) << log;
+    });
     ++index;
   }
 }
@@ -237,24 +217,21 @@ TEST_F(HeaderStrips, SampleTheHostsColourBarsWhereTheyAre) {
       {surfaces(3), {.modelAdapter = false}, 9, true},
       {{.trackNumbers = false, .controlSurfaceBars = 3}, {.modelAdapter = false}, 6, true},
   };
-  for (const Case& c : kCases) {
-    EXPECT_TRUE(support::inChild([&] {
-      host::Song song = fourTracks();
-      song.arrange.headers = c.setup;
-      start(ThemeFile().flag("useTrackColorAsArrangeStripBackground", true).text("EmptyAreaBelow", colour(8, 16, 24)),
-            song, c.options);
-      bool bar = false;
-      bool numbers = false;
-      EXPECT_EQ(column(bar, numbers), c.column);
-      EXPECT_EQ(bar, c.setup.colourBars);
-      EXPECT_EQ(numbers, c.setup.trackNumbers);
-      const auto shown = edge();
-      for (int i = 0; i < 4; ++i) {
-        EXPECT_EQ(shown[static_cast<std::size_t>(i)], c.seen ? trackColour(i) : kEmpty) << c.column << ", track " << i;
-      }
-      return true;
-    })) << c.column;
-  }
+  eachInChild(kCases, [&](const Case& c) {
+    host::Song song = fourTracks();
+    song.arrange.headers = c.setup;
+    start(ThemeFile().flag("useTrackColorAsArrangeStripBackground", true).text("EmptyAreaBelow", colour(8, 16, 24)),
+          song, c.options);
+    bool bar = false;
+    bool numbers = false;
+    EXPECT_EQ(column(bar, numbers), c.column);
+    EXPECT_EQ(bar, c.setup.colourBars);
+    EXPECT_EQ(numbers, c.setup.trackNumbers);
+    const auto shown = edge();
+    for (int i = 0; i < 4; ++i) {
+      EXPECT_EQ(shown[static_cast<std::size_t>(i)], c.seen ? trackColour(i) : kEmpty) << c.column << ", track " << i;
+    }
+  });
 }
 
 TEST_F(HeaderStrips, SampleColumnOneWhereTheHostDoesNotTell) {
@@ -282,7 +259,7 @@ TEST_F(HeaderStrips, UseTheThemesColoursWhereTheHostShowsNoBars) {
 TEST_F(HeaderStrips, FadeTrackColoursByKind) {
   const ThemeFile tracks =
       ThemeFile().flag("useTrackColorAsArrangeStripBackground", true).text("EmptyAreaBelow", colour(8, 16, 24));
-  EXPECT_TRUE(support::inChild([&] {
+  EXPECT_TRUE(inChild([&] {
     start(ThemeFile(tracks)
               .integer("UseTrackColor_ArrangeOpacity", 40)
               .integer("UseTrackColor_ArrangeHighlightedOpacity", 80)
@@ -400,19 +377,15 @@ TEST_F(HeaderStrips, ShowGradientsAlongTheirAngle) {
   const Case kCases[] = {{"V", false, {20, 1}, {20, 38}},  {"V", true, {20, 38}, {20, 1}},
                          {"H", false, {1, 20}, {38, 20}},  {"H", true, {1, 20}, {38, 20}},
                          {"A45", false, {1, 38}, {38, 1}}, {"A45", true, {1, 1}, {38, 38}}};
-  for (const Case& c : kCases) {
-    EXPECT_TRUE(support::inChild([&] {
-      start(ThemeFile().text("arrangeStripBGGradient",
-                             std::string("LinearGradient:{{0,0,0,100},{255,255,255,100},") + c.direction + "}"));
-      const auto bitmap = painted(whole(red()), c.flipped);
-      const auto at = [&](CGPoint p) { return pixel(bitmap, static_cast<long>(p.x), static_cast<long>(p.y)); };
-      EXPECT_LT(at(c.dark).red, 20) << c.direction << at(c.dark);
-      EXPECT_GT(at(c.light).red, 235) << c.direction << at(c.light);
-      EXPECT_NEAR(static_cast<double>(at({20, 20}).red), 128, 6);
-      return true;
-    })) << c.direction
-        << c.flipped;
-  }
+  eachInChild(kCases, [&](const Case& c) {
+    start(ThemeFile().text("arrangeStripBGGradient",
+                           std::string("LinearGradient:{{0,0,0,100},{255,255,255,100},") + c.direction + "}"));
+    const auto bitmap = painted(whole(red()), c.flipped);
+    const auto at = [&](CGPoint p) { return pixel(bitmap, static_cast<long>(p.x), static_cast<long>(p.y)); };
+    EXPECT_LT(at(c.dark).red, 20) << c.direction << at(c.dark);
+    EXPECT_GT(at(c.light).red, 235) << c.direction << at(c.light);
+    EXPECT_NEAR(static_cast<double>(at({20, 20}).red), 128, 6);
+  });
 }
 
 /// A gradient of so many red stops.
@@ -465,36 +438,30 @@ TEST_F(HeaderStrips, ChooseBetweenGradientAndColour) {
       {"track, anchored", ThemeFile(tracks).text("arrangeStripBGGradient", anchored), false, 0.5, faded(kBlue, 50)},
       {"a colour alone", ThemeFile().text("arrangeStripBackgroundColor", colour(0, 255, 0)), false, 1, kBlue},
   };
-  for (const Case& c : kCases) {
-    EXPECT_TRUE(support::inChild([&] {
-      start(c.theme);
-      const auto bitmap = painted(whole(NSColor::colorWithSRGBRed(0, 0, 1, c.alpha), c.selected));
-      EXPECT_TRUE(near(pixel(bitmap, 20, 20), c.expected, 2)) << c.what << pixel(bitmap, 20, 20);
-      return true;
-    })) << c.what;
-  }
+  eachInChild(kCases, [&](const Case& c) {
+    start(c.theme);
+    const auto bitmap = painted(whole(NSColor::colorWithSRGBRed(0, 0, 1, c.alpha), c.selected));
+    EXPECT_TRUE(near(pixel(bitmap, 20, 20), c.expected, 2)) << c.what << pixel(bitmap, 20, 20);
+  });
 }
 
 TEST_F(HeaderStrips, DrawNoGroundForAGradientOfTooManyStops) {
-  for (const bool tracks : {false, true}) {
-    EXPECT_TRUE(support::inChild([&] {
-      start(ThemeFile()
-                .text("arrangeStripBGGradient", redStops(24))
-                .text("arrangeStripBevel", "Bevel:{R,4,100}")
-                .flag("useTrackColorAsArrangeStripBackground", tracks));
-      // No string makes more than 24 stops; the lists of the gradient take one more.
-      const auto gradient = call<"arrangeStripGradient", NSObject>(theme());
-      cast<NSMutableArray>(call<"stopColors", NSArray>(gradient)).addObject(red());
-      EXPECT_EQ(pixel(painted(whole(red())), 20, 20), tracks ? (Rgba{255, 0, 0}) : (Rgba{0, 0, 0, 0}))
-          << "as many locations as stops are needed";
-      cast<NSMutableArray>(call<"stopLocations", NSArray>(gradient)).addObject(NSNumber::numberWithDouble(1));
-      const NSColor blue = NSColor::colorWithSRGBRed(0, 0, 1, 1);
-      const auto bitmap = painted(whole(blue));
-      EXPECT_EQ(pixel(bitmap, 20, 20), tracks ? (Rgba{0, 0, 255}) : (Rgba{0, 0, 0, 0}));
-      EXPECT_EQ(pixel(bitmap, 20, 1), (Rgba{255, 255, 255})) << "the bevel stays";
-      return true;
-    })) << tracks;
-  }
+  eachInChild({false, true}, [&](const bool tracks) {
+    start(ThemeFile()
+              .text("arrangeStripBGGradient", redStops(24))
+              .text("arrangeStripBevel", "Bevel:{R,4,100}")
+              .flag("useTrackColorAsArrangeStripBackground", tracks));
+    // No string makes more than 24 stops; the lists of the gradient take one more.
+    const auto gradient = call<"arrangeStripGradient", NSObject>(theme());
+    cast<NSMutableArray>(call<"stopColors", NSArray>(gradient)).addObject(red());
+    EXPECT_EQ(pixel(painted(whole(red())), 20, 20), tracks ? (Rgba{255, 0, 0}) : (Rgba{0, 0, 0, 0}))
+        << "as many locations as stops are needed";
+    cast<NSMutableArray>(call<"stopLocations", NSArray>(gradient)).addObject(NSNumber::numberWithDouble(1));
+    const NSColor blue = NSColor::colorWithSRGBRed(0, 0, 1, 1);
+    const auto bitmap = painted(whole(blue));
+    EXPECT_EQ(pixel(bitmap, 20, 20), tracks ? (Rgba{0, 0, 255}) : (Rgba{0, 0, 0, 0}));
+    EXPECT_EQ(pixel(bitmap, 20, 1), (Rgba{255, 255, 255})) << "the bevel stays";
+  });
 }
 
 TEST_F(HeaderStrips, ShowBevelsInTheirUpperAndLowerBands) {
@@ -512,22 +479,18 @@ TEST_F(HeaderStrips, ShowBevelsInTheirUpperAndLowerBands) {
       {"Bevel:{R,2,100,D}", true, false, 9, {0, 0, 128, 128, 128, 128, 128, 255, 255}},
       {"Bevel:{D,6,50,R}", false, false, 9, {64, 64, 64, 128, 128, 128, 191, 191, 191}},
   };
-  for (const Case& c : kCases) {
-    EXPECT_TRUE(support::inChild([&] {
-      start(ThemeFile().text("arrangeStripBevel", c.bevel));
-      const NSColor grey = NSColor::colorWithSRGBRed(128 / 255.0, 128 / 255.0, 128 / 255.0, 1);
-      const auto bitmap = painted(listOf({entry(CGRectMake(0, 0, 40, c.height), grey, c.selected)}), c.flipped);
-      // A flipped context that turns nothing around: its top is the bitmap's bottom.
-      for (long i = 0; i < 9; ++i) {
-        const long y = c.flipped ? 39 - i : 31 + i;
-        EXPECT_LE(std::labs(pixel(bitmap, 20, y).red - c.rows[static_cast<std::size_t>(i)]), 1)
-            << c.bevel << " row " << i;
-      }
-      EXPECT_EQ(pixel(bitmap, 20, 35), kGrey);
-      return true;
-    })) << c.bevel
-        << c.selected << c.flipped;
-  }
+  eachInChild(kCases, [&](const Case& c) {
+    start(ThemeFile().text("arrangeStripBevel", c.bevel));
+    const NSColor grey = NSColor::colorWithSRGBRed(128 / 255.0, 128 / 255.0, 128 / 255.0, 1);
+    const auto bitmap = painted(listOf({entry(CGRectMake(0, 0, 40, c.height), grey, c.selected)}), c.flipped);
+    // A flipped context that turns nothing around: its top is the bitmap's bottom.
+    for (long i = 0; i < 9; ++i) {
+      const long y = c.flipped ? 39 - i : 31 + i;
+      EXPECT_LE(std::labs(pixel(bitmap, 20, y).red - c.rows[static_cast<std::size_t>(i)]), 1)
+          << c.bevel << " row " << i;
+    }
+    EXPECT_EQ(pixel(bitmap, 20, 35), kGrey);
+  });
 }
 
 // ---- The track table ----------------------------------------------------------------------------------
@@ -539,7 +502,7 @@ TEST_F(HeaderStrips, SpareTheHostTheFormattingOfDescriptions) {
   picture();
   EXPECT_EQ(host::formattedDescriptions(), before);
   EXPECT_FALSE(asks<"isInDrawingMode">(theme().object));
-  support::accessibilityChildren(headers());
+  accessibilityChildren(headers());
   EXPECT_EQ(host::formattedDescriptions(), before + 4);
 
   using Format = id (*)(id, SEL, id, ...);
@@ -578,10 +541,10 @@ TEST_F(HeaderStrips, AreLeftOutWhenTheHostRaises) {
 TEST_F(HeaderStrips, KeepTheTableOfAMousePress) {
   for (const char* version : {"12.2.9", "12.3", "13"}) {
     const bool keeps = std::string(version) != "12.2.9";
-    EXPECT_TRUE(support::inChild([&] {
+    EXPECT_TRUE(inChild([&] {
       start(fourColours(), fourTracks(), {.version = version});
       const auto cached = [&] { return call<"vlrCachedTrackData", NSData>(headers()); };
-      const CGRect frame = support::screenFrame(support::accessibilityChildren(headers())[0]);
+      const CGRect frame = screenFrame(accessibilityChildren(headers())[0]);
       const CGPoint place{frame.midX(), frame.midY()};
       EXPECT_FALSE(cached());
       application_->arrange().press(place);
@@ -604,21 +567,18 @@ TEST_F(HeaderStrips, StandBehindAnOpaqueNameEditor) {
   };
   const Rgba host{255, 255, 255, 90};
   const Case kCases[] = {
-      {support::writeTheme(ThemeFile().text("EmptyAreaBelow", colour(8, 16, 24, 30)).list()), kEmpty},
-      {support::writeTheme(ThemeFile().text("arrangeStripBackgroundColor", colour(8, 16, 24)).list()), host},
+      {writeTheme(ThemeFile().text("EmptyAreaBelow", colour(8, 16, 24, 30)).list()), kEmpty},
+      {writeTheme(ThemeFile().text("arrangeStripBackgroundColor", colour(8, 16, 24)).list()), host},
       {"default", host},
       {"", host},
   };
-  for (const Case& c : kCases) {
-    EXPECT_TRUE(support::inChild([&] {
-      startWith(c.theme, fourTracks());
-      EXPECT_TRUE(application_->arrange().beginRename(0));
-      EXPECT_EQ(rgba(application_->arrange().nameEditor().backgroundColor()), c.expected);
-      EXPECT_EQ(application_->arrange().nameEditor().superview(), headers());
-      application_->arrange().endRename();
-      return true;
-    })) << c.theme;
-  }
+  eachInChild(kCases, [&](const Case& c) {
+    startWith(c.theme, fourTracks());
+    EXPECT_TRUE(application_->arrange().beginRename(0));
+    EXPECT_EQ(rgba(application_->arrange().nameEditor().backgroundColor()), c.expected);
+    EXPECT_EQ(application_->arrange().nameEditor().superview(), headers());
+    application_->arrange().endRename();
+  });
   startWith(kCases[0].theme, fourTracks());
   const auto other = Ref<NSTextField>::adopt(NSTextField(
       call<"initWithFrame:", id>(call<"alloc", id>(classNamed("GCMALineEditorTextField")), CGRectMake(0, 0, 9, 9))));

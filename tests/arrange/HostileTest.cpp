@@ -12,10 +12,7 @@
 namespace {
 
 using namespace cocoa;
-using support::colour;
-using support::pixel;
-using support::Rgba;
-using support::ThemeFile;
+using namespace support;
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
@@ -55,7 +52,7 @@ NSObject placed(double x, double y) { return NSValue::valueWithPoint({x, y}); }
 id given = nullptr;  // what the views answer as their children
 NSObject givenChildren(NSView /*self*/) { return NSObject(given); }
 
-class HostileHost : public support::ArrangeContents {
+class HostileHost : public ArrangeContents {
  protected:
   void open(host::Song song = {}, host::HostOptions options = {}) {
     ClassDefinition<OddElement>("OddElement", "NSObject")
@@ -157,7 +154,7 @@ TEST_F(HostileHost, MayNestItsElementsWithoutEnd) {
 }
 
 TEST_F(HostileHost, MayHaveARulerOfNoSize) {
-  open(support::sampleSong());
+  open(sampleSong());
   const Ref<NSView> ruler = application_->arrange().ruler();
   for (const CGSize size : {CGSize{0, 0}, CGSize{1, 1}, CGSize{3, 76}, CGSize{2048, 3}, CGSize{2048, 1}, CGSize{4, 4},
                             CGSize{2048, 11}, CGSize{2048, 400}}) {
@@ -174,7 +171,7 @@ TEST_F(HostileHost, MayHaveARulerOfNoSize) {
 }
 
 TEST_F(HostileHost, MayGiveAnySettings) {
-  open(support::sampleSong());
+  open(sampleSong());
   const char* kKeys[] = {"barOpacity",   "beatOpacity",      "divOpacity",        "barWidth",
                          "beatWidth",    "divWidth",         "lineGray",          "masterOpacity",
                          "tintVibrance", "adaptiveStrength", "markerBandsOpacity"};
@@ -194,7 +191,7 @@ NSBitmapImageRep raisedBitmap(NSView /*self*/, CGRect /*rect*/) {
 }
 
 TEST_F(HostileHost, MayRaiseWhileItsColoursAreRead) {
-  open(support::sampleSong());
+  open(sampleSong());
   picture();
   const Class view = classNamed("ArrangeContentsSectionView");
   detail::replaceFunction<"bitmapImageRepForCachingDisplayInRect:", raisedBitmap>(view);

@@ -7,17 +7,17 @@
 #include "host/arrange/CLgSongDocument.h"
 #include "standin/Desk.h"
 #include "standin/RunLoop.h"
-#include "tests/support/Theme.h"
+#include "tests/support/HostTest.h"
 
 namespace {
 
 using namespace cocoa;
-using support::ThemeFile;
+using namespace support;
 
 NSString skipKey() { return literal<"SkipTrackColorWarning">(); }
 NSUserDefaults defaults() { return NSUserDefaults::standardUserDefaults(); }
 
-class TrackColourWarning : public testing::Test {
+class TrackColourWarning : public HostTest {
  protected:
   /// Opens a song whose headers show colour bars or not, under a theme that asks for track colours or not.
   void open(bool bars, bool tracks = true) {
@@ -25,9 +25,7 @@ class TrackColourWarning : public testing::Test {
     standin::setOpenedURL([this](const std::string& address) { opened_.push_back(address); });
     host::Song song;
     song.arrange.headers.colourBars = bars;
-    application_ = support::start(
-        support::writeTheme(ThemeFile().flag("useTrackColorAsArrangeStripBackground", tracks).list()), song);
-    ASSERT_TRUE(application_);
+    startWith(writeTheme(ThemeFile().flag("useTrackColorAsArrangeStripBackground", tracks).list()), song);
   }
   /// How many alerts run now.
   int alerts() {
@@ -37,14 +35,12 @@ class TrackColourWarning : public testing::Test {
   }
   void announce() const { host::announceOpened(application_->arrange().document()); }
 
-  AutoreleasePool pool_;
   int alerts_ = 0;
   std::vector<std::string> opened_;
   std::function<NSUInteger(NSAlert)> answer_ = [this](NSAlert) {
     ++alerts_;
     return NSUInteger(0);
   };
-  std::unique_ptr<host::Application> application_;
 };
 
 TEST_F(TrackColourWarning, ComesOnceForADocumentWithoutColourBars) {
@@ -74,15 +70,12 @@ TEST_F(TrackColourWarning, StaysAwayWhereNothingIsWrong) {
     bool bars;
     bool tracks;
   };
-  for (const Case& c : {Case{true, true}, Case{false, false}, Case{true, false}}) {
-    EXPECT_TRUE(support::inChild([&] {
-      open(c.bars, c.tracks);
-      EXPECT_EQ(alerts(), 0);
-      const NSObject view = application_->arrange().arrangeView();
-      EXPECT_EQ((call<"isArrangeColorBarVisible:", BOOL>(classNamed("Utility"), view)) != 0, c.bars);
-      return true;
-    }));
-  }
+  eachInChild({Case{true, true}, Case{false, false}, Case{true, false}}, [&](const Case& c) {
+    open(c.bars, c.tracks);
+    EXPECT_EQ(alerts(), 0);
+    const NSObject view = application_->arrange().arrangeView();
+    EXPECT_EQ((call<"isArrangeColorBarVisible:", BOOL>(classNamed("Utility"), view)) != 0, c.bars);
+  });
 }
 
 TEST_F(TrackColourWarning, SaysWhatToDo) {

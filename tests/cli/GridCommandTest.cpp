@@ -19,14 +19,13 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace cocoa;
-using support::fileContents;
-using support::ThemeFile;
+using namespace support;
 
 class GridCommand : public testing::Test {
  protected:
   GridCommand() : file_(session::privateFolder() + "/my-grid.plist") {}
-  [[nodiscard]] support::CommandResult grid(const std::string& edits) const {
-    return support::run(std::string(VELURA_COMMAND) + " grid --file " + file_ + " " + edits);
+  [[nodiscard]] CommandResult grid(const std::string& edits) const {
+    return run(std::string(VELURA_COMMAND) + " grid --file " + file_ + " " + edits);
   }
   [[nodiscard]] Ref<NSDictionary> stored() const { return as<NSDictionary>(velura::readPropertyList(file_.c_str())); }
   [[nodiscard]] double number(const char* key) const {
@@ -46,7 +45,7 @@ TEST_F(GridCommand, WritesShowsAndChangesSettings) {
   EXPECT_EQ(number("barWidth"), 1.5);
   EXPECT_EQ(number("colorMode"), 2);
 
-  support::writeFile(file_, ThemeFile().text("note", "mine").number("barWidth", 9).flag("enabled", true).list());
+  writeFile(file_, ThemeFile().text("note", "mine").number("barWidth", 9).flag("enabled", true).list());
   result = grid("enabled=off markerBandsOpacity=0.25");
   EXPECT_EQ(result.status, 0) << result.output;
   EXPECT_EQ(toStdString(as<NSString>(stored()->objectForKey(string("note")))), "mine") << "foreign keys stay";
@@ -89,7 +88,7 @@ TEST_F(GridCommand, RefusesWhatItDoesNotUnderstand) {
 
 TEST_F(GridCommand, LeavesOtherFilesAlone) {
   for (const char* contents : {"<plist version=\"1.0\"><array/></plist>", "<<<", "a text"}) {
-    support::writeFile(file_, contents);
+    writeFile(file_, contents);
     const auto result = grid("enabled=true");
     EXPECT_EQ(result.status, 1) << contents;
     EXPECT_NE(result.output.find("not a dictionary property list"), std::string::npos) << result.output;
@@ -97,7 +96,7 @@ TEST_F(GridCommand, LeavesOtherFilesAlone) {
   }
   fs::remove(file_);
   const std::string target = session::privateFolder() + "/target.plist";
-  support::writeFile(target, ThemeFile().number("barWidth", 2).list());
+  writeFile(target, ThemeFile().number("barWidth", 2).list());
   const std::string before = fileContents(target);
   fs::create_symlink(target, file_);
   EXPECT_EQ(grid("enabled=true").status, 0);
@@ -106,8 +105,8 @@ TEST_F(GridCommand, LeavesOtherFilesAlone) {
   fs::remove(file_);
   fs::create_directory(file_);
   EXPECT_EQ(grid("enabled=true").status, 1);
-  EXPECT_EQ(support::run(std::string(VELURA_COMMAND) + " grid --file /no/such/folder/g.plist enabled=true").status, 1);
-  const auto keys = support::run(std::string(VELURA_COMMAND) + " grid --keys");
+  EXPECT_EQ(run(std::string(VELURA_COMMAND) + " grid --file /no/such/folder/g.plist enabled=true").status, 1);
+  const auto keys = run(std::string(VELURA_COMMAND) + " grid --keys");
   EXPECT_EQ(keys.status, 0);
   EXPECT_EQ(std::count(keys.output.begin(), keys.output.end(), '\n'), 20);
   EXPECT_NE(keys.output.find("| `barWidth` | a number from 0 to 2.5 | 1 |"), std::string::npos) << keys.output;
@@ -191,8 +190,8 @@ TEST_F(GridCommand, IsFollowedByWatch) {
 }
 
 TEST_F(GridCommand, EndsWatchingWhenNoPictureCanBeWritten) {
-  const auto result = support::run(std::string(VELURA_COMMAND) + " watch --theme none --song " VELURA_SOURCE_DIR
-                                                                 "/songs/night-drive.json --out /no/such/folder/x.png");
+  const auto result = run(std::string(VELURA_COMMAND) + " watch --theme none --song " VELURA_SOURCE_DIR
+                                                        "/songs/night-drive.json --out /no/such/folder/x.png");
   EXPECT_EQ(result.status, 1);
   EXPECT_NE(result.output.find("/no/such/folder/x.png: cannot be written: No such file"), std::string::npos)
       << result.output;

@@ -8,21 +8,19 @@
 #include "cocoa/Call.h"
 #include "host/mixer/MANode.h"
 #include "standin/Clock.h"
-#include "tests/support/Colours.h"
-#include "tests/support/Theme.h"
+#include "tests/support/HostTest.h"
 
 namespace {
 
 using namespace cocoa;
-using support::ThemeFile;
+using namespace support;
 
 /// A mixer of bare strips, 600 points high, whose sections the test places itself.
-class Anchoring : public testing::Test {
+class Anchoring : public HostTest {
  protected:
   void SetUp() override { standin::setClock(1000); }
   void start(const ThemeFile& theme) {
-    application_ = support::start(support::writeTheme(theme.list()), support::songOf({host::Track{}}));
-    ASSERT_TRUE(application_);
+    startWith(writeTheme(theme.list()), songOf({host::Track{}}));
     root_ = host::makeNode("MANode", "mixer", CGRectMake(0, 0, 800, 600));
   }
   NSObject addStrip(double height = 600) {
@@ -54,8 +52,6 @@ class Anchoring : public testing::Test {
     EXPECT_EQ(NSArray(colours).count(), found.size());
     return found;
   }
-  AutoreleasePool pool_;
-  std::unique_ptr<host::Application> application_;
   Ref<NSObject> root_;
 };
 
@@ -247,7 +243,7 @@ TEST_F(Anchoring, PlacesSortsAndSmoothsStops) {
   static_cast<void>(call<"vlrResolveGradient:baseColor:outColors:outLocations:", BOOL>(
       addStrip(), gradient("LinearGradient:{{1,1,1,100,0},{2,2,2,100,90},{3,3,3,100,@fader},V}"), NSColor(), &colours,
       &places));
-  EXPECT_EQ(support::rgba(cast<NSColor>(NSArray(colours).objectAtIndex(1))), (support::Rgba{3, 3, 3}))
+  EXPECT_EQ(rgba(cast<NSColor>(NSArray(colours).objectAtIndex(1))), (Rgba{3, 3, 3}))
       << "the colours move with their locations";
 }
 
@@ -273,7 +269,7 @@ TEST_F(Anchoring, DrawsTheRestWhereTheGradientFails) {
   addSection(strip, "pan", -60, 10);
   const auto pattern = call<"vlrApplyStripGradient:highlighted:overlayColor:", NSColor>(
       strip, NSColor::colorWithSRGBRed(0, 0, 0.8, 1), BOOL(0), NSColor::colorWithSRGBRed(0, 0.4, 0, 0.5));
-  EXPECT_TRUE(support::near(support::patternPixel(pattern, 0, 0), {0, 51, 102})) << "base and overlay alone";
+  EXPECT_TRUE(near(patternPixel(pattern, 0, 0), {0, 51, 102})) << "base and overlay alone";
 }
 
 // ---- Which gradient a strip takes ------------------------------------------------------------------
@@ -286,7 +282,7 @@ std::string applied(NSObject strip, NSColor base, bool highlighted, NSColor over
   if (!result) return "nil";
   if (result == base) return "base";
   std::ostringstream text;
-  text << support::patternPixel(result, static_cast<long>(support::patternSize(result).width) / 2, 0);
+  text << patternPixel(result, static_cast<long>(patternSize(result).width) / 2, 0);
   return text.str();
 }
 
@@ -329,14 +325,11 @@ TEST_F(Anchoring, ChoosesTheGradientOfTheStrip) {
       {"an overlay alone", ThemeFile(), none, false, veil, "(255, 0, 0, 100%)"},
       {"a bevel without a base", bevel, none, false, none, "nil"},
   };
-  for (const Case& c : kCases) {
-    EXPECT_TRUE(support::inChild([&] {
-      const AutoreleasePool pool;
-      start(c.theme);
-      EXPECT_EQ(applied(addStrip(), c.base, c.highlighted, c.overlay), c.expected) << c.what;
-      return true;
-    })) << c.what;
-  }
+  eachInChild(kCases, [&](const Case& c) {
+    const AutoreleasePool pool;
+    start(c.theme);
+    EXPECT_EQ(applied(addStrip(), c.base, c.highlighted, c.overlay), c.expected) << c.what;
+  });
 }
 
 TEST_F(Anchoring, GivesTheBevelOfTheState) {
@@ -345,11 +338,11 @@ TEST_F(Anchoring, GivesTheBevelOfTheState) {
   const NSColor base = NSColor::colorWithSRGBRed(0.4, 0.4, 0.4, 1);
   for (const bool highlighted : {false, true}) {
     const auto pattern = call<"vlrApplyStripGradient:highlighted:", NSColor>(strip, base, BOOL(highlighted));
-    EXPECT_EQ(support::patternSize(pattern), (CGSize{84, 600}));
+    EXPECT_EQ(patternSize(pattern), (CGSize{84, 600}));
     const long light = highlighted ? 0 : 255;
-    EXPECT_EQ(support::patternPixel(pattern, 0, 300), (support::Rgba{light, light, light}));
-    EXPECT_EQ(support::patternPixel(pattern, 83, 300), (support::Rgba{255 - light, 255 - light, 255 - light}));
-    EXPECT_EQ(support::patternPixel(pattern, 42, 0), (support::Rgba{102, 102, 102})) << "the top is not bevelled";
+    EXPECT_EQ(patternPixel(pattern, 0, 300), (Rgba{light, light, light}));
+    EXPECT_EQ(patternPixel(pattern, 83, 300), (Rgba{255 - light, 255 - light, 255 - light}));
+    EXPECT_EQ(patternPixel(pattern, 42, 0), (Rgba{102, 102, 102})) << "the top is not bevelled";
   }
 }
 

@@ -7,16 +7,12 @@
 #include <sstream>
 
 #include "cocoa/Call.h"
-#include "tests/support/Colours.h"
-#include "tests/support/Theme.h"
+#include "tests/support/HostTest.h"
 
 namespace {
 
 using namespace cocoa;
-using support::patternPixel;
-using support::patternSize;
-using support::Rgba;
-using support::ThemeFile;
+using namespace support;
 
 struct Request {
   const char* gradient = nullptr;
@@ -29,13 +25,9 @@ struct Request {
   NSColor overlay;
 };
 
-class Patterns : public testing::Test {
+class Patterns : public HostTest {
  protected:
-  void SetUp() override {
-    application_ = support::start(support::writeTheme(ThemeFile().flag("x", true).list()), support::songOf({}));
-    theme_ = call<"sharedInstance", NSObject>(classNamed("ThemeUtility"));
-    ASSERT_TRUE(theme_);
-  }
+  void SetUp() override { startWith(writeTheme(ThemeFile().flag("x", true).list()), songOf({})); }
   [[nodiscard]] NSColor pattern(const Request& request) const {
     const auto parsed = [](const char* cls, const char* maker, const char* text) {
       return text == nullptr ? NSObject() : send<NSObject>(classNamed(cls), sel_registerName(maker), string(text));
@@ -45,11 +37,11 @@ class Patterns : public testing::Test {
     const auto locations = NSMutableArray::array();
     for (const double location : request.locations) locations.addObject(NSNumber::numberWithDouble(location));
     return call<"patternColorForGradient:baseColor:size:stopColors:stopLocations:bevel:bevelStyle:overlayColor:",
-                NSColor>(theme_, parsed("VLRStripGradient", "gradientFromString:", request.gradient), request.base,
+                NSColor>(theme(), parsed("VLRStripGradient", "gradientFromString:", request.gradient), request.base,
                          request.size, static_cast<NSArray>(colours), static_cast<NSArray>(locations),
                          parsed("VLRStripBevel", "bevelFromString:", request.bevel), request.style, request.overlay);
   }
-  [[nodiscard]] NSMutableDictionary cache() const { return call<"gradientPatternCache", NSMutableDictionary>(theme_); }
+  [[nodiscard]] NSMutableDictionary cache() const { return call<"gradientPatternCache", NSMutableDictionary>(theme()); }
   /// The fields of the one key in the cache.
   [[nodiscard]] std::vector<std::string> keyFields() const {
     const NSArray keys = cache().allKeys();
@@ -60,10 +52,6 @@ class Patterns : public testing::Test {
     return fields;
   }
   static NSColor grey(double level, double alpha = 1) { return NSColor::colorWithSRGBRed(level, level, level, alpha); }
-
-  AutoreleasePool pool_;
-  std::unique_ptr<host::Application> application_;
-  NSObject theme_;
 };
 
 constexpr const char* kVertical = "LinearGradient:{{0,0,0,100},{0,0,0,100},V}";
@@ -157,10 +145,10 @@ TEST_F(Patterns, RunAlongTheCompassBearing) {
                  .locations = {0, 1}});
     const long right = static_cast<long>(patternSize(made).width) - 1;
     const long bottom = static_cast<long>(patternSize(made).height) - 1;
-    EXPECT_TRUE(support::near(patternPixel(made, 0, 0), c.topLeft, 3)) << c.direction << patternPixel(made, 0, 0);
-    EXPECT_TRUE(support::near(patternPixel(made, right, 0), c.topRight, 3)) << c.direction;
-    EXPECT_TRUE(support::near(patternPixel(made, 0, bottom), c.bottomLeft, 3)) << c.direction;
-    EXPECT_TRUE(support::near(patternPixel(made, right, bottom), c.bottomRight, 3)) << c.direction;
+    EXPECT_TRUE(near(patternPixel(made, 0, 0), c.topLeft, 3)) << c.direction << patternPixel(made, 0, 0);
+    EXPECT_TRUE(near(patternPixel(made, right, 0), c.topRight, 3)) << c.direction;
+    EXPECT_TRUE(near(patternPixel(made, 0, bottom), c.bottomLeft, 3)) << c.direction;
+    EXPECT_TRUE(near(patternPixel(made, right, bottom), c.bottomRight, 3)) << c.direction;
   }
 }
 
@@ -170,13 +158,13 @@ TEST_F(Patterns, StackBaseOverlayAndBevel) {
                                 .bevel = "Bevel:{R,4,100}",
                                 .style = 1,
                                 .overlay = NSColor::colorWithSRGBRed(1, 0, 0, 0.5)});
-  EXPECT_TRUE(support::near(patternPixel(made, 80, 20), {128, 0, 0}));
+  EXPECT_TRUE(near(patternPixel(made, 80, 20), {128, 0, 0}));
   EXPECT_EQ(patternPixel(made, 3, 20), (Rgba{255, 255, 255})) << "a band of 160 * 4 / 160 points";
-  EXPECT_TRUE(support::near(patternPixel(made, 4, 20), {128, 0, 0}));
+  EXPECT_TRUE(near(patternPixel(made, 4, 20), {128, 0, 0}));
   EXPECT_EQ(patternPixel(made, 159, 20), (Rgba{0, 0, 0}));
   const NSColor sunk = pattern({.base = grey(0.5), .size = {160, 40}, .bevel = "Bevel:{R,4,50}", .style = 7});
-  EXPECT_TRUE(support::near(patternPixel(sunk, 0, 20), {64, 64, 64})) << "any style but 1 is sunk";
-  EXPECT_TRUE(support::near(patternPixel(sunk, 159, 20), {191, 191, 191}));
+  EXPECT_TRUE(near(patternPixel(sunk, 0, 20), {64, 64, 64})) << "any style but 1 is sunk";
+  EXPECT_TRUE(near(patternPixel(sunk, 159, 20), {191, 191, 191}));
   const NSColor veil = pattern({.overlay = grey(1, 0.25)});
   EXPECT_EQ(patternPixel(veil, 0, 0).alpha, 25) << "an overlay over nothing stays transparent";
 }

@@ -43,7 +43,7 @@ inline std::vector<NSObject> accessibilityChildren(NSObject of) {
 inline NSObject attribute(NSObject element, const char* name) {
   return cocoa::call<"accessibilityAttributeValue:", NSObject>(element, cocoa::string(name));
 }
-inline std::string text(NSObject element, const char* name) {
+inline std::string textOf(NSObject element, const char* name) {
   return cocoa::toStdString(cocoa::as<NSString>(attribute(element, name)));
 }
 /// Where an element lies on the screen.

@@ -13,6 +13,7 @@
 #include "standin/Display.h"
 #include "standin/RunLoop.h"
 #include "tests/host/ArrangeHost.h"
+#include "tests/support/HostTest.h"
 
 namespace {
 
@@ -20,13 +21,7 @@ using namespace cocoa;
 using host::Look;
 using host::look;
 using host::WindowKind;
-using support::accessibilityChildren;
-using support::arrangeHost;
-using support::attribute;
-using support::pixel;
-using support::Rgba;
-using support::rgba;
-using support::screenFrame;
+using namespace support;
 
 host::Song songOfTracks(std::size_t tracks, std::size_t regions) {
   host::Song song;
@@ -62,17 +57,17 @@ TEST(ArrangeHeaders, ShowColourBarsWhereTheirSetUpSays) {
   };
   for (const Case& c : kCases) {
     // Which classes a host has is settled once a process.
-    EXPECT_TRUE(support::inChild([&] {
+    EXPECT_TRUE(inChild([&] {
       host::Song song = songOfTracks(3, 0);
       song.arrange.headers = {c.numbers, c.colourBars, c.surfaces};
       const auto application = arrangeHost(song, {.modelAdapter = c.adapter});
       EXPECT_EQ(classNamed("MAMixerModelAdapter") != nullptr, c.adapter);
       const NSView headers = application->arrange().headers();
-      const NSBitmapImageRep picture = support::drawn(headers, headers.visibleRect());
+      const NSBitmapImageRep picture = drawn(headers, headers.visibleRect());
       const host::TrackRows rows(song);
       for (std::size_t i = 0; i < 3; ++i) {
         const long y = static_cast<long>(rows.top(i)) + 2;
-        const Rgba expected = support::songColour(*song.tracks[i].colour);
+        const Rgba expected = songColour(*song.tracks[i].colour);
         if (c.column >= 0) {
           EXPECT_EQ(pixel(picture, c.column, y), expected) << c.column;
         }
@@ -106,15 +101,15 @@ TEST(ArrangeHeaders, LieOnPlainStripsAndLookTheSameWhenTheyCountFromTheTop) {
   for (std::size_t i = 0; i < elements.size(); ++i) {
     const CGRect frame = screenFrame(elements[i]);
     const CGPoint corner{frame.maxX() - 0.5, frame.maxY() - 0.5};
-    EXPECT_EQ(support::screenPixel(window, bitmap, corner), rgba(look(kStrips[i]))) << i;
+    EXPECT_EQ(screenPixel(window, bitmap, corner), rgba(look(kStrips[i]))) << i;
   }
   const CGRect last = screenFrame(elements.back());
-  EXPECT_EQ(support::screenPixel(window, bitmap, {last.midX(), last.minY() - 5}), (Rgba{97, 97, 97, 100}));
+  EXPECT_EQ(screenPixel(window, bitmap, {last.midX(), last.minY() - 5}), (Rgba{97, 97, 97, 100}));
 }
 
 TEST(ArrangeAccessibility, ListsTheHeadersFromTheTopDown) {
   const AutoreleasePool pool;
-  const auto application = arrangeHost(support::sampleSong());
+  const auto application = arrangeHost(sampleSong());
   application->arrange().setScroll(0, 120);
   const host::Song& song = application->song();
   const auto elements = accessibilityChildren(application->arrange().headers());
@@ -126,14 +121,13 @@ TEST(ArrangeAccessibility, ListsTheHeadersFromTheTopDown) {
     EXPECT_EQ(frame.size, (CGSize{220, rows.height(i)}));
     EXPECT_EQ(frame.maxY(), screenFrame(elements[0]).maxY() - rows.top(i));
     EXPECT_EQ(asks<"isSelected">(element.object), song.tracks[i].selected);
-    EXPECT_EQ(support::text(element, "AXDescription"),
-              "Track " + std::to_string(i + 1) + " “" + song.tracks[i].name + "”");
+    EXPECT_EQ(textOf(element, "AXDescription"), "Track " + std::to_string(i + 1) + " “" + song.tracks[i].name + "”");
     std::size_t triangles = 0;
     const auto parts = accessibilityChildren(element);
-    for (const NSObject part : parts) triangles += support::text(part, "AXRole") == "AXDisclosureTriangle" ? 1U : 0U;
+    for (const NSObject part : parts) triangles += textOf(part, "AXRole") == "AXDisclosureTriangle" ? 1U : 0U;
     EXPECT_EQ(triangles, song.tracks[i].folder ? 1U : 0U);
     EXPECT_GE(parts.size(), 4U);
-    EXPECT_EQ(support::text(parts.back(), "AXRole"), "AXButton");
+    EXPECT_EQ(textOf(parts.back(), "AXRole"), "AXButton");
   }
   EXPECT_FALSE(attribute(elements[0], "AXNothing"));
 }
@@ -165,7 +159,7 @@ TEST(ArrangeAccessibility, FormatsADescriptionOnceItIsAnyText) {
 TEST(ArrangeAccessibility, ListsEveryRegionWhereItIsDrawn) {
   for (const double scale : {1.0, 2.0}) {
     const AutoreleasePool pool;
-    const auto application = arrangeHost(support::sampleSong(), {.scale = scale});
+    const auto application = arrangeHost(sampleSong(), {.scale = scale});
     application->arrange().setScroll(133, 40);
     const host::Song& song = application->song();
     const NSWindow window = application->window(WindowKind::kArrange);
@@ -174,13 +168,13 @@ TEST(ArrangeAccessibility, ListsEveryRegionWhereItIsDrawn) {
     ASSERT_EQ(rows.size(), song.tracks.size() + 1);
     long seen = 0;
     for (std::size_t i = 0; i < song.tracks.size(); ++i) {
-      EXPECT_EQ(support::text(rows[i], "AXRole"), "AXGroup");
+      EXPECT_EQ(textOf(rows[i], "AXRole"), "AXGroup");
       const auto regions = accessibilityChildren(rows[i]);
       ASSERT_EQ(regions.size(), song.tracks[i].regions.size()) << song.tracks[i].name;
       for (std::size_t k = 0; k < regions.size(); ++k) {
         const host::Region& region = song.tracks[i].regions[k];
-        EXPECT_EQ(support::text(regions[k], "AXRole"), "AXLayoutItem");
-        EXPECT_EQ(support::text(regions[k], "AXDescription"), region.name);
+        EXPECT_EQ(textOf(regions[k], "AXRole"), "AXLayoutItem");
+        EXPECT_EQ(textOf(regions[k], "AXDescription"), region.name);
         const CGRect frame = screenFrame(regions[k]);
         EXPECT_DOUBLE_EQ(frame.size.width, region.length * song.arrange.zoom);
         // A plain region's title bar has its colour; the name begins five points in.
@@ -193,14 +187,14 @@ TEST(ArrangeAccessibility, ListsEveryRegionWhereItIsDrawn) {
         }
         ++seen;
         const auto colour = region.colour ? region.colour : song.tracks[i].colour;
-        const Rgba expected = colour ? support::songColour(*colour) : Rgba{124, 124, 124, 100};
-        EXPECT_EQ(support::screenPixel(window, bitmap, inTitle), expected) << region.name;
+        const Rgba expected = colour ? songColour(*colour) : Rgba{124, 124, 124, 100};
+        EXPECT_EQ(screenPixel(window, bitmap, inTitle), expected) << region.name;
       }
     }
     EXPECT_GT(seen, 20);
     const auto cycle = accessibilityChildren(rows.back());
     ASSERT_EQ(cycle.size(), 1U);
-    EXPECT_EQ(support::text(cycle[0], "AXDescription"), "cycle region");
+    EXPECT_EQ(textOf(cycle[0], "AXDescription"), "cycle region");
     EXPECT_DOUBLE_EQ(screenFrame(cycle[0]).size.width, 8 * song.arrange.zoom);
   }
 }
@@ -248,27 +242,24 @@ TEST(ArrangeDocument, TellsHowItsHeadersAreSetUp) {
 }
 
 TEST(ArrangeDocument, IsKnownToTheMixersModelByNumberOrByItself) {
-  for (const bool bySong : {false, true}) {
-    EXPECT_TRUE(support::inChild([bySong] {
-      host::Song song = songOfTracks(1, 0);
-      song.arrange.headers.controlSurfaceBars = 7;
-      const auto application = arrangeHost(song, {.adapterBySong = bySong});
-      const NSView contents = application->arrange().contents();
-      const auto document = call<"songDocument", NSObject>(call<"docManager", NSObject>(contents));
-      const auto number = call<"songID", NSInteger>(document);
-      const id made = call<"alloc", id>(asObject(classNamed("MAMixerModelAdapter")));
-      EXPECT_EQ(respondsTo(made, selector<"initWithSongID:">()), !bySong);
-      EXPECT_EQ(respondsTo(made, selector<"initWithSong:">()), bySong);
-      const id adapter = bySong ? call<"initWithSong:", id>(made, call<"song", NSObject>(contents))
-                                : call<"initWithSongID:", id>(made, number);
-      EXPECT_EQ((call<"numberOfControlSurfaceBars", NSInteger>(adapter)), 7);
-      const id other = call<"alloc", id>(asObject(classNamed("MAMixerModelAdapter")));
-      const id none =
-          bySong ? call<"initWithSong:", id>(other, NSObject()) : call<"initWithSongID:", id>(other, number + 1);
-      EXPECT_EQ(none, nullptr);
-      return true;
-    }));
-  }
+  eachInChild({false, true}, [&](const bool bySong) {
+    host::Song song = songOfTracks(1, 0);
+    song.arrange.headers.controlSurfaceBars = 7;
+    const auto application = arrangeHost(song, {.adapterBySong = bySong});
+    const NSView contents = application->arrange().contents();
+    const auto document = call<"songDocument", NSObject>(call<"docManager", NSObject>(contents));
+    const auto number = call<"songID", NSInteger>(document);
+    const id made = call<"alloc", id>(asObject(classNamed("MAMixerModelAdapter")));
+    EXPECT_EQ(respondsTo(made, selector<"initWithSongID:">()), !bySong);
+    EXPECT_EQ(respondsTo(made, selector<"initWithSong:">()), bySong);
+    const id adapter = bySong ? call<"initWithSong:", id>(made, call<"song", NSObject>(contents))
+                              : call<"initWithSongID:", id>(made, number);
+    EXPECT_EQ((call<"numberOfControlSurfaceBars", NSInteger>(adapter)), 7);
+    const id other = call<"alloc", id>(asObject(classNamed("MAMixerModelAdapter")));
+    const id none =
+        bySong ? call<"initWithSong:", id>(other, NSObject()) : call<"initWithSongID:", id>(other, number + 1);
+    EXPECT_EQ(none, nullptr);
+  });
 }
 
 /// Keeps what it is told of.

@@ -11,8 +11,7 @@
 #include "host/mixer/MALevelNode.h"
 #include "host/mixer/MANode.h"
 #include "host/mixer/ScaleMarks.h"
-#include "tests/support/Colours.h"
-#include "tests/support/Theme.h"
+#include "tests/support/HostTest.h"
 
 namespace {
 
@@ -20,8 +19,7 @@ using namespace cocoa;
 using host::PlugInSlot;
 using host::StripType;
 using host::Track;
-using support::Rgba;
-using support::rgba;
+using namespace support;
 using testing::ElementsAre;
 
 Track audio() {
@@ -32,22 +30,14 @@ Track audio() {
   return track;
 }
 
-class Mixer : public testing::Test {
+class Mixer : public HostTest {
  protected:
   void start(std::vector<Track> tracks, host::HostOptions options = {}) {
     host::Song song;
     song.tracks = std::move(tracks);
-    application_ = support::start("", std::move(song), std::move(options));
-    ASSERT_TRUE(application_);
+    startWith("", std::move(song), std::move(options));
   }
   [[nodiscard]] host::MixerWindow& mixer() const { return application_->mixer(); }
-  [[nodiscard]] NSObject node(std::size_t strip, const char* name) const {
-    return child(mixer().strips().objectAtIndex(strip), name);
-  }
-  static NSObject child(NSObject of, const char* name) {
-    return call<"childNodeWithName:", NSObject>(of, string(name));
-  }
-  static CALayer layer(NSObject node) { return call<"presentationObject", CALayer>(node); }
   static NSString path(NSObject button) { return call<"assetSetPath", NSString>(button); }
   static NSColor foreground(NSObject node) { return call<"foregroundColor", NSColor>(node); }
   static NSColor colourOf(NSAttributedString text) {
@@ -56,9 +46,6 @@ class Mixer : public testing::Test {
   static NSObject title(NSObject button) {
     return call<"attributedTitleForState:", NSObject>(button, call<"state", NSInteger>(button));
   }
-
-  AutoreleasePool pool_;
-  std::unique_ptr<host::Application> application_;
 };
 
 // ---- Buttons ------------------------------------------------------------------------------------------
@@ -331,8 +318,8 @@ TEST_F(Mixer, MetersAskForTexturesOfTheTypesTheyHave) {
   // The colour at the top is the last of the mapping's, whatever the scale.
   for (const double scale : {1.0, 2.0}) {
     const auto bitmap = NSBitmapImageRep::withCGImage(texture(1, scale));
-    EXPECT_EQ(support::pixel(bitmap, 0, 0), (Rgba{236, 86, 72})) << scale;
-    EXPECT_TRUE(support::near(support::pixel(bitmap, 0, bitmap->pixelsHigh() - 1), {47, 158, 86}, 3)) << scale;
+    EXPECT_EQ(pixel(bitmap, 0, 0), (Rgba{236, 86, 72})) << scale;
+    EXPECT_TRUE(near(pixel(bitmap, 0, bitmap->pixelsHigh() - 1), {47, 158, 86}, 3)) << scale;
   }
 }
 
@@ -366,8 +353,8 @@ TEST_F(Mixer, ImagesAreTintedInEveryDensity) {
     const auto after = cast<NSBitmapImageRep>(tinted.representations().objectAtIndex(i));
     EXPECT_EQ(after.pixelsWide(), before.pixelsWide());
     for (long x = 0; x < after.pixelsWide(); ++x) {
-      const Rgba colour = support::pixel(after, x, after.pixelsHigh() / 2);
-      EXPECT_EQ(colour.alpha, support::pixel(before, x, after.pixelsHigh() / 2).alpha);
+      const Rgba colour = pixel(after, x, after.pixelsHigh() / 2);
+      EXPECT_EQ(colour.alpha, pixel(before, x, after.pixelsHigh() / 2).alpha);
       EXPECT_TRUE(colour.alpha == 0 || colour.red == 255);
     }
   }

@@ -12,16 +12,13 @@
 namespace {
 
 using namespace cocoa;
-using support::arrangeHost;
-using support::pixel;
-using support::Rgba;
+using namespace support;
 
 /// Ticks as a reader of pixels finds them: the height in points of what stands on the baseline, by the place of
 /// its left edge in the ruler.
 std::map<double, double> standingTicks(NSView ruler, double scale) {
   const CGRect visible = ruler.visibleRect();
-  const NSBitmapImageRep strip =
-      support::drawn(ruler, CGRectMake(visible.minX(), 0, visible.size.width, host::kRulerBaseline));
+  const NSBitmapImageRep strip = drawn(ruler, CGRectMake(visible.minX(), 0, visible.size.width, host::kRulerBaseline));
   const auto brightness = [&](long x, long y) { return pixel(strip, x, y).green; };
   const long ground = brightness(strip.pixelsWide() - 1, 0);
   const long bottom = strip.pixelsHigh() - 1;
@@ -51,7 +48,7 @@ TEST(Ruler, ShowsBarsBeatsAndDivisionsAtTheirPlacesAtAnyZoomScrollAndScale) {
   for (const double scale : {1.0, 2.0}) {
     for (const Case& c : kCases) {
       const AutoreleasePool pool;
-      host::Song song = support::sampleSong();
+      host::Song song = sampleSong();
       song.arrange.beatsPerBar = c.beats;
       song.arrange.division = c.divisions;
       const auto application = arrangeHost(song, {.scale = scale});
@@ -95,10 +92,10 @@ bool isGrey(const Rgba& c) { return std::max({c.red, c.green, c.blue}) - std::mi
 
 TEST(Ruler, ColoursNothingButMarkersAndTheCycle) {
   for (const double scale : {1.0, 2.0}) {
-    const auto application = arrangeHost(support::sampleSong(), {.scale = scale});
+    const auto application = arrangeHost(sampleSong(), {.scale = scale});
     const NSView ruler = application->arrange().ruler();
     const CGRect visible = ruler.visibleRect();
-    const NSBitmapImageRep picture = support::drawn(ruler, visible);
+    const NSBitmapImageRep picture = drawn(ruler, visible);
     constexpr double kTopStrip = 15;
     for (long y = static_cast<long>(kTopStrip * scale); y < picture.pixelsHigh(); ++y) {
       const double place = static_cast<double>(y) / scale;
@@ -116,7 +113,7 @@ TEST(Ruler, ColoursNothingButMarkersAndTheCycle) {
       const long to = std::min(std::lround(timeline.x(marker.end) * scale), static_cast<long>(picture.pixelsWide()));
       for (long x = from; x < to && marker.colour; ++x) {
         marked[static_cast<std::size_t>(x)] = true;
-        ASSERT_EQ(pixel(picture, x, row), support::songColour(*marker.colour)) << marker.name << " at " << x;
+        ASSERT_EQ(pixel(picture, x, row), songColour(*marker.colour)) << marker.name << " at " << x;
       }
     }
     for (long x = 0; x < picture.pixelsWide(); ++x) {

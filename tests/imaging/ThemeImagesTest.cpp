@@ -7,17 +7,12 @@
 
 #include "host/mixer/MADynamicScaleNode.h"
 #include "host/mixer/MAImageNode.h"
-#include "tests/support/Colours.h"
-#include "tests/support/Theme.h"
+#include "tests/support/HostTest.h"
 
 namespace {
 
 using namespace cocoa;
-using support::colour;
-using support::near;
-using support::pixel;
-using support::Rgba;
-using support::ThemeFile;
+using namespace support;
 using testing::ElementsAre;
 
 Ref<NSBitmapImageRep> bitmapOf(NSInteger width, NSInteger height) {
@@ -49,29 +44,24 @@ NSBitmapImageRep frameOf(NSImage image, NSUInteger index = 0) {
 /// Defines a class of the host, before any bundle is loaded.
 void defineHostClasses(const host::HostOptions& options) { const host::Application application(options); }
 
-class ThemeImages : public testing::Test {
+class ThemeImages : public HostTest {
  protected:
   void start(const ThemeFile& list = {}, host::HostOptions options = {}) {
-    const std::string theme = support::writeTheme(list.list());
-    resources_ = theme + "/Companion.bundle/Contents/Resources/";
+    const std::string folder = writeTheme(list.list());
+    resources_ = folder + "/Companion.bundle/Contents/Resources/";
     for (const char* name : {"mixer_panner_pointer_a", "mixer_panner_pointer_b", "my_mixer_panner_pointer", "knob"}) {
       const NSData png = ladder(3, 4, {3, 4})->representationUsingType(NSBitmapImageFileTypePNG, NSDictionary());
-      support::writeFile(resources_ + name + ".png", {static_cast<const char*>(png.bytes()), png.length()});
+      writeFile(resources_ + name + ".png", {static_cast<const char*>(png.bytes()), png.length()});
     }
-    application_ = support::start(theme, host::Song(), std::move(options));
-    ASSERT_TRUE(application_);
-    theme_ = call<"sharedInstance", NSObject>(classNamed("ThemeUtility"));
+    startWith(folder, host::Song(), std::move(options));
   }
   [[nodiscard]] NSImage image(const char* name, CGSize size = {}) const {
-    return call<"getImage:size:", NSImage>(theme_, string(name), size);
+    return call<"getImage:size:", NSImage>(theme(), string(name), size);
   }
-  [[nodiscard]] NSImage flipped(NSImage of) const { return call<"flipImageVertically:", NSImage>(theme_, of); }
-  [[nodiscard]] NSUInteger cached() const { return call<"imageCache", NSDictionary>(theme_).count(); }
+  [[nodiscard]] NSImage flipped(NSImage of) const { return call<"flipImageVertically:", NSImage>(theme(), of); }
+  [[nodiscard]] NSUInteger cached() const { return call<"imageCache", NSDictionary>(theme()).count(); }
 
-  AutoreleasePool pool_;
   std::string resources_;
-  NSObject theme_;
-  std::unique_ptr<host::Application> application_;
 };
 
 TEST_F(ThemeImages, KeepMirroredPointersByTheirNames) {
@@ -94,7 +84,7 @@ TEST_F(ThemeImages, KeepMirroredPointersByTheirNames) {
   EXPECT_EQ(cached(), 1U);
   EXPECT_EQ(image("mixer_panner_pointer_a", {60, 80}), pointer) << "the size is no part of the key";
   EXPECT_NE(image("mixer_panner_pointer_b"), pointer);
-  const auto cache = call<"imageCache", NSMutableDictionary>(theme_);
+  const auto cache = call<"imageCache", NSMutableDictionary>(theme());
   EXPECT_EQ(cache.objectForKey(string("mixer_panner_pointer_a")), pointer);
   cache.setObject(pointer, string("knob"));
   EXPECT_EQ(image("knob"), pointer) << "whatever stands in the cache is answered";
@@ -238,7 +228,7 @@ TEST_F(ThemeImages, ReadSinglePixels) {
   EXPECT_EQ(read({9, 9, 9, 0}, 0, 0, 0, 32, true)[3], 0);
   const auto made = call<"pixelColorWithRed:green:blue:alpha:", NSColor>(classNamed("Utility"), 0.1, 0.2, 0.4, 0.5);
   EXPECT_TRUE(made.colorSpaceName().isEqualToString(NSCalibratedRGBColorSpace));
-  EXPECT_TRUE(near(support::rgba(made), {26, 51, 102, 50}));
+  EXPECT_TRUE(near(rgba(made), {26, 51, 102, 50}));
 }
 
 TEST_F(ThemeImages, RememberTheNamesOfColourSpaces) {

@@ -10,8 +10,7 @@
 #include "host/mixer/MAScaleNode.h"
 #include "plugin/mixer/LevelMeters.h"
 #include "plugin/theme/ThemeKeys.h"
-#include "tests/support/Colours.h"
-#include "tests/support/Theme.h"
+#include "tests/support/HostTest.h"
 
 namespace {
 
@@ -19,10 +18,7 @@ using namespace cocoa;
 using host::PlugInSlot;
 using host::StripType;
 using host::Track;
-using support::colour;
-using support::Rgba;
-using support::rgba;
-using support::ThemeFile;
+using namespace support;
 
 constexpr host::ComponentCodes kGrouped{0x61756678, 0x64656C79, 0x64656D6F};
 
@@ -51,23 +47,18 @@ Track instrument(PlugInSlot slot) {
   return made;
 }
 
-class Controls : public testing::Test {
+class Controls : public HostTest {
  protected:
   void start(const ThemeFile& theme, std::vector<Track> tracks, host::HostOptions options = {},
              const std::string& reference = {}) {
-    startFrom(support::writeTheme(theme.list(), reference), std::move(tracks), std::move(options));
+    startFrom(writeTheme(theme.list(), reference), std::move(tracks), std::move(options));
   }
   void startFrom(const std::string& theme, std::vector<Track> tracks, host::HostOptions options = {}) {
     host::Song song;
     song.tracks = std::move(tracks);
     for (Track& track : song.tracks) track.name = "Track";
-    application_ = support::start(theme, std::move(song), std::move(options));
-    ASSERT_TRUE(application_);
+    startWith(theme, std::move(song), std::move(options));
     static_cast<void>(application_->draw(host::WindowKind::kMixer));
-  }
-  [[nodiscard]] NSObject strip(std::size_t index) const { return application_->mixer().strips().objectAtIndex(index); }
-  [[nodiscard]] NSObject node(std::size_t track, const char* name) const {
-    return call<"childNodeWithName:", NSObject>(strip(track), string(name));
   }
   /// The colour of the title that the host draws.
   static NSColor titleColour(NSObject button) {
@@ -79,10 +70,8 @@ class Controls : public testing::Test {
     const auto layer = call<"presentationObject", CALayer>(node);
     const auto image = bridged<CGImageRef>(layer.contents());
     if (image == nullptr) return rgba(NSColor());
-    return support::pixel(NSBitmapImageRep::withCGImage(image), std::lround(x), std::lround(y));
+    return pixel(NSBitmapImageRep::withCGImage(image), std::lround(x), std::lround(y));
   }
-  AutoreleasePool pool_;
-  std::unique_ptr<host::Application> application_;
 };
 
 // ---- Titles -------------------------------------------------------------------------------------------
@@ -251,15 +240,9 @@ TEST_F(Controls, TakeTheLooksOfTheGroupOfTheirPlugIn) {
     const auto image = call<"imageForState:", NSImage>(button, part);
     if (!image) return -1L;
     const auto bitmap = NSBitmapImageRep::withCGImage(image.CGImageForProposedRect(nullptr, {}, {}));
-    long red = 0;
-    for (long x = 0; x < bitmap->pixelsWide(); ++x) {
-      for (long y = 0; y < bitmap->pixelsHigh(); ++y) {
-        Rgba pixel = support::pixel(bitmap, x, y);
-        const bool shows = std::exchange(pixel.alpha, 100) > 50;
-        red += shows && support::near(pixel, {250, 0, 0}, 3) ? 1 : 0;
-      }
-    }
-    return red;
+    return static_cast<long>(std::ranges::count_if(pixels(bitmap), [](Rgba shown) {
+      return std::exchange(shown.alpha, 100) > 50 && near(shown, {250, 0, 0}, 3);
+    }));
   };
   EXPECT_GT(redPixels(node(0, "audioPlugIn"), 2), 0);
   EXPECT_EQ(redPixels(node(1, "audioPlugIn"), 2), 0) << "a colour string that is none tints nothing";
@@ -363,14 +346,14 @@ TEST_F(Controls, KeepCapsInsideOfTheRingOnOlderHosts) {
     double inset;
   };
   for (const Case& c : {Case{"10.7.4", 3}, Case{"10.7.5", 0}}) {
-    EXPECT_TRUE(support::inChild([&] {
+    EXPECT_TRUE(inChild([&] {
       start(allColours(), {Track{}}, {.version = c.version});
       const NSObject cap = call<"childrenArray", NSArray>(node(0, "pan")).objectAtIndex(1);
       const auto bitmap =
           NSBitmapImageRep::withBitmapDataPlanes(nullptr, 40, 40, 8, 4, true, false, NSDeviceRGBColorSpace, 0, 0);
       const auto context = NSGraphicsContext::graphicsContextWithBitmapImageRep(bitmap);
       call<"drawCapInRect:inContext:flipped:">(cap, CGRectMake(0, 0, 40, 40), context.CGContext(), BOOL(0));
-      const auto isCap = [&](double x) { return support::pixel(bitmap, std::lround(x), 20).blue == 99; };
+      const auto isCap = [&](double x) { return pixel(bitmap, std::lround(x), 20).blue == 99; };
       return isCap(c.inset + 1) && (c.inset == 0 || !isCap(c.inset - 1));
     })) << c.version;
   }
@@ -460,7 +443,7 @@ TEST_F(Controls, GiveTheMetersOfEachKindOfStripTheirColours) {
                          {"master", StripType::kMaster, false},
                          {"folder", StripType::kAudio, true}};
   for (std::size_t style = 0; style < std::size(kKinds); ++style) {
-    EXPECT_TRUE(support::inChild([&] {
+    EXPECT_TRUE(inChild([&] {
       std::vector<Track> tracks;
       for (const Kind& kind : kKinds) {
         Track& track = tracks.emplace_back();
@@ -507,11 +490,11 @@ TEST_F(Controls, DrawMeterTexturesAlongTheirLongerSide) {
   const auto upright = NSBitmapImageRep::withCGImage(texture(71, {6, 200}, 2));
   EXPECT_EQ(upright->pixelsWide(), 12);
   EXPECT_EQ(upright->pixelsHigh(), 400);
-  EXPECT_LT(support::pixel(upright, 6, 399).red, 3) << "the lowest colour at the bottom";
-  EXPECT_EQ(support::pixel(upright, 6, 0), (Rgba{200, 0, 0}));
+  EXPECT_LT(pixel(upright, 6, 399).red, 3) << "the lowest colour at the bottom";
+  EXPECT_EQ(pixel(upright, 6, 0), (Rgba{200, 0, 0}));
   const auto lying = NSBitmapImageRep::withCGImage(texture(71, {200, 6}, 1));
-  EXPECT_LT(support::pixel(lying, 0, 3).red, 3);
-  EXPECT_EQ(support::pixel(lying, 199, 3), (Rgba{200, 0, 0}));
+  EXPECT_LT(pixel(lying, 0, 3).red, 3);
+  EXPECT_EQ(pixel(lying, 199, 3), (Rgba{200, 0, 0}));
   EXPECT_EQ(texture(71, {6, 200}, 2), texture(71, {6, 200}, 2)) << "made once";
   EXPECT_EQ(texture(21, {6, 200}, 2), texture(1, {6, 200}, 2)) << "a kind without colours shows the host's";
   EXPECT_EQ(texture(75, {6, 200}, 2), nullptr) << "as the host does for its own fifth, which it does not have";
@@ -520,8 +503,8 @@ TEST_F(Controls, DrawMeterTexturesAlongTheirLongerSide) {
       NSBitmapImageRep::withCGImage(call<"backgroundTextureNamed:withSize:constentScale:", CGImageRef>(
           asObject(classNamed("MALevelNodeBackgroundTextureCache")), NSInteger(1), CGSize{6, 20}, 2.0));
   EXPECT_EQ(background->pixelsHigh(), 40);
-  EXPECT_EQ(support::pixel(background, 6, 20), (Rgba{9, 8, 7}));
-  EXPECT_LT(support::pixel(background, 0, 0).alpha, 30) << "the corners are round";
+  EXPECT_EQ(pixel(background, 6, 20), (Rgba{9, 8, 7}));
+  EXPECT_LT(pixel(background, 0, 0).alpha, 30) << "the corners are round";
 }
 
 TEST_F(Controls, TakeMissingMeterColoursFromTheReferenceTheme) {
@@ -534,7 +517,7 @@ TEST_F(Controls, TakeMissingMeterColoursFromTheReferenceTheme) {
                         {"sRGBColor:{255, 0", false},
                         {"srgbcolor:{255, 0, 0}", false},
                         {"red", false}}) {
-    EXPECT_EQ(support::inChild([&] {
+    EXPECT_EQ(inChild([&] {
                 start(meterTheme("audio", 4), {Track{}}, {}, ThemeFile().text("levelMeterColor4?audio", c.text).list());
                 return call<"mixerLevelType", NSInteger>(node(0, "level")) > 10;
               }),
@@ -567,8 +550,6 @@ TEST_F(Controls, ColourGainReductionByStateAndSelection) {
 }
 
 // ---- Scales, displays, glyphs -------------------------------------------------------------------------
-
-Rgba rgba(CGColorRef colour) { return ::support::rgba(NSColor::colorWithCGColor(colour)); }
 
 TEST_F(Controls, ColourTheTicksAndNumbersOfScales) {
   start(allColours(), {Track{}}, {.version = "11.1.2"});
@@ -603,18 +584,14 @@ TEST_F(Controls, RecolourScalesThatArePictures) {
     const auto image = bridged<CGImageRef>(call<"contents", NSObject>(node(track, name)));
     const auto bitmap = NSBitmapImageRep::withCGImage(image);
     std::vector<Rgba> found;
-    for (long x = 0; x < bitmap->pixelsWide(); ++x) {
-      for (long y = 0; y < bitmap->pixelsHigh(); ++y) {
-        Rgba pixel = support::pixel(bitmap, x, y);
-        if (pixel.alpha <= 60) continue;  // the edge of a digit
-        pixel.alpha = 100;
-        if (std::ranges::find(found, pixel) == found.end()) found.push_back(pixel);
-      }
+    for (Rgba shown : pixels(bitmap)) {
+      if (std::exchange(shown.alpha, 100) <= 60) continue;  // the edge of a digit
+      if (std::ranges::find(found, shown) == found.end()) found.push_back(shown);
     }
     return found;
   };
   const auto contains = [](const std::vector<Rgba>& found, const char* key) {
-    return std::ranges::any_of(found, [&](const Rgba& c) { return support::near(c, colourOf(key), 2); });
+    return std::ranges::any_of(found, [&](const Rgba& c) { return near(c, colourOf(key), 2); });
   };
   EXPECT_TRUE(contains(colours(0, "volumeScale"), "scale0DBTickMarkColor"));
   EXPECT_TRUE(contains(colours(0, "volumeScale"), "scaleTickMarkColor"));
@@ -631,7 +608,7 @@ TEST_F(Controls, ColourDisplaysByWhatTheyShow) {
   tracks[3].group = "1: Drums";
   start(allColours(), {tracks[0], tracks[1], tracks[2], tracks[3]});
   const auto text = [&](std::size_t track, const char* name) {
-    return support::rgba(call<"textColor", NSColor>(node(track, name)));
+    return rgba(call<"textColor", NSColor>(node(track, name)));
   };
   EXPECT_EQ(text(0, "peak"), colourOf("normalPeakLevelTitleColor"));
   EXPECT_EQ(text(1, "peak"), colourOf("warningPeakLevelTitleColor"));
@@ -656,12 +633,9 @@ TEST_F(Controls, DrawTheTitleOfAnEmptyEqualizer) {
     const auto context = NSGraphicsContext::graphicsContextWithBitmapImageRep(bitmap);
     call<"drawTitleInRect:inContext:">(thumbnail, CGRectMake(0, 0, 60, 40), context.CGContext());
     long count = 0;
-    for (long x = 0; x < 60; ++x) {
-      for (long y = 0; y < 40; ++y) {
-        const Rgba pixel = support::pixel(bitmap, x, y);
-        EXPECT_TRUE(pixel.alpha < 100 || support::near(pixel, colourOf("emptyEQLabelColor"), 2));
-        count += pixel.alpha > 0 ? 1 : 0;
-      }
+    for (const Rgba& shown : pixels(bitmap)) {
+      EXPECT_TRUE(shown.alpha < 100 || near(shown, colourOf("emptyEQLabelColor"), 2));
+      count += shown.alpha > 0 ? 1 : 0;
     }
     return count;
   };
@@ -678,7 +652,7 @@ TEST_F(Controls, ColourGlyphsByNameAndState) {
   start(allColours({"SoloBlinkOnGlyphSymbolColor"}), {Track{}, on, blinking});
   const auto glyph = [&](std::size_t track, const char* name) {
     const auto symbol = call<"symbol", NSAttributedString>(node(track, name));
-    return support::rgba(cast<NSColor>(symbol.attribute(NSForegroundColorAttributeName, 0, nullptr)));
+    return rgba(cast<NSColor>(symbol.attribute(NSForegroundColorAttributeName, 0, nullptr)));
   };
   struct Case {
     const char* name;

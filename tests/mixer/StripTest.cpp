@@ -12,20 +12,14 @@
 #include "host/mixer/MANode.h"
 #include "host/mixer/MATextNode.h"
 #include "host/mixer/MixerData.h"
-#include "tests/support/Colours.h"
-#include "tests/support/Theme.h"
+#include "tests/support/HostTest.h"
 
 namespace {
 
 using namespace cocoa;
 using host::StripType;
 using host::Track;
-using support::colour;
-using support::patternPixel;
-using support::patternSize;
-using support::Rgba;
-using support::rgba;
-using support::ThemeFile;
+using namespace support;
 
 constexpr Rgba kTrackColour{200, 100, 50};
 const Rgba kHostStrip{62, 63, 66};
@@ -41,27 +35,19 @@ Track track(StripType type, bool folder = false) {
 }
 
 /// A host that shows one strip of each kind: audio, folder, aux, bus, instrument, and one of an unnamed kind.
-class Strips : public testing::Test {
+class Strips : public HostTest {
  protected:
   enum Index : NSUInteger { kAudio, kFolder, kAux, kBus, kInstrument, kOther };
 
   void start(const ThemeFile& theme, const std::string& reference = {}, host::HostOptions options = {}) {
-    host::Song song =
-        support::songOf({track(StripType::kAudio), track(StripType::kAudio, true), track(StripType::kAux),
-                         track(StripType::kBus), track(StripType::kInstrument), track(StripType::kOther)});
-    application_ = support::start(support::writeTheme(theme.list(), reference), std::move(song), std::move(options));
-    ASSERT_TRUE(application_);
+    host::Song song = songOf({track(StripType::kAudio), track(StripType::kAudio, true), track(StripType::kAux),
+                              track(StripType::kBus), track(StripType::kInstrument), track(StripType::kOther)});
+    startWith(writeTheme(theme.list(), reference), std::move(song), std::move(options));
   }
-  [[nodiscard]] NSObject strip(NSUInteger index) const { return application_->mixer().strips().objectAtIndex(index); }
   [[nodiscard]] NSColor background(NSUInteger index) const { return call<"backgroundColor", NSColor>(strip(index)); }
   [[nodiscard]] NSColor highlighted(NSUInteger index) const {
     return call<"highlightedBackgroundColor", NSColor>(strip(index));
   }
-  [[nodiscard]] NSObject section(NSUInteger index, const char* name) const {
-    return call<"childNodeWithName:", NSObject>(strip(index), string(name));
-  }
-  AutoreleasePool pool_;
-  std::unique_ptr<host::Application> application_;
 };
 
 TEST_F(Strips, TakeTheColoursOfTheirKind) {
@@ -110,8 +96,8 @@ TEST_F(Strips, LayTheTrackColourOverTheThemesGradient) {
             .text("mixerStripBGGradient", "LinearGradient:{{0,0,0,100},{0,0,0,100},V}")
             .text("mixerStripHighlightBGGradient", "LinearGradient:{{100,100,100,100},{100,100,100,100},V}")
             .text("UseTrackColorGradient_Mixer", "AutoGradient:{10,-10,V}"));
-  EXPECT_TRUE(support::near(patternPixel(background(kAudio), 3, 100), {100, 50, 25}));
-  EXPECT_TRUE(support::near(patternPixel(highlighted(kAudio), 3, 100), kTrackColour));
+  EXPECT_TRUE(near(patternPixel(background(kAudio), 3, 100), {100, 50, 25}));
+  EXPECT_TRUE(near(patternPixel(highlighted(kAudio), 3, 100), kTrackColour));
 }
 
 TEST_F(Strips, ShadeTheTrackColourWhereThereIsNoStripGradient) {
@@ -122,13 +108,13 @@ TEST_F(Strips, ShadeTheTrackColourWhereThereIsNoStripGradient) {
   const NSColor pattern = background(kAudio);
   const auto height = static_cast<long>(patternSize(pattern).height);
   EXPECT_EQ(patternSize(pattern).width, 8);
-  EXPECT_TRUE(support::near(patternPixel(pattern, 0, 0), {251, 125, 63, 50}, 2)) << patternPixel(pattern, 0, 0);
-  EXPECT_TRUE(support::near(patternPixel(pattern, 0, height - 1), {149, 75, 37, 50}, 2));
+  EXPECT_TRUE(near(patternPixel(pattern, 0, 0), {251, 125, 63, 50}, 2)) << patternPixel(pattern, 0, 0);
+  EXPECT_TRUE(near(patternPixel(pattern, 0, height - 1), {149, 75, 37, 50}, 2));
 }
 
 TEST_F(Strips, ShowNoTrackColourThatTheNameFieldDoesNotShow) {
   start(ThemeFile().flag("useTrackColorAsStripBackground", true));
-  const NSObject name = section(kAudio, "name");
+  const NSObject name = node(kAudio, "name");
   struct Case {
     const char* what;
     NSColor behindTheName;
@@ -188,14 +174,11 @@ TEST_F(Strips, PutTheMixersBackgroundBehindThem) {
            .text("stripBackgroundColor", colour(0, 0, 102)),
        {0, 0, 153}},
   };
-  for (const Case& c : kCases) {
-    EXPECT_TRUE(support::inChild([&] {
-      start(c.theme);
-      const auto shown = rgba(call<"backgroundColor", NSColor>(application_->mixer().contentsView()));
-      EXPECT_EQ(shown, c.expected) << c.what;
-      return true;
-    })) << c.what;
-  }
+  eachInChild(kCases, [&](const Case& c) {
+    start(c.theme);
+    const auto shown = rgba(call<"backgroundColor", NSColor>(application_->mixer().contentsView()));
+    EXPECT_EQ(shown, c.expected) << c.what;
+  });
 }
 
 TEST_F(Strips, LeaveAViewAloneThatTakesNoBackground) {
@@ -255,19 +238,16 @@ TEST_F(Strips, DrawEmptySlotsAndKnobs) {
        {10, 120, 30},
        clear},
   };
-  for (const Case& c : kCases) {
-    EXPECT_TRUE(support::inChild([&] {
-      start(c.theme);
-      call<"setHighlightState:">(strip(kAudio), NSInteger(c.selected));
-      const Ref<NSBitmapImageRep> bitmap = drawnFrame(strip(kAudio), c.knob);
-      EXPECT_TRUE(support::near(support::pixel(bitmap, 20, 10), c.middle)) << support::pixel(bitmap, 20, 10);
-      const Rgba corner = support::pixel(bitmap, 4, 16);
-      EXPECT_EQ(corner.alpha > 50, c.nearCorner.alpha > 50) << corner;
-      const Rgba edge = support::pixel(bitmap, 20, 1);  // half of the edge line lies outside of the rectangle
-      EXPECT_TRUE(edge.alpha == 2 || edge.alpha == 3) << edge;
-      return true;
-    })) << c.what;
-  }
+  eachInChild(kCases, [&](const Case& c) {
+    start(c.theme);
+    call<"setHighlightState:">(strip(kAudio), NSInteger(c.selected));
+    const Ref<NSBitmapImageRep> bitmap = drawnFrame(strip(kAudio), c.knob);
+    EXPECT_TRUE(near(pixel(bitmap, 20, 10), c.middle)) << pixel(bitmap, 20, 10);
+    const Rgba corner = pixel(bitmap, 4, 16);
+    EXPECT_EQ(corner.alpha > 50, c.nearCorner.alpha > 50) << corner;
+    const Rgba edge = pixel(bitmap, 20, 1);  // half of the edge line lies outside of the rectangle
+    EXPECT_TRUE(edge.alpha == 2 || edge.alpha == 3) << edge;
+  });
 }
 
 CGImageRef titleImage(NSObject strip, const char* title, CGSize size, double scale) {
@@ -289,7 +269,7 @@ TEST_F(Strips, DrawTitlesOfEmptySlotsOncePerTitleAndSize) {
   long red = 0;
   for (long x = 0; x < 60; ++x) {
     for (long y = 0; y < 18; ++y) {
-      const Rgba p = support::pixel(bitmap, x, y);
+      const Rgba p = pixel(bitmap, x, y);
       red += p.alpha > 20 && p.red > 240 && p.green < 15 ? 1 : 0;
     }
   }
@@ -300,7 +280,7 @@ TEST_F(Strips, DrawTitlesOfEmptySlotsOncePerTitleAndSize) {
   long bottom = 0;
   for (long x = 0; x < 60; ++x) {
     for (long y = 0; y < 18; ++y) {
-      if (support::pixel(bitmap, x, y).alpha < 20) continue;
+      if (pixel(bitmap, x, y).alpha < 20) continue;
       left = std::min(left, x);
       right = std::max(right, x);
       top = std::min(top, y);
@@ -325,7 +305,7 @@ TEST_F(Strips, ColourTheirTexts) {
             .text("pannerTitleColor", colour(4, 0, 0))
             .text("pannerTitleHighlightColor", colour(5, 0, 0)));
   const auto textColour = [&](NSObject text) { return rgba(call<"foregroundColor", NSColor>(text)); };
-  const NSObject pan = section(kAudio, "pan");
+  const NSObject pan = node(kAudio, "pan");
   const Ref<NSObject> readout = host::makeNode("MATextNode", "panner readout", {});
   call<"addChild:">(pan, readout.get());
   const Ref<NSObject> other = host::makeNode("MATextNode", "libraryIndicator", {});
@@ -336,9 +316,9 @@ TEST_F(Strips, ColourTheirTexts) {
   };
   const Rgba hostText = textColour(other.get());
   const Rgba hostLabel{150, 152, 158};
-  const Case kCases[] = {{section(kAudio, "name"), {1, 0, 0}, {2, 0, 0}},
-                         {section(kAudio, "number"), {1, 0, 0}, {2, 0, 0}},
-                         {section(kAudio, "label"), {3, 0, 0}, hostLabel},
+  const Case kCases[] = {{node(kAudio, "name"), {1, 0, 0}, {2, 0, 0}},
+                         {node(kAudio, "number"), {1, 0, 0}, {2, 0, 0}},
+                         {node(kAudio, "label"), {3, 0, 0}, hostLabel},
                          {readout.get(), {4, 0, 0}, {5, 0, 0}},
                          {other.get(), hostText, hostText}};
   for (const Case& c : kCases) EXPECT_EQ(textColour(c.text), c.plain) << toStdString(c.text.description());
@@ -379,26 +359,23 @@ TEST_F(Strips, ShowThroughBehindTextsThatHaveNoColourOfTheirOwn) {
        {10, 20, 30},
        {40, 50, 60}},
   };
-  for (const Case& c : kCases) {
-    EXPECT_TRUE(support::inChild([&] {
-      start(c.theme);
-      const NSObject number = section(kAudio, "number");
-      const NSObject name = section(kAudio, "name");
-      const auto behind = [](NSObject text) { return rgba(call<"backgroundColor", NSColor>(text)); };
-      EXPECT_EQ(behind(number), c.plain);
-      EXPECT_EQ(behind(name), kTrackColour) << "a colour of its own stays";
-      call<"setHighlightState:">(strip(kAudio), NSInteger(1));
-      EXPECT_EQ(behind(number), c.selected);
-      return true;
-    })) << c.what;
-  }
+  eachInChild(kCases, [&](const Case& c) {
+    start(c.theme);
+    const NSObject number = node(kAudio, "number");
+    const NSObject name = node(kAudio, "name");
+    const auto behind = [](NSObject text) { return rgba(call<"backgroundColor", NSColor>(text)); };
+    EXPECT_EQ(behind(number), c.plain);
+    EXPECT_EQ(behind(name), kTrackColour) << "a colour of its own stays";
+    call<"setHighlightState:">(strip(kAudio), NSInteger(1));
+    EXPECT_EQ(behind(number), c.selected);
+  });
 }
 
 TEST_F(Strips, AreRedrawnWhenTheirNameChangesColour) {
   start(ThemeFile().flag("useTrackColorAsStripBackground", true));
   const auto redrawn = [&](const char* text, NSColor behind) {
     call<"setNeedsDisplay:">(strip(kAudio), BOOL(0));
-    call<"setBackgroundColor:">(section(kAudio, text), behind);
+    call<"setBackgroundColor:">(node(kAudio, text), behind);
     return call<"needsDisplay", BOOL>(strip(kAudio)) != 0;
   };
   const NSColor red = NSColor::colorWithSRGBRed(1, 0, 0, 1);
@@ -413,11 +390,11 @@ TEST_F(Strips, StayThemedWhenTheInstallerIsSentAgain) {
   start(ThemeFile().text("stripBackgroundColor", colour(10, 11, 12)).text("nameAndNumberTitleColor", colour(1, 2, 3)));
   for (const char* name : {"MAStripNode", "MATextNode", "NSColor"}) call<"addSwizzleMethod">(classNamed(name));
   EXPECT_EQ(rgba(background(kAudio)), (Rgba{10, 11, 12}));
-  EXPECT_EQ(rgba(call<"foregroundColor", NSColor>(section(kAudio, "name"))), (Rgba{1, 2, 3}));
+  EXPECT_EQ(rgba(call<"foregroundColor", NSColor>(node(kAudio, "name"))), (Rgba{1, 2, 3}));
 }
 
 TEST_F(Strips, OfTheDefaultThemeHaveNoOverride) {
-  application_ = support::start("default", support::sampleSong());
+  startWith("default", sampleSong());
   const Method host = class_getInstanceMethod(classNamed("MAStripNode"), selector<"backgroundColor">());
   const Method custom = class_getInstanceMethod(classNamed("MAStripNode"), selector<"customBackgroundColor">());
   ASSERT_NE(custom, nullptr) << "the category is attached";
@@ -434,7 +411,7 @@ TEST_F(Strips, ColourTheTitlesOfTheHostsWindowsAndItsCatalogue) {
     const Ref<NSBitmapImageRep> bitmap = application_->draw(kind);
     long coloured = 0;
     for (long x = 0; x < bitmap->pixelsWide(); ++x) {
-      for (long y = 0; y < 28; ++y) coloured += support::near(support::pixel(bitmap, x, y), {250, 10, 20}, 3) ? 1 : 0;
+      for (long y = 0; y < 28; ++y) coloured += near(pixel(bitmap, x, y), {250, 10, 20}, 3) ? 1 : 0;
     }
     EXPECT_GT(coloured, 10) << "the title is drawn in the theme's colour";
   }
@@ -453,7 +430,7 @@ TEST_F(Strips, AnswerTheHelpersOfTheirCategory) {
   const auto found = [&](const char* name) {
     return call<"getNodeWithName:name:", NSObject>(strip(kAudio), children, string(name));
   };
-  EXPECT_EQ(found("pan"), section(kAudio, "pan"));
+  EXPECT_EQ(found("pan"), node(kAudio, "pan"));
   EXPECT_FALSE(found("Pan"));
   const auto text = send<NSObject>(classNamed("NSMutableString"), selector<"string">());
   NSObject parent = strip(kAudio);
@@ -476,9 +453,9 @@ TEST_F(SwitchFileStrips, DumpsTwelveLayoutsOfStrips) {
   namespace fs = std::filesystem;
   constexpr const char* kSwitch = "/tmp/vlr_dump_strip_nodes";
   constexpr const char* kDump = "/tmp/vlr_strip_nodes_dump.txt";
-  const std::string victim = support::writeTheme("") + "/victim";
-  support::writeFile(victim, "untouched");
-  support::writeFile(kSwitch, "");
+  const std::string victim = writeTheme("") + "/victim";
+  writeFile(victim, "untouched");
+  writeFile(kSwitch, "");
   fs::remove(kDump);
   fs::create_symlink(victim, kDump);
   host::Song song;
@@ -489,9 +466,9 @@ TEST_F(SwitchFileStrips, DumpsTwelveLayoutsOfStrips) {
     made.notes = i >= 15 ? "notes" : "";
     song.tracks.push_back(made);
   }
-  application_ = support::start(support::writeTheme(ThemeFile().flag("x", true).list()), std::move(song));
+  startWith(writeTheme(ThemeFile().flag("x", true).list()), std::move(song));
   fs::remove(kSwitch);
-  const std::string dump = support::fileContents(kDump);
+  const std::string dump = fileContents(kDump);
   fs::remove(kDump);
   std::size_t sections = 0;
   for (std::size_t at = dump.find("==== strip '"); at != std::string::npos; at = dump.find("==== strip '", at + 1)) {
@@ -502,34 +479,33 @@ TEST_F(SwitchFileStrips, DumpsTwelveLayoutsOfStrips) {
   EXPECT_NE(dump.find(" parent=MANode ====\nMAStripNode 'strip' frame={{"), std::string::npos);
   EXPECT_NE(dump.find("\n  MAFaderNode 'volumeFader' frame={{20, 98}, {26, 146}}\n    MAImageNode 'fader knob'"),
             std::string::npos);
-  EXPECT_EQ(support::fileContents(victim), "untouched") << "a link is replaced, not followed";
+  EXPECT_EQ(fileContents(victim), "untouched") << "a link is replaced, not followed";
 }
 
 TEST_F(SwitchFileStrips, DumpsIntoApplicationSupportWhereTheTemporaryFolderRefuses) {
   namespace fs = std::filesystem;
   constexpr const char* kSwitch = "/tmp/vlr_dump_strip_nodes";
   constexpr const char* kDump = "/tmp/vlr_strip_nodes_dump.txt";
-  support::writeFile(kSwitch, "");
+  writeFile(kSwitch, "");
   fs::remove(kDump);
   fs::create_directories(std::string(kDump) + "/in the way");
-  application_ = support::start(support::writeTheme(ThemeFile().flag("x", true).list()),
-                                support::songOf({track(StripType::kAudio)}));
+  startWith(writeTheme(ThemeFile().flag("x", true).list()), songOf({track(StripType::kAudio)}));
   fs::remove(kSwitch);
   fs::remove_all(kDump);
   const NSArray paths(NSSearchPathForDirectoriesInDomains(NSApplicationSupportDirectory, NSUserDomainMask, BOOL(1)));
   const std::string folder = toStdString(cast<NSString>(paths.objectAtIndex(0)));
-  EXPECT_TRUE(support::fileContents(folder + "/Velura/strip-nodes-dump.txt").starts_with("==== strip 'strip'"));
+  EXPECT_TRUE(fileContents(folder + "/Velura/strip-nodes-dump.txt").starts_with("==== strip 'strip'"));
 }
 
 TEST_F(SwitchFileStrips, TurnsGradientsOff) {
   constexpr const char* kSwitch = "/tmp/vlr_gradients_off";
-  support::writeFile(kSwitch, "");
+  writeFile(kSwitch, "");
   start(ThemeFile()
             .text("stripBackgroundColor", colour(10, 20, 30))
             .text("mixerBackgroundColor", colour(9, 8, 7))
             .text("mixerStripBGGradient", "LinearGradient:{{1,1,1,100},{2,2,2,100},V}"));
   EXPECT_EQ(rgba(background(kAudio)), (Rgba{10, 20, 30}));
-  EXPECT_EQ(rgba(call<"backgroundColor", NSColor>(section(kAudio, "number"))), (Rgba{10, 20, 30}));
+  EXPECT_EQ(rgba(call<"backgroundColor", NSColor>(node(kAudio, "number"))), (Rgba{10, 20, 30}));
   EXPECT_EQ(
       rgba(call<"vlrMixerBackgroundColor", NSColor>(call<"sharedInstance", NSObject>(classNamed("ThemeUtility")))),
       (Rgba{9, 8, 7}));

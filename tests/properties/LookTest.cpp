@@ -12,17 +12,17 @@
 
 namespace {
 
-using support::ThemeFile;
+using namespace support;
 
 constexpr const char* kSong = VELURA_SOURCE_DIR "/songs/night-drive.json";
 
 /// Renders with the command line and returns the picture's bytes.
 std::string rendered(const std::string& theme, int scale, const std::string& window = "mixer") {
   const std::string out = session::privateFolder() + "/picture.png";
-  const auto result = support::run(std::string(VELURA_COMMAND) + " render --theme " + theme + " --song " + kSong +
-                                   " --window " + window + " --scale " + std::to_string(scale) + " --out " + out);
+  const auto result = run(std::string(VELURA_COMMAND) + " render --theme " + theme + " --song " + kSong + " --window " +
+                          window + " --scale " + std::to_string(scale) + " --out " + out);
   EXPECT_EQ(result.status, 0) << result.output;
-  return support::fileContents(out);
+  return fileContents(out);
 }
 
 std::string sample(const std::string& name) { return std::string(VELURA_SOURCE_DIR "/themes/") + name; }
@@ -50,22 +50,22 @@ TEST(Look, OfEveryThemeIsTheSameRunAfterRun) {
 
 /// A picture of a small song with the theme file at `settings`, drawn in a process of its own.
 bool drawsLike(const std::string& picture, const std::string& settings) {
-  const std::string theme = support::writeTheme(settings);
-  return support::inChild([&] {
-    auto application = support::start(theme, support::sampleSong());
+  const std::string theme = writeTheme(settings);
+  return inChild([&] {
+    auto application = start(theme, sampleSong());
     return application && session::windowAsPng(*application, host::WindowKind::kMixer) == picture;
   });
 }
 
 std::string pictureOf(const std::string& settings) {
-  const std::string theme = settings.empty() ? std::string() : support::writeTheme(settings);
+  const std::string theme = settings.empty() ? std::string() : writeTheme(settings);
   const std::string out = session::privateFolder() + "/expected.png";
-  EXPECT_TRUE(support::inChild([&] {
-    auto application = support::start(theme, support::sampleSong());
-    support::writeFile(out, application ? session::windowAsPng(*application, host::WindowKind::kMixer) : "");
+  EXPECT_TRUE(inChild([&] {
+    auto application = start(theme, sampleSong());
+    writeFile(out, application ? session::windowAsPng(*application, host::WindowKind::kMixer) : "");
     return application != nullptr;
   }));
-  return support::fileContents(out);
+  return fileContents(out);
 }
 
 std::string nested(const char* open, const char* close, std::size_t depth) {
@@ -78,7 +78,7 @@ std::string nested(const char* open, const char* close, std::size_t depth) {
 TEST(HostileThemes, LeaveTheHostsLook) {
   const std::string host = pictureOf("");
   ASSERT_FALSE(host.empty());
-  const std::string good = ThemeFile().text("stripBackgroundColor", support::colour(200, 0, 0)).list();
+  const std::string good = ThemeFile().text("stripBackgroundColor", colour(200, 0, 0)).list();
   struct Case {
     const char* what;
     std::string settings;
@@ -101,8 +101,8 @@ TEST(HostileThemes, LeaveTheHostsLook) {
 
 TEST(HostileThemes, ApplyTheRest) {
   const ThemeFile good = ThemeFile()
-                             .text("stripBackgroundColor", support::colour(20, 60, 90))
-                             .text("stripHighlightBackgroundColor", support::colour(90, 60, 20));
+                             .text("stripBackgroundColor", colour(20, 60, 90))
+                             .text("stripHighlightBackgroundColor", colour(90, 60, 20));
   const std::string expected = pictureOf(good.list());
   ThemeFile mixed = good;
   mixed.text("folderStripBackgroundColor", "not a colour")
@@ -129,9 +129,9 @@ TEST(HostileThemes, AreAnErrorForTheCommandLine) {
                          {"garbage", "<<<", "not a property list"},
                          {"an array", "<plist version=\"1.0\"><array/></plist>", "not a dictionary"}};
   for (const Case& c : kCases) {
-    const std::string theme = support::writeTheme(c.settings);
-    const auto result = support::run(std::string(VELURA_COMMAND) + " render --theme " + theme + " --song " + kSong +
-                                     " --out " + session::privateFolder() + "/x.png");
+    const std::string theme = writeTheme(c.settings);
+    const auto result = run(std::string(VELURA_COMMAND) + " render --theme " + theme + " --song " + kSong + " --out " +
+                            session::privateFolder() + "/x.png");
     EXPECT_EQ(result.status, 1) << c.what;
     EXPECT_NE(result.output.find(c.message), std::string::npos) << result.output;
     EXPECT_EQ(std::count(result.output.begin(), result.output.end(), '\n'), 1) << result.output;
@@ -141,17 +141,17 @@ TEST(HostileThemes, AreAnErrorForTheCommandLine) {
 TEST(HostileThemes, MayBeFoldersOrHoldValuesThatDoNotFit) {
   const std::string render = std::string(VELURA_COMMAND) + " render --song " + kSong + " --out " +
                              session::privateFolder() + "/x.png --theme ";
-  const std::string folder = support::writeTheme("");
+  const std::string folder = writeTheme("");
   std::filesystem::remove(folder + "/PluginHelper.plist");
   std::filesystem::create_directory(folder + "/PluginHelper.plist");
-  auto result = support::run(render + folder);
+  auto result = run(render + folder);
   EXPECT_EQ(result.status, 1);
   EXPECT_NE(result.output.find("PluginHelper.plist: not a file"), std::string::npos) << result.output;
-  result = support::run(render + support::writeTheme(ThemeFile()
-                                                         .text("stripBorderColor", "red")
-                                                         .text("mixerStripBevel", "Bevel:{R,2,30}")
-                                                         .integer("mixerStripBGGradient", 3)
-                                                         .list()));
+  result = run(render + writeTheme(ThemeFile()
+                                       .text("stripBorderColor", "red")
+                                       .text("mixerStripBevel", "Bevel:{R,2,30}")
+                                       .integer("mixerStripBGGradient", 3)
+                                       .list()));
   EXPECT_EQ(result.status, 0) << "what fits is applied";
   EXPECT_NE(result.output.find("stripBorderColor: ignored, expected a colour"), std::string::npos) << result.output;
   EXPECT_NE(result.output.find("mixerStripBGGradient: ignored, expected a gradient"), std::string::npos);
@@ -178,7 +178,7 @@ TEST(CommandLine, SaysWhatIsWrong) {
       {"--help", 0, "Exit status"},
   };
   for (const Case& c : kCases) {
-    const auto result = support::run(render + c.arguments);
+    const auto result = run(render + c.arguments);
     EXPECT_EQ(result.status, c.status) << c.arguments << "\n" << result.output;
     EXPECT_NE(result.output.find(c.message), std::string::npos) << result.output;
   }
@@ -187,14 +187,14 @@ TEST(CommandLine, SaysWhatIsWrong) {
 TEST(AbsentKeys, HandOnToTheHost) {
   // A theme is selected and every override installed, but no key that a strip reads is there.
   const std::string host = pictureOf("");
-  EXPECT_TRUE(drawsLike(host, ThemeFile().text("ruler_unrelated", support::colour(1, 2, 3)).list()));
+  EXPECT_TRUE(drawsLike(host, ThemeFile().text("ruler_unrelated", colour(1, 2, 3)).list()));
 }
 
 TEST(Frames, OfTenThousandStripsAreDrawn) {
-  EXPECT_TRUE(support::inChild([] {
+  EXPECT_TRUE(inChild([] {
     host::Song song;
     song.tracks.resize(10'000);
-    auto application = support::start(sample("ember"), std::move(song));
+    auto application = start(sample("ember"), std::move(song));
     return application && !session::windowAsPng(*application, host::WindowKind::kMixer).empty();
   }));
 }
@@ -230,9 +230,9 @@ TEST(Frames, DoNotLeakWhileStripsChange) {
 #else
   constexpr int kFrames = 10'000;
 #endif
-  host::Song song = support::sampleSong();
+  host::Song song = sampleSong();
   song.tracks.resize(6);
-  auto application = support::start(sample("ember"), std::move(song));
+  auto application = start(sample("ember"), std::move(song));
   ASSERT_TRUE(application);
   const NSArray strips = application->mixer().strips();
   long warm = 0;
@@ -270,10 +270,10 @@ TEST(Frames, OfTheArrangeWindowDoNotLeakWithBandsAndGrid) {
 #endif
   constexpr int kWarm = 500;
   const std::string settings = session::privateFolder() + "/grid.plist";
-  support::writeFile(settings,
-                     ThemeFile().flag("enabled", true).flag("markerBandsEnabled", true).integer("colorMode", 2).list());
+  writeFile(settings,
+            ThemeFile().flag("enabled", true).flag("markerBandsEnabled", true).integer("colorMode", 2).list());
   std::string error;
-  host::Song song = support::sampleSong();
+  host::Song song = sampleSong();
   song.tracks.resize(5);
   session::SessionOptions options;
   options.theming = session::Theming::kTheme;

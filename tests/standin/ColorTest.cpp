@@ -9,7 +9,7 @@
 namespace {
 
 using namespace cocoa;
-using support::Canvas;
+using namespace support;
 
 struct Named {
   const char* name;
@@ -17,8 +17,8 @@ struct Named {
 };
 
 std::vector<Named> differentColors() {
-  static const auto image = support::imageOf({"R"});
-  static const auto other = support::imageOf({"R"});
+  static const auto image = imageOf({"R"});
+  static const auto other = imageOf({"R"});
   for (const char* name : {"one", "two"}) {
     standin::registerCatalogueColor("Catalogue", name, NSColor::colorWithSRGBRed(1, 0, 0, 1));
   }
@@ -144,7 +144,7 @@ TEST(Color, PassesThroughCoreGraphics) {
 
 TEST(Pattern, StartsAtTheLowerLeftAndKeepsPointSize) {
   const AutoreleasePool pool;
-  const NSColor pattern = NSColor::colorWithPatternImage(support::imageOf({"RG", "BW"}));
+  const NSColor pattern = NSColor::colorWithPatternImage(imageOf({"RG", "BW"}));
   const Canvas canvas(5, 3);
   canvas.fill(pattern, {{1, 0}, {4, 3}});
   EXPECT_EQ(canvas.art(), ".WBWB\n.GRGR\n.WBWB\n");

@@ -7,9 +7,7 @@
 namespace {
 
 using namespace cocoa;
-using support::Canvas;
-using support::letter;
-using support::RedByte;
+using namespace support;
 
 struct Picture {
   const char* name;
@@ -120,13 +118,13 @@ constexpr Picture kPictures[] = {
      "K.K.\n....\n....\n.KK.\n"},
     {"an image stands upright in its rectangle",
      [](const Canvas& c) {
-       const auto image = support::imageOf({"RG", "B."});
+       const auto image = imageOf({"RG", "B."});
        CGContextDrawImage(c.context(), {{1, 1}, {2, 2}}, image->CGImageForProposedRect(nullptr, {}, {}));
      },
      "....\n.RG.\n.B..\n....\n"},
     {"a part of an image, grown without smoothing",
      [](const Canvas& c) {
-       const auto image = support::imageOf({"RG", "BW"});
+       const auto image = imageOf({"RG", "BW"});
        const auto part = CFRef<CGImageRef>::adopt(
            CGImageCreateWithImageInRect(image->CGImageForProposedRect(nullptr, {}, {}), {{1, 0}, {1, 2}}));
        CGContextSetInterpolationQuality(c.context(), kCGInterpolationNone);
@@ -192,7 +190,7 @@ TEST(Context, BlendsByItsMode) {
 /// The direct fills and the drawing library must give the same bytes; a clip by path forces the library.
 TEST(Context, FillsAlikeDirectlyAndThroughTheLibrary) {
   const AutoreleasePool pool;
-  const auto tile = support::imageOf({"R.G", "BWK"});
+  const auto tile = imageOf({"R.G", "BWK"});
   const auto soft = NSImage::withSize({3, 2});
   soft->lockFocus();
   NSColor::colorWithSRGBRed(0.3, 0.9, 0.2, 0.4).set();

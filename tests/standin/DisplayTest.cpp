@@ -11,7 +11,7 @@
 namespace {
 
 using namespace cocoa;
-using support::letter;
+using namespace support;
 
 /// Paints every point row of its own space in the colour of its number, and notes what it was asked for.
 struct RowsView : ObjectState {
@@ -153,7 +153,7 @@ TEST(NeedsDisplay, IsAPartOfTheViewUntilItIsDrawn) {
   host->contentView().addSubview(hidden);
   host->contentView().addSubview(rowsView({{}, {}}, true));
   const auto draw = [&](NSRect rect) {
-    const support::Canvas canvas(40, 68);
+    const Canvas canvas(40, 68);
     frame.displayRectIgnoringOpacity(rect, NSGraphicsContext::graphicsContextWithCGContext(canvas.context(), false));
   };
   EXPECT_TRUE(host->viewsNeedDisplay());

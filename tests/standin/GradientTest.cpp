@@ -10,8 +10,7 @@
 namespace {
 
 using namespace cocoa;
-using support::Canvas;
-using support::letter;
+using namespace support;
 
 Ref<NSGradient> gradient(std::initializer_list<NSColor> colors, std::initializer_list<double> locations) {
   std::vector<id> objects;
@@ -85,7 +84,7 @@ TEST(Gradient, MixesStraightColoursAndRoundsOnce) {
 TEST(Gradient, RefusesBadArguments) {
   const AutoreleasePool pool;
   const NSColor r = letter('R');
-  const NSColor pattern = NSColor::colorWithPatternImage(support::imageOf({"R"}));
+  const NSColor pattern = NSColor::colorWithPatternImage(imageOf({"R"}));
   EXPECT_FALSE(gradient({}, {}));
   EXPECT_FALSE(gradient({r, pattern}, {0, 1}));
   EXPECT_FALSE(gradient({r, r}, {0, std::numeric_limits<double>::quiet_NaN()}));

@@ -11,8 +11,7 @@
 namespace {
 
 using namespace cocoa;
-using support::Canvas;
-using support::letter;
+using namespace support;
 
 Ref<NSBitmapImageRep> bitmap(NSInteger width, NSInteger height, NSInteger samples = 4, NSUInteger format = 0,
                              NSInteger bits = 8) {
@@ -247,7 +246,7 @@ TEST(Png, SurvivesHostileBytes) {
 
 TEST(Image, ShowsWhatWasDrawnWithTheFocus) {
   const AutoreleasePool pool;
-  const auto image = support::imageOf({"RG", "B."});
+  const auto image = imageOf({"RG", "B."});
   EXPECT_FALSE(NSGraphicsContext::currentContext()) << "the focus is given back";
   EXPECT_EQ(image->representations().count(), 1U);
   const Canvas canvas(4, 4);
@@ -261,7 +260,7 @@ TEST(Image, ShowsWhatWasDrawnWithTheFocus) {
 
 TEST(Image, TakesAPatternBeforeItChanges) {
   const AutoreleasePool pool;
-  const auto image = support::imageOf({"R"});
+  const auto image = imageOf({"R"});
   const NSColor pattern = NSColor::colorWithPatternImage(image);
   const Canvas canvas(2, 1);
   canvas.fill(pattern, {{0, 0}, {1, 1}});

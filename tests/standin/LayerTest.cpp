@@ -8,8 +8,7 @@
 namespace {
 
 using namespace cocoa;
-using support::Canvas;
-using support::letter;
+using namespace support;
 
 CALayer colored(char name, CGRect frame) {
   const CALayer layer = CALayer::layer();
@@ -30,7 +29,7 @@ CALayer turned() {
 
 /// The picture of two points by two for two pixels a point.
 NSImageRep denser() {
-  const auto image = support::imageOf({"GGGG", "BBBB", "GGGG", "BBBB"});
+  const auto image = imageOf({"GGGG", "BBBB", "GGGG", "BBBB"});
   const auto rep = cast<NSImageRep>(image->representations().objectAtIndex(0));
   rep.setSize({2, 2});
   return autoreleased(Ref<NSImageRep>(rep));
@@ -109,23 +108,23 @@ constexpr Composition kCompositions[] = {
        root.setMask(colored('K', {{1, 0}, {2, 3}}));
      },
      "....\n.RR.\n.RR.\n.GG.\n"},
-    {"contents stretch", [](CALayer root) { root.setContents(support::imageOf({"G"})); }, "GGGG\nGGGG\nGGGG\nGGGG\n"},
+    {"contents stretch", [](CALayer root) { root.setContents(imageOf({"G"})); }, "GGGG\nGGGG\nGGGG\nGGGG\n"},
     {"contents at the top right",
      [](CALayer root) {
        root.setContentsGravity(kCAGravityTopRight);
-       root.setContents(support::imageOf({"GB"}));
+       root.setContents(imageOf({"GB"}));
      },
      "RRGB\nRRRR\nRRRR\nRRRR\n"},
     {"contents in the middle, two points a pixel",
      [](CALayer root) {
        root.setContentsGravity(kCAGravityCenter);
        root.setContentsScale(0.5);
-       root.setContents(support::imageOf({"G"}));
+       root.setContents(imageOf({"G"}));
      },
      "RRRR\nRGGR\nRGGR\nRRRR\n"},
     {"contents of several densities: the one for the scale, also when it changes",
      [](CALayer root) {
-       const auto image = support::imageOf({"WW", "WW"});
+       const auto image = imageOf({"WW", "WW"});
        image->addRepresentation(denser());
        root.setContents(image.get());
        const Canvas before(4, 4);

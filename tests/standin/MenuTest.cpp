@@ -8,8 +8,7 @@
 namespace {
 
 using namespace cocoa;
-using support::Canvas;
-using support::letter;
+using namespace support;
 
 Ref<NSPopUpButton> popUp() {
   auto button = makeWith<NSPopUpButton, "initWithFrame:pullsDown:">(CGRectMake(0, 0, 90, 20), BOOL(0));

@@ -12,8 +12,7 @@
 namespace {
 
 using namespace cocoa;
-using support::Canvas;
-using support::letter;
+using namespace support;
 
 /// Answers whatever a test wants, and notes what it was asked for.
 struct Source : ObjectState {

@@ -7,7 +7,7 @@
 namespace {
 
 using namespace cocoa;
-using support::Canvas;
+using namespace support;
 
 NSDictionary look(double size, NSTextAlignment alignment = NSTextAlignmentLeft,
                   NSLineBreakMode mode = NSLineBreakByWordWrapping, double weight = NSFontWeightRegular) {
@@ -16,7 +16,7 @@ NSDictionary look(double size, NSTextAlignment alignment = NSTextAlignmentLeft,
   style->setLineBreakMode(mode);
   const auto attributes = NSMutableDictionary::dictionary();
   attributes.setObject(NSFont::systemFontOfSize(size, weight), NSFontAttributeName);
-  attributes.setObject(support::letter('R'), NSForegroundColorAttributeName);
+  attributes.setObject(letter('R'), NSForegroundColorAttributeName);
   attributes.setObject(style.get(), NSParagraphStyleAttributeName);
   return attributes;
 }
@@ -108,7 +108,7 @@ TEST(Text, DrawsEveryRunInItsColour) {
   const Canvas canvas(100, 60);
   const auto text = Ref<NSMutableAttributedString>::adopt(call<"mutableCopy", NSMutableAttributedString>(
       NSAttributedString::withString(string("HH\xC3\x84\xE2\x99\xABH"), look(20)).get()));
-  text->addAttribute(NSForegroundColorAttributeName, support::letter('B'), {4, 1});
+  text->addAttribute(NSForegroundColorAttributeName, letter('B'), {4, 1});
   text::setAlignment(text, NSTextAlignmentRight, {0, text->length()});
   text::drawInRect(text, {{0, 0}, {100, 60}});
   const std::string art = canvas.art();

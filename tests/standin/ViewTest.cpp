@@ -8,8 +8,7 @@
 namespace {
 
 using namespace cocoa;
-using support::Canvas;
-using support::letter;
+using namespace support;
 
 /// A view with y down that fills its upper left point, and notes where it goes.
 struct FlippedView : ObjectState {
@@ -213,7 +212,7 @@ TEST(Control, ShowsItsCell) {
   EXPECT_EQ(canvas.at(59, 19), 0x00ff00ffU);
   EXPECT_NE(canvas.art().find('-'), std::string::npos) << "red letters on green";
   const auto button = NSButton::withFrame({{0, 0}, {20, 20}});
-  button->setImage(support::imageOf({"B"}));
+  button->setImage(imageOf({"B"}));
   EXPECT_TRUE(button->image());
   EXPECT_EQ(toStdString(button->cell().className()), "NSButtonCell");
 }

@@ -20,11 +20,21 @@ Rgba rgba(NSColor colour) {
 
 Rgba pixel(NSBitmapImageRep bitmap, long x, long y) { return rgba(bitmap.colorAtX(x, y)); }
 
+Rgba rgba(CGColorRef colour) { return rgba(NSColor::colorWithCGColor(colour)); }
+
 Rgba patternPixel(NSColor pattern, long x, long y) {
   if (rgba(pattern).red != -2) return rgba(pattern);
   NSRect whole{{0, 0}, pattern.patternImage().size()};
   const CGImageRef image = pattern.patternImage().CGImageForProposedRect(&whole, NSGraphicsContext(), NSDictionary());
   return pixel(NSBitmapImageRep::withCGImage(image), x, y);
+}
+
+std::vector<Rgba> pixels(NSBitmapImageRep bitmap) {
+  std::vector<Rgba> all;
+  for (long y = 0; y < bitmap.pixelsHigh(); ++y) {
+    for (long x = 0; x < bitmap.pixelsWide(); ++x) all.push_back(pixel(bitmap, x, y));
+  }
+  return all;
 }
 
 CGSize patternSize(NSColor pattern) { return rgba(pattern).red == -2 ? pattern.patternImage().size() : CGSize(); }

@@ -2,6 +2,7 @@
 // Colours as tests compare them.
 
 #include <ostream>
+#include <vector>
 
 #include "cocoa/AppKit.h"
 
@@ -21,6 +22,7 @@ struct Rgba {
 
 /// A component colour; all -1 for nil, all -2 for a pattern.
 Rgba rgba(NSColor colour);
+Rgba rgba(CGColorRef colour);
 
 /// A pixel of a pattern colour's image, counted from its top left.
 Rgba patternPixel(NSColor pattern, long x, long y);
@@ -29,6 +31,9 @@ CGSize patternSize(NSColor pattern);
 
 /// A pixel of a bitmap.
 Rgba pixel(NSBitmapImageRep bitmap, long x, long y);
+
+/// Every pixel, row by row from the top.
+std::vector<Rgba> pixels(NSBitmapImageRep bitmap);
 
 /// Whether every component lies within `tolerance` of the other's.
 bool near(const Rgba& a, const Rgba& b, long tolerance = 1);

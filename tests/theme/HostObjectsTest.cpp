@@ -8,17 +8,15 @@
 #include "plugin/loader/Attach.h"
 #include "plugin/theme/ThemeUtility.h"
 #include "plugin/theme/Utility.h"
-#include "tests/support/Colours.h"
-#include "tests/support/Theme.h"
+#include "tests/support/HostTest.h"
 
 namespace velura {
 namespace {
 
 using namespace cocoa;
-using support::Rgba;
-using support::rgba;
+using namespace support;
 
-class HostObjects : public testing::Test {
+class HostObjects : public HostTest {
  protected:
   void SetUp() override {
     defineVLRStripGradient();
@@ -27,11 +25,10 @@ class HostObjects : public testing::Test {
     defineUtility();
     host::Track folder{.name = "Folder"};
     folder.folder = true;
-    application_ = support::start("", support::songOf({{.name = "Audio"},
-                                                       folder,
-                                                       {.name = "Master", .type = host::StripType::kMaster},
-                                                       {.name = "Other", .type = host::StripType::kOther}}));
-    ASSERT_TRUE(application_);
+    startWith("", songOf({{.name = "Audio"},
+                          folder,
+                          {.name = "Master", .type = host::StripType::kMaster},
+                          {.name = "Other", .type = host::StripType::kOther}}));
     theme_ = &ThemeUtility::shared();
   }
   void setColour(const char* key, NSColor colour) {
@@ -39,11 +36,8 @@ class HostObjects : public testing::Test {
     colours.setObject(colour, string(key));
     theme_->setColorCollection(colours);
   }
-  [[nodiscard]] NSObject strip(NSUInteger index) const { return application_->mixer().strips().objectAtIndex(index); }
   static NSInteger trackType(NSObject node) { return call<"getTrackType:", NSInteger>(classNamed("Utility"), node); }
 
-  AutoreleasePool pool_;
-  std::unique_ptr<host::Application> application_;
   ThemeUtility* theme_ = nullptr;
 };
 

@@ -15,10 +15,7 @@ namespace velura {
 namespace {
 
 using namespace cocoa;
-using support::colour;
-using support::Rgba;
-using support::rgba;
-using support::ThemeFile;
+using namespace support;
 
 class Theme : public testing::Test {
  protected:
@@ -33,9 +30,9 @@ class Theme : public testing::Test {
   /// folder stays the same: a companion bundle is opened once.
   ThemeUtility& load(const std::string& settings, const std::string& reference = {}) {
     if (folder_.empty()) select(reference);
-    support::writeFile(folder_ + "/PluginHelper.plist", settings);
+    writeFile(folder_ + "/PluginHelper.plist", settings);
     const std::string referenceFile = folder_ + "/Companion.bundle/Contents/Resources/PluginHelper.plist";
-    if (!reference.empty()) support::writeFile(referenceFile, reference);
+    if (!reference.empty()) writeFile(referenceFile, reference);
     return make();
   }
   ThemeUtility& load(const ThemeFile& settings, const ThemeFile& reference) {
@@ -52,7 +49,7 @@ class Theme : public testing::Test {
 
  private:
   void select(const std::string& reference) {
-    folder_ = support::writeTheme("", reference);
+    folder_ = writeTheme("", reference);
     session::SessionOptions options;
     options.theming = session::Theming::kTheme;
     options.themeFolder = folder_;

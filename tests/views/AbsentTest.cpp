@@ -42,8 +42,7 @@ extern "C" Method class_getInstanceMethod(Class cls, SEL sel) {
 
 namespace {
 
-using support::OverrideRow;
-using support::overrideTable;
+using namespace support;
 
 /// The classes whose category installs pairs on other classes than itself.
 const std::multimap<std::string, std::string> kInstalledBy{
@@ -69,26 +68,26 @@ bool dependsOn(const OverrideRow& row, const std::string& cls) {
 }
 
 host::Song smallSong() {
-  host::Song song = support::sampleSong();
+  host::Song song = sampleSong();
   song.tracks.resize(3);
   return song;
 }
 
 /// Whether a host of the newest kind, of which something is hidden, has everything else exchanged, and draws.
-bool works(const support::Names& expected) {
-  const support::HostKind kind{"12.3", true};
-  const auto application = support::hostOf(kind);
-  const support::Methods before = support::methodsOfAllClasses();
-  if (!support::load(*application, support::themeOf(kind))) return false;
-  const support::Names exchanged = support::exchangedSince(before);
+bool works(const Names& expected) {
+  const HostKind kind{"12.3", true};
+  const auto application = hostOf(kind);
+  const Methods before = methodsOfAllClasses();
+  if (!load(*application, themeOf(kind))) return false;
+  const Names exchanged = exchangedSince(before);
   EXPECT_THAT(exchanged, testing::ContainerEq(expected));
-  support::operate(*application, smallSong());
+  operate(*application, smallSong());
   return exchanged == expected;
 }
 
 template <class Leaves>
-support::Names everythingBut(Leaves leaves) {
-  support::Names names;
+Names everythingBut(Leaves leaves) {
+  Names names;
   for (const OverrideRow& row : overrideTable()) {
     if (!leaves(row)) names.insert(row.name());
   }
@@ -105,7 +104,7 @@ TEST(Absent, ClassesLeaveTheRestAsItIs) {
     classes.erase(always);
   }
   for (const std::string& cls : classes) {
-    EXPECT_TRUE(support::inChild([&] {
+    EXPECT_TRUE(inChild([&] {
       hiddenClass = cls;
       return works(everythingBut([&](const OverrideRow& row) { return dependsOn(row, cls); }));
     })) << cls;
@@ -114,7 +113,7 @@ TEST(Absent, ClassesLeaveTheRestAsItIs) {
 
 TEST(Absent, MethodsLeaveTheRestAsItIs) {
   for (const OverrideRow& missing : overrideTable()) {
-    EXPECT_TRUE(support::inChild([&] {
+    EXPECT_TRUE(inChild([&] {
       hiddenMethod = &missing;
       return works(everythingBut([&](const OverrideRow& row) { return &row == &missing; }));
     })) << missing.name();

@@ -5,19 +5,14 @@
 #include "cocoa/QuartzCore.h"
 #include "host/panes/KitLists.h"
 #include "host/panes/LoopBrowser.h"
-#include "tests/support/Colours.h"
-#include "tests/support/Theme.h"
+#include "tests/support/HostTest.h"
 #include "tests/views/ViewTree.h"
 
 namespace {
 
 using namespace cocoa;
 using host::WindowKind;
-using support::colour;
-using support::Rgba;
-using support::rgba;
-using support::viewIn;
-using support::viewsBelow;
+using namespace support;
 
 constexpr const char* kKeys[] = {
     "LibrarySoundPacksFilterPopUpTextColor",
@@ -68,23 +63,20 @@ Rgba colourAt(NSAttributedString text, NSUInteger index) {
 Rgba glyph(NSButton button, const char* getter) {
   const auto image = send<NSImage>(button.object, sel_registerName(getter));
   const auto bitmap = cast<NSBitmapImageRep>(image.representations().objectAtIndex(0));
-  for (long i = 0; i < bitmap.pixelsHigh() * bitmap.pixelsWide(); ++i) {
-    const Rgba c = support::pixel(bitmap, i % bitmap.pixelsWide(), i / bitmap.pixelsWide());
-    if (c.alpha == 100) return c;
-  }
-  return {};
+  const auto shown = pixels(bitmap);
+  const auto opaque = std::ranges::find(shown, 100, &Rgba::alpha);
+  return opaque != shown.end() ? *opaque : Rgba{};
 }
 
-class Browsers : public testing::Test {
+class Browsers : public HostTest {
  protected:
   void start(bool themed = true) {
-    support::ThemeFile theme;
+    ThemeFile theme;
     for (const char* key : kKeys) {
       const Rgba c = colourOf(std::string_view(key));
       if (themed) theme.text(key, colour(static_cast<int>(c.red), static_cast<int>(c.green), static_cast<int>(c.blue)));
     }
-    application_ = support::start(support::writeTheme(theme.list()), support::sampleSong());
-    ASSERT_TRUE(application_);
+    startWith(writeTheme(theme.list()), sampleSong());
     for (const auto window : host::kWindowKinds) application_->openWindow(window);
   }
   [[nodiscard]] NSView view(WindowKind window, const char* className) const {
@@ -96,9 +88,6 @@ class Browsers : public testing::Test {
   static NSObject cell(NSView table, NSUInteger column) {
     return call<"dataCell", NSObject>(call<"tableColumns", NSArray>(table).objectAtIndex(column));
   }
-
-  const AutoreleasePool pool_;
-  std::unique_ptr<host::Application> application_;
 };
 
 TEST_F(Browsers, GiveLayersAndListsTheirColours) {
@@ -227,8 +216,8 @@ TEST_F(Browsers, DrawBarsOfTheirKindsInTheThemesColour) {
     const NSView bar = bars[row.index];
     const auto rep = bar.bitmapImageRepForCachingDisplayInRect(bar.bounds());
     bar.cacheDisplayInRect(bar.bounds(), rep);
-    const Rgba drawn = support::pixel(rep, 2, rep.pixelsHigh() / 2);
-    EXPECT_EQ(support::near(drawn, colourOf("LibraryColorHeaderBackground")), row.themed) << row.inside << row.index;
+    const Rgba drawn = pixel(rep, 2, rep.pixelsHigh() / 2);
+    EXPECT_EQ(near(drawn, colourOf("LibraryColorHeaderBackground")), row.themed) << row.inside << row.index;
   }
 }
 

@@ -3,8 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "cocoa/QuartzCore.h"
-#include "tests/support/Colours.h"
-#include "tests/support/Theme.h"
+#include "tests/support/HostTest.h"
 #include "tests/views/ViewTree.h"
 
 namespace {
@@ -12,36 +11,31 @@ namespace {
 using namespace cocoa;
 using host::FaderLength;
 using host::WindowKind;
-using support::colour;
-using support::near;
-using support::pixel;
-using support::Rgba;
-using support::rgba;
+using namespace support;
 
 constexpr Rgba kTick{200, 60, 20};
 constexpr Rgba kNumber{20, 180, 60};
 constexpr Rgba kZero{40, 80, 240};
 
-support::ThemeFile scaleTheme() {
-  return support::ThemeFile()
+ThemeFile scaleTheme() {
+  return ThemeFile()
       .text("scaleTickMarkColor", colour(200, 60, 20))
       .text("scaleNumberColor", colour(20, 180, 60))
       .text("scale0DBTickMarkColor", colour(40, 80, 240));
 }
 
-class Legend : public testing::Test {
+class Legend : public HostTest {
  protected:
   void start(const std::string& theme, FaderLength faders = FaderLength::kShort) {
-    host::Song song = support::sampleSong();
+    host::Song song = sampleSong();
     song.tracks.resize(3);
     song.legend = true;
     song.faderLength = faders;
     host::HostOptions newest;
     newest.version = "12.3";
-    application_ = support::start(theme, std::move(song), newest);
-    ASSERT_TRUE(application_);
+    startWith(theme, std::move(song), newest);
   }
-  [[nodiscard]] NSView legend() const { return support::viewIn(*application_, WindowKind::kMixer, "MixerLegendView"); }
+  [[nodiscard]] NSView legend() const { return viewIn(*application_, WindowKind::kMixer, "MixerLegendView"); }
   [[nodiscard]] NSObject item(NSString identifier) const {
     const auto contents = application_->mixer().contentsView();
     return call<"legendItemForIdentifier:", NSObject>(call<"delegate", NSObject>(contents), identifier);
@@ -49,9 +43,6 @@ class Legend : public testing::Test {
   [[nodiscard]] NSImage scale() const {
     return call<"image", NSImage>(item(literal<"MAMixerLegendVolumeScaleItem">()));
   }
-
-  const AutoreleasePool pool_;
-  std::unique_ptr<host::Application> application_;
 };
 
 NSBitmapImageRep bitmapOf(NSImage image) { return cast<NSBitmapImageRep>(image.representations().objectAtIndex(0)); }
@@ -78,7 +69,7 @@ Seen seenIn(NSBitmapImageRep bitmap, long fromX, long toX) {
 }
 
 TEST_F(Legend, RecoloursItsScaleOnceForEachSize) {
-  start(support::writeTheme(scaleTheme().list()));
+  start(writeTheme(scaleTheme().list()));
   const NSImage image = scale();
   EXPECT_EQ(image.size(), (CGSize{134, 398}));
   EXPECT_EQ(scale(), image) << "the second item shows the picture of the first";
@@ -90,13 +81,13 @@ TEST_F(Legend, RecoloursItsScaleOnceForEachSize) {
 }
 
 TEST_F(Legend, FindsTheMarkOfZeroDecibelsBesideLongFaders) {
-  start(support::writeTheme(scaleTheme().list()), FaderLength::kLong);
+  start(writeTheme(scaleTheme().list()), FaderLength::kLong);
   EXPECT_EQ(scale().size(), (CGSize{134, 598}));
   EXPECT_TRUE(seenIn(bitmapOf(scale()), 134 - 23, 134).zero);
 }
 
 TEST_F(Legend, TakesFadersForShortOnesWhenNobodySays) {
-  start(support::writeTheme(scaleTheme().list()), FaderLength::kMedium);
+  start(writeTheme(scaleTheme().list()), FaderLength::kMedium);
   // This picture has two pixels a point, and the one that takes its place has them as points.
   EXPECT_EQ(scale().size(), (CGSize{268, 996}));
   const Seen numbers = seenIn(bitmapOf(scale()), 0, 268 - 46);
@@ -106,33 +97,33 @@ TEST_F(Legend, TakesFadersForShortOnesWhenNobodySays) {
 }
 
 TEST_F(Legend, KeepsTheHostsScaleWithoutColoursForIt) {
-  start(support::writeTheme(support::ThemeFile().text("componentsLabelColor", colour(9, 9, 9)).list()));
+  start(writeTheme(ThemeFile().text("componentsLabelColor", colour(9, 9, 9)).list()));
   const Seen seen = seenIn(bitmapOf(scale()), 0, 134);
   EXPECT_FALSE(seen.tick || seen.number || seen.zero);
 }
 
 TEST_F(Legend, ShowsAReadyMadeScaleOfTheThemes) {
-  const std::string theme = support::writeTheme(scaleTheme().list());
+  const std::string theme = writeTheme(scaleTheme().list());
   const Ref<NSBitmapImageRep> made =
       NSBitmapImageRep::withBitmapDataPlanes(nullptr, 2, 2, 8, 4, true, false, NSDeviceRGBColorSpace, 0, 0);
   for (long i = 0; i < 4; ++i) made->setColor(NSColor::colorWithDeviceRed(1, 0, 1, 1), i % 2, i / 2);
   const NSData png = made->representationUsingType(NSBitmapImageFileTypePNG, NSDictionary::dictionary());
-  support::writeFile(theme + "/Companion.bundle/Contents/Resources/FaderScale.png",
-                     std::string(static_cast<const char*>(png.bytes()), png.length()));
+  writeFile(theme + "/Companion.bundle/Contents/Resources/FaderScale.png",
+            std::string(static_cast<const char*>(png.bytes()), png.length()));
   start(theme);
   EXPECT_EQ(pixel(bitmapOf(scale()), 0, 0), (Rgba{255, 0, 255}));
   EXPECT_EQ(scale(), scale());
 }
 
 TEST_F(Legend, ColoursItsLabelsAndItsBackground) {
-  start(support::writeTheme(support::ThemeFile()
-                                .text("componentsLabelColor", colour(250, 120, 10))
-                                .text("componentsLabelBackgroundColor", colour(10, 30, 50))
-                                .list()));
+  start(writeTheme(ThemeFile()
+                       .text("componentsLabelColor", colour(250, 120, 10))
+                       .text("componentsLabelBackgroundColor", colour(10, 30, 50))
+                       .list()));
   const Rgba background{10, 30, 50};
   EXPECT_EQ(rgba(NSColor::colorWithCGColor(legend().layer().backgroundColor())), background);
   std::size_t coloured = 0;
-  for (const NSView label : support::viewsBelow(legend(), "MATextField")) {
+  for (const NSView label : viewsBelow(legend(), "MATextField")) {
     const NSAttributedString text = cast<NSTextField>(label).attributedStringValue();
     const std::string identifier = toStdString(call<"identifier", NSString>(label));
     if (identifier.starts_with("MAMixerLegendVolumeLabel")) {

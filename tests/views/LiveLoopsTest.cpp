@@ -14,12 +14,7 @@
 
 namespace {
 
-using support::colour;
-using support::kLiveLoopsRows;
-using support::LiveLoopsRow;
-using support::Rgba;
-using support::rgba;
-using support::ThemeFile;
+using namespace support;
 
 /// A saturated colour for each key, another for every one; none of the host's.
 Rgba colourOf(std::string_view key) {
@@ -39,7 +34,7 @@ ThemeFile themeOf(std::initializer_list<const char*> keys) {
 
 TEST(LiveLoops, TakeEveryColourFromTheTheme) {
   const cocoa::AutoreleasePool pool;
-  const auto application = support::start(support::writeTheme(themeOf({}).list()), support::sampleSong());
+  const auto application = start(writeTheme(themeOf({}).list()), sampleSong());
   ASSERT_TRUE(application);
   for (const LiveLoopsRow& row : kLiveLoopsRows) {
     EXPECT_EQ(rgba(host::liveLoopsColour(row.provider, row.method)), colourOf(row.key)) << row.method;
@@ -53,7 +48,7 @@ TEST(LiveLoops, TakeEveryColourFromTheTheme) {
   std::vector<std::string> unseen;
   for (const LiveLoopsRow& row : kLiveLoopsRows) {
     const bool seen = std::ranges::any_of(colours, [&](const auto& c) {
-      return support::near({c[0], c[1], c[2]}, colourOf(row.key), 1);
+      return near({c[0], c[1], c[2]}, colourOf(row.key), 1);
     });
     if (!seen) unseen.push_back(std::string(row.provider) + " " + row.method);
   }
@@ -63,7 +58,7 @@ TEST(LiveLoops, TakeEveryColourFromTheTheme) {
 TEST(LiveLoops, ShareTheGlyphOfTheDividerAndKeepTheRest) {
   const cocoa::AutoreleasePool pool;
   const auto theme = themeOf({"LiveLoopsDividerHnFGlyphColor"});
-  const auto application = support::start(support::writeTheme(theme.list()), support::sampleSong());
+  const auto application = start(writeTheme(theme.list()), sampleSong());
   ASSERT_TRUE(application);
   for (const LiveLoopsRow& row : kLiveLoopsRows) {
     const bool themed = std::string_view(row.key) == "LiveLoopsDividerHnFGlyphColor";

@@ -7,16 +7,7 @@
 
 namespace {
 
-using support::exchangedSince;
-using support::HostKind;
-using support::hostOf;
-using support::load;
-using support::Methods;
-using support::methodsOfAllClasses;
-using support::Names;
-using support::OverrideRow;
-using support::overrideTable;
-using support::themeOf;
+using namespace support;
 using testing::ContainerEq;
 
 Names expectedOn(const HostKind& kind) {
@@ -48,9 +39,9 @@ TEST_P(HostOverrides, AreReachedByTheHost) {
     if (!row.encoding.empty()) {
       ASSERT_TRUE(cocoa::sameCallingConvention(method_getTypeEncoding(method), row.encoding)) << row.name();
     }
-    support::countCalls(row);
+    countCalls(row);
   }
-  support::operate(*application, support::sampleSong());
+  operate(*application, sampleSong());
   application.reset();
   Names unreached;
   for (const OverrideRow& row : overrideTable()) {
