@@ -10,6 +10,7 @@
 #include "cli/Picture.h"
 #include "cli/PrivateFolders.h"
 #include "plugin/theme/ThemeKeys.h"
+#include "tests/support/Commands.h"
 #include "tests/support/Theme.h"
 
 namespace {
@@ -37,8 +38,8 @@ TEST(KeyPictures, AreThereForEveryKeyInUseAndNoOther) {
 
 TEST(KeyPictures, ShowAChangeInsideOfItsSurroundings) {
   const std::string out = session::privateFolder() + "/keys";
-  const std::string command = "cd " VELURA_SOURCE_DIR " && " VELURA_COMMAND " key-pictures --out " + out + " --key ";
-  auto result = support::run(command + "pannerKnobBackgroundColor --key useCalibratedColor");
+  const std::string command = "key-pictures --out " + out + " --key ";
+  auto result = support::runVelura(command + "pannerKnobBackgroundColor --key useCalibratedColor");
   EXPECT_EQ(result.status, 0) << result.output;
   EXPECT_EQ(result.output, "velura: useCalibratedColor: changes nothing that is shown\n");
   const auto picture = session::readPicture(out + "/pannerKnobBackgroundColor.png");
@@ -51,7 +52,7 @@ TEST(KeyPictures, ShowAChangeInsideOfItsSurroundings) {
   }
   EXPECT_GT(vivid, 500) << "the knob's cap";
   EXPECT_LT(vivid, 240 * 96 / 2);
-  result = support::run(command + "noSuchKey");
+  result = support::runVelura(command + "noSuchKey");
   EXPECT_EQ(result.status, 1);
   EXPECT_EQ(result.output, "velura: noSuchKey: no such key\n");
 }

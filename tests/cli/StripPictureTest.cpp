@@ -48,29 +48,4 @@ TEST(StripPicture, IsThePartOfTheWindowThatTheStripTakes) {
   EXPECT_LE(largestDifference(whole, strip, strip.pixelsWide(), top), kRounding);
 }
 
-TEST(StripPicture, IsRefusedInOneLine) {
-  const std::string out = session::privateFolder() + "/strip.png";
-  const std::string command = VELURA_COMMAND " render --theme none --song " VELURA_SOURCE_DIR
-                                             "/songs/night-drive.json --out " +
-                              out + " --zoom-strip ";
-  const struct {
-    const char* arguments;
-    int status;
-    const char* message;
-  } kCases[] = {
-      {"0", 1, "there is no strip 0: the song's strips are 1 to "},
-      {"-1", 1, "there is no strip -1: "},
-      {"999", 1, "there is no strip 999: "},
-      {"2 --window arrange", 2, "--zoom-strip shows a strip of the mixer"},
-      {"2 --window step-sequencer", 2, "--zoom-strip shows a strip of the mixer"},
-  };
-  for (const auto& wrong : kCases) {
-    const auto result = support::run(command + wrong.arguments);
-    EXPECT_EQ(result.status, wrong.status) << wrong.arguments;
-    EXPECT_NE(result.output.find(wrong.message), std::string::npos) << result.output;
-    EXPECT_EQ(std::count(result.output.begin(), result.output.end(), '\n'), 1) << result.output;
-    EXPECT_EQ(support::fileContents(out), "");
-  }
-}
-
 }  // namespace

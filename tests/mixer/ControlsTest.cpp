@@ -9,8 +9,8 @@
 #include "host/mixer/MALevelNode.h"
 #include "host/mixer/MAScaleNode.h"
 #include "plugin/mixer/LevelMeters.h"
-#include "plugin/theme/ThemeKeys.h"
 #include "tests/support/HostTest.h"
+#include "tests/support/KeyColours.h"
 
 namespace {
 
@@ -21,24 +21,6 @@ using host::Track;
 using namespace support;
 
 constexpr host::ComponentCodes kGrouped{0x61756678, 0x64656C79, 0x64656D6F};
-
-/// A colour for every key, another for each; nothing for no key.
-Rgba colourOf(std::string_view key) {
-  const auto index = static_cast<long>(velura::indexOf(*velura::keyNamed(key)));
-  return {index % 100 + 20, index / 100 * 40 + 7, 99};
-}
-
-/// Every colour of the theme but those that are named.
-ThemeFile allColours(std::initializer_list<std::string_view> without = {}) {
-  ThemeFile file;
-  for (const velura::ThemeKeyRow& row : velura::kThemeKeys) {
-    if (row.kind != velura::ThemeKeyKind::kColour || std::ranges::find(without, row.name) != without.end()) continue;
-    const Rgba c = colourOf(row.name);
-    const auto byte = [](long component) { return static_cast<int>(component); };
-    file.text(std::string(row.name), colour(byte(c.red), byte(c.green), byte(c.blue)));
-  }
-  return file;
-}
 
 Track instrument(PlugInSlot slot) {
   Track made;
@@ -292,7 +274,7 @@ TEST_F(Controls, FillTheirKnobsByWhatTheyControl) {
     if (kCases[i].key != nullptr) {
       EXPECT_EQ(shown, colourOf(kCases[i].key)) << kCases[i].what;
     } else {
-      EXPECT_NE(shown.blue, 99) << kCases[i].what;
+      EXPECT_NE(shown.blue, kThemedBlue) << kCases[i].what;
     }
   }
   const auto spreadColour = [&](std::size_t track) {
@@ -302,7 +284,8 @@ TEST_F(Controls, FillTheirKnobsByWhatTheyControl) {
     return Rgba{};
   };
   EXPECT_EQ(spreadColour(std::size(kCases)), colourOf("stereoPannerKnobFillColor"));
-  EXPECT_NE(spreadColour(std::size(kCases) + 1).blue, 99) << "exchanged sides without a colour keep the host's";
+  EXPECT_NE(spreadColour(std::size(kCases) + 1).blue, kThemedBlue)
+      << "exchanged sides without a colour keep the host's";
 }
 
 TEST_F(Controls, DrawRingsAndCapsInTheThemesColours) {
@@ -614,14 +597,14 @@ TEST_F(Controls, ColourDisplaysByWhatTheyShow) {
   EXPECT_EQ(text(1, "peak"), colourOf("warningPeakLevelTitleColor"));
   EXPECT_EQ(text(2, "peak"), colourOf("maxPeakLevelTitleColor"));
   EXPECT_EQ(text(0, "group"), colourOf("emptyGroupLabelColor"));
-  EXPECT_NE(text(3, "group").blue, 99);
-  EXPECT_NE(text(0, "volume").blue, 99);
+  EXPECT_NE(text(3, "group").blue, kThemedBlue);
+  EXPECT_NE(text(0, "volume").blue, kThemedBlue);
   // Bytes are cut off, not rounded: 52.9 of 255 is no 51, and 51.9 is one.
   const NSObject peak = node(0, "peak");
   call<"setTextColor:">(peak, NSColor::colorWithSRGBRed(1, 214.5 / 255, 51.9 / 255, 1));
   EXPECT_EQ(text(0, "peak"), colourOf("warningPeakLevelTitleColor"));
   call<"setTextColor:">(peak, NSColor::colorWithSRGBRed(1, 214.5 / 255, 52.1 / 255, 1));
-  EXPECT_NE(text(0, "peak").blue, 99);
+  EXPECT_NE(text(0, "peak").blue, kThemedBlue);
 }
 
 TEST_F(Controls, DrawTheTitleOfAnEmptyEqualizer) {
@@ -668,7 +651,7 @@ TEST_F(Controls, ColourGlyphsByNameAndState) {
     if (c.blinking != nullptr) {
       EXPECT_EQ(glyph(2, c.name), colourOf(c.blinking)) << c.name;
     } else {
-      EXPECT_NE(glyph(2, c.name).blue, 99) << "a missing colour is not taken from the plain glyphs";
+      EXPECT_NE(glyph(2, c.name).blue, kThemedBlue) << "a missing colour is not taken from the plain glyphs";
     }
   }
 }

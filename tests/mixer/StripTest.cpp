@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <regex>
 
 #include "cocoa/Call.h"
 #include "cocoa/Exception.h"
@@ -266,14 +267,8 @@ TEST_F(Strips, DrawTitlesOfEmptySlotsOncePerTitleAndSize) {
   EXPECT_EQ(CGImageGetWidth(titleImage(strip(kAudio), "Audio FX", {60.6, 18.9}, 2)), 121U);
   EXPECT_EQ(CGImageGetWidth(titleImage(strip(kAudio), "Sends", {60.5, 18.9}, 2)), 121U);
   const auto bitmap = NSBitmapImageRep::withCGImage(first);
-  long red = 0;
-  for (long x = 0; x < 60; ++x) {
-    for (long y = 0; y < 18; ++y) {
-      const Rgba p = pixel(bitmap, x, y);
-      red += p.alpha > 20 && p.red > 240 && p.green < 15 ? 1 : 0;
-    }
-  }
-  EXPECT_GT(red, 10) << "drawn in the label colour";
+  const auto isRed = [](const Rgba& p) { return p.alpha > 20 && p.red > 240 && p.green < 15; };
+  EXPECT_GT(std::ranges::count_if(pixels(bitmap), isRed), 10) << "drawn in the label colour";
   long left = 60;
   long right = 0;
   long top = 18;
@@ -408,12 +403,8 @@ TEST_F(Strips, ColourTheTitlesOfTheHostsWindowsAndItsCatalogue) {
             .text("StepSequencerStepOn", colour(1, 2, 3))
             .text("StepSequencerHeader_EmptyAreaBelow", colour(4, 5, 6)));
   for (const auto kind : {host::WindowKind::kMixer, host::WindowKind::kArrange, host::WindowKind::kStepSequencer}) {
-    const Ref<NSBitmapImageRep> bitmap = application_->draw(kind);
-    long coloured = 0;
-    for (long x = 0; x < bitmap->pixelsWide(); ++x) {
-      for (long y = 0; y < 28; ++y) coloured += near(pixel(bitmap, x, y), {250, 10, 20}, 3) ? 1 : 0;
-    }
-    EXPECT_GT(coloured, 10) << "the title is drawn in the theme's colour";
+    const auto isTitle = [](const Rgba& p) { return near(p, {250, 10, 20}, 3); };
+    EXPECT_GT(std::ranges::count_if(pixels(application_->draw(kind)), isTitle), 10) << "drawn in the theme's colour";
   }
   const auto catalogue = [](const char* catalogueName, const char* name) {
     return rgba(NSColor::colorWithCatalogName(string(catalogueName), string(name)));
@@ -470,11 +461,8 @@ TEST_F(SwitchFileStrips, DumpsTwelveLayoutsOfStrips) {
   fs::remove(kSwitch);
   const std::string dump = fileContents(kDump);
   fs::remove(kDump);
-  std::size_t sections = 0;
-  for (std::size_t at = dump.find("==== strip '"); at != std::string::npos; at = dump.find("==== strip '", at + 1)) {
-    ++sections;
-  }
-  EXPECT_EQ(sections, 12U);
+  const std::regex section("==== strip '");
+  EXPECT_EQ(std::distance(std::sregex_iterator(dump.begin(), dump.end(), section), {}), 12);
   EXPECT_TRUE(dump.starts_with("==== strip 'strip' frame={{0, 0}, {84, ")) << dump.substr(0, 80);
   EXPECT_NE(dump.find(" parent=MANode ====\nMAStripNode 'strip' frame={{"), std::string::npos);
   EXPECT_NE(dump.find("\n  MAFaderNode 'volumeFader' frame={{20, 98}, {26, 146}}\n    MAImageNode 'fader knob'"),
@@ -506,9 +494,7 @@ TEST_F(SwitchFileStrips, TurnsGradientsOff) {
             .text("mixerStripBGGradient", "LinearGradient:{{1,1,1,100},{2,2,2,100},V}"));
   EXPECT_EQ(rgba(background(kAudio)), (Rgba{10, 20, 30}));
   EXPECT_EQ(rgba(call<"backgroundColor", NSColor>(node(kAudio, "number"))), (Rgba{10, 20, 30}));
-  EXPECT_EQ(
-      rgba(call<"vlrMixerBackgroundColor", NSColor>(call<"sharedInstance", NSObject>(classNamed("ThemeUtility")))),
-      (Rgba{9, 8, 7}));
+  EXPECT_EQ(rgba(call<"vlrMixerBackgroundColor", NSColor>(theme())), (Rgba{9, 8, 7}));
   std::filesystem::remove(kSwitch);
 }
 

@@ -57,13 +57,6 @@ host::Song sampleSong();
 /// Runs `body` in a process of its own, as for another theme. True when it returns true there.
 bool inChild(const std::function<bool()>& body);
 
-/// Runs a shell command. Returns its exit status, and what it wrote to both outputs.
-struct CommandResult {
-  int status = -1;
-  std::string output;
-};
-CommandResult run(const std::string& command);
-
 /// Reads a whole file; "" when there is none.
 std::string fileContents(const std::string& path);
 void writeFile(const std::string& path, const std::string& contents);

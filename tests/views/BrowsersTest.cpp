@@ -6,6 +6,7 @@
 #include "host/panes/KitLists.h"
 #include "host/panes/LoopBrowser.h"
 #include "tests/support/HostTest.h"
+#include "tests/support/KeyColours.h"
 #include "tests/views/ViewTree.h"
 
 namespace {
@@ -14,42 +15,7 @@ using namespace cocoa;
 using host::WindowKind;
 using namespace support;
 
-constexpr const char* kKeys[] = {
-    "LibrarySoundPacksFilterPopUpTextColor",
-    "LibraryHeaderTextColor",
-    "LibraryColorHeaderBackground",
-    "FileBrowserCellTextColor",
-    "TableViewSeparatorColor",
-    "TableviewColor",
-    "LoopBrowserHeaderColor",
-    "LoopBrowser_PaneHeaderColor",
-    "LoopBrowserGridColor",
-    "LoopBrowserControlBackgroundColor",
-    "LoopPacksMenuTitleColor",
-    "LoopbrowserSearchButtonTitleOn",
-    "LoopbrowserSearchButtonTitleOff",
-    "LoopbrowserSearchButtonTitleSecondRowOn",
-    "LoopbrowserSearchButtonTitleSecondRowOff",
-    "ListArea_NotePad_BG",
-    "ListAreabuttonMatrixBackgroundColor",
-    "OneClickToolbarIconsSymbolsColor",
-    "On_OffToolbarIcons_OnBackgroundColor",
-    "On_OffToolbarIcons_OffSymbolsColor",
-    "On_OffToolbarIcons_OnSymbolsColor",
-    "sendsOnFaderPopupMenuArrowColorOn",
-    "popupButtonMenuArrowColorOff",
-};
-
-Rgba colourOf(std::string_view key) {
-  for (std::size_t i = 0; i < std::size(kKeys); ++i) {
-    const auto step = static_cast<long>(i);
-    if (kKeys[i] == key) return {10 + step * 10, 240 - step * 7, 5 + step * 3};
-  }
-  return {};
-}
-
-Rgba colourOf(CGColorRef colour) { return rgba(NSColor::colorWithCGColor(colour)); }
-Rgba colourOf(NSDictionary attributes) {
+Rgba colourIn(NSDictionary attributes) {
   return rgba(as<NSColor>(attributes.objectForKey(NSForegroundColorAttributeName)));
 }
 
@@ -70,13 +36,8 @@ Rgba glyph(NSButton button, const char* getter) {
 
 class Browsers : public HostTest {
  protected:
-  void start(bool themed = true) {
-    ThemeFile theme;
-    for (const char* key : kKeys) {
-      const Rgba c = colourOf(std::string_view(key));
-      if (themed) theme.text(key, colour(static_cast<int>(c.red), static_cast<int>(c.green), static_cast<int>(c.blue)));
-    }
-    startWith(writeTheme(theme.list()), sampleSong());
+  void SetUp() override {
+    startWith(writeTheme(allColours().list()), sampleSong());
     for (const auto window : host::kWindowKinds) application_->openWindow(window);
   }
   [[nodiscard]] NSView view(WindowKind window, const char* className) const {
@@ -91,8 +52,7 @@ class Browsers : public HostTest {
 };
 
 TEST_F(Browsers, GiveLayersAndListsTheirColours) {
-  start();
-  const auto layer = [](NSView of) { return colourOf(of.layer().backgroundColor()); };
+  const auto layer = [](NSView of) { return rgba(of.layer().backgroundColor()); };
   EXPECT_EQ(layer(view(WindowKind::kLoopBrowser, "MAKitTabView")), colourOf("LoopBrowser_PaneHeaderColor"));
   EXPECT_EQ(layer(view(WindowKind::kLoopBrowser, "MALoopBrowserSplitView")), colourOf("LoopBrowserHeaderColor"));
   EXPECT_EQ(layer(view(WindowKind::kLists, "NotePadBackgroundView")), colourOf("ListArea_NotePad_BG"));
@@ -111,8 +71,8 @@ TEST_F(Browsers, GiveLayersAndListsTheirColours) {
            Row{WindowKind::kLibrary, "NSTableView", "TableViewSeparatorColor", "TableviewColor"},
        }) {
     const auto table = cast<NSTableView>(view(window, name));
-    EXPECT_EQ(rgba(table.gridColor()), colourOf(std::string_view(grid))) << name;
-    EXPECT_EQ(rgba(table.backgroundColor()), colourOf(std::string_view(background))) << name;
+    EXPECT_EQ(rgba(table.gridColor()), colourOf(grid)) << name;
+    EXPECT_EQ(rgba(table.backgroundColor()), colourOf(background)) << name;
   }
   EXPECT_EQ(cast<NSTableView>(view(WindowKind::kLoopBrowser, "MALoopBrowserTableView")).gridStyleMask(), 1U);
   // Files that a user has found in the loop browser look like its loops; the host shows none at first.
@@ -129,13 +89,12 @@ TEST_F(Browsers, GiveLayersAndListsTheirColours) {
 }
 
 TEST_F(Browsers, ColourTextsByTheirCells) {
-  start();
   const Rgba themed = colourOf("FileBrowserCellTextColor");
   const auto tables = viewsBelow(root(WindowKind::kLibrary), "MyMAKitTableView");
   ASSERT_EQ(tables.size(), 2U);
-  EXPECT_EQ(colourOf(call<"textAttributes", NSDictionary>(cell(tables[0], 0))), themed) << "with an icon";
-  EXPECT_EQ(colourOf(call<"textAttributes", NSDictionary>(cell(tables[0], 1))), themed);
-  EXPECT_NE(colourOf(call<"textAttributes", NSDictionary>(cell(tables[1], 0))), themed) << "in a list of notes";
+  EXPECT_EQ(colourIn(call<"textAttributes", NSDictionary>(cell(tables[0], 0))), themed) << "with an icon";
+  EXPECT_EQ(colourIn(call<"textAttributes", NSDictionary>(cell(tables[0], 1))), themed);
+  EXPECT_NE(colourIn(call<"textAttributes", NSDictionary>(cell(tables[1], 0))), themed) << "in a list of notes";
   const NSView bin = view(WindowKind::kLibrary, "BinMAKitOutlineView");
   bool plain = false;
   bool info = false;
@@ -144,8 +103,8 @@ TEST_F(Browsers, ColourTextsByTheirCells) {
     if (toStdString(each.className()) == "BinTextFieldCell") {
       plain = rgba(call<"textColor", NSColor>(each)) == themed;
     } else if (toStdString(each.className()) == "BinProEditableInfoFieldCell") {
-      info = colourOf(call<"attributesPlain", NSDictionary>(each)) == themed &&
-             colourOf(call<"attributesBold", NSDictionary>(each)) == themed;
+      info = colourIn(call<"attributesPlain", NSDictionary>(each)) == themed &&
+             colourIn(call<"attributesBold", NSDictionary>(each)) == themed;
     }
   }
   EXPECT_TRUE(plain);
@@ -153,7 +112,6 @@ TEST_F(Browsers, ColourTextsByTheirCells) {
 }
 
 TEST_F(Browsers, ColourTheTitleAndTheMenuOfTheLibraryAndOtherMenus) {
-  start();
   const auto controller = call<"nextResponder", NSObject>(view(WindowKind::kLibrary, "CLgLibBrowserView"));
   EXPECT_EQ(rgba(call<"headerTitle", NSTextField>(controller).textColor()), colourOf("LibraryHeaderTextColor"));
   const auto packs = call<"soundPacksFilterPopUpButton", NSPopUpButton>(controller);
@@ -177,7 +135,6 @@ TEST_F(Browsers, ColourTheTitleAndTheMenuOfTheLibraryAndOtherMenus) {
 }
 
 TEST_F(Browsers, ColourSearchButtonsByRowAndState) {
-  start();
   const NSView filter = view(WindowKind::kLoopBrowser, "MALoopBrowserFilterSegmentedControl");
   const auto cells = call<"cells", NSArray>(filter);
   std::size_t twoRows = 0;
@@ -201,7 +158,6 @@ TEST_F(Browsers, ColourSearchButtonsByRowAndState) {
 }
 
 TEST_F(Browsers, DrawBarsOfTheirKindsInTheThemesColour) {
-  start();
   struct Row {
     WindowKind window;
     const char* inside;
@@ -222,7 +178,6 @@ TEST_F(Browsers, DrawBarsOfTheirKindsInTheThemesColour) {
 }
 
 TEST_F(Browsers, SwapTheImagesOfSwitchesOnceForEachChange) {
-  start();
   const auto button = cast<NSButton>(view(WindowKind::kArrange, "MAABButton"));
   const Rgba off = colourOf("On_OffToolbarIcons_OffSymbolsColor");
   const Rgba on = colourOf("On_OffToolbarIcons_OnSymbolsColor");
