@@ -58,80 +58,75 @@ class Controls : public HostTest {
 
 // ---- Titles -------------------------------------------------------------------------------------------
 
-struct TitleCase {
-  const char* what;
-  const char* button;
-  std::function<void(Track&)> set;
-  const char* key;
-  const char* selectedKey;
-};
+using Set = std::function<void(Track&)>;
 
-void withInsert(Track& track, const PlugInSlot& slot) { track.audioPlugIns = {slot}; }
-void withMidi(Track& track, const PlugInSlot& slot) {
-  track = instrument({.name = "Keys"});
-  track.midiPlugIns = {slot};
+Set insert(PlugInSlot slot) {
+  slot.name = "A";
+  return [=](Track& track) { track.audioPlugIns = {slot}; };
 }
-void withSend(Track& track, const host::SendSlot& send) { track.sends = {send}; }
-void withAutomation(Track& track, const char* mode) { track.automation = mode; }
+Set midi(PlugInSlot slot) {
+  slot.name = "M";
+  return [=](Track& track) {
+    track = instrument({.name = "Keys"});
+    track.midiPlugIns = {slot};
+  };
+}
+Set played(PlugInSlot slot, bool audio = false) {
+  slot.name = "I";
+  return [=](Track& track) {
+    track = instrument(slot);
+    track.instrument.audio = audio;
+  };
+}
+Set bus(host::SendSlot slot) {
+  slot.bus = "B";
+  return [=](Track& track) { track.sends = {slot}; };
+}
+Set automation(const char* mode) {
+  return [=](Track& track) { track.automation = mode; };
+}
+
+struct TitleCase {
+  const char* button;
+  Set set;
+  const char* key;
+  const char* selectedKey = key;
+};
 
 const std::vector<TitleCase>& titleCases() {
   static const std::vector<TitleCase> cases{
-      {"insert, on", "audioPlugIn", [](Track& t) { withInsert(t, {.name = "A"}); }, "audioFXInsertButtonTitleColor",
-       "audioFXInsertButtonTitleHighlightColor"},
-      {"insert, bypassed", "audioPlugIn", [](Track& t) { withInsert(t, {.name = "A", .bypassed = true}); },
-       "audioFXInsertButtonBypassTitleColor", "audioFXInsertButtonBypassHighlightTitleColor"},
-      {"insert, low latency", "audioPlugIn", [](Track& t) { withInsert(t, {.name = "A", .lowLatency = true}); },
-       "audioFXInsertButtonLowLatencyTitleColor", "audioFXInsertButtonLowLatencyTitleHighlightColor"},
-      {"insert, off in low latency", "audioPlugIn",
-       [](Track& t) { withInsert(t, {.name = "A", .bypassed = true, .lowLatency = true}); },
-       "audioFXInsertButtonLowLatencyTitleColor", "audioFXInsertButtonLowLatencyTitleHighlightColor"},
-      {"insert, dimmed", "audioPlugIn", [](Track& t) { withInsert(t, {.name = "A", .dimmed = true}); },
-       "audioFXInsertButtonTitleDimColor", "audioFXInsertButtonTitleDimColor"},
-      {"insert, off and dimmed", "audioPlugIn",
-       [](Track& t) { withInsert(t, {.name = "A", .bypassed = true, .dimmed = true}); },
-       "audioFXInsertButtonTitleDimColor", "audioFXInsertButtonTitleDimColor"},
-      {"MIDI effect, on", "midiPlugIn", [](Track& t) { withMidi(t, {.name = "M"}); }, "midiButtonTitleColor",
-       "midiButtonTitleHighlightColor"},
-      {"MIDI effect, bypassed", "midiPlugIn", [](Track& t) { withMidi(t, {.name = "M", .bypassed = true}); },
-       "midiButtonBypassTitleColor", "midiButtonBypassHighlightTitleColor"},
-      {"MIDI effect, dimmed", "midiPlugIn", [](Track& t) { withMidi(t, {.name = "M", .dimmed = true}); },
-       "midiButtonDimTitleColor", "midiButtonDimHighlightTitleColor"},
-      {"instrument, on", "input", [](Track& t) { t = instrument({.name = "I"}); }, "InputInstButtonTitleColor",
-       "InputInstButtonTitleHighlightColor"},
-      {"instrument, bypassed", "input", [](Track& t) { t = instrument({.name = "I", .bypassed = true}); },
-       "InputInstButtonBypassTitleColor", "InputInstButtonBypassHighlightTitleColor"},
-      {"instrument, low latency", "input", [](Track& t) { t = instrument({.name = "I", .lowLatency = true}); },
-       "InputInstButtonDimTitleColor", "InputInstButtonDimTitleColor"},
-      {"instrument that is an audio plug-in", "input",
-       [](Track& t) {
-         t = instrument({.name = "I"});
-         t.instrument.audio = true;
-       },
-       "InputInstButtonTitleColor", "InputInstButtonTitleHighlightColor"},
-      {"no instrument", "input", [](Track& t) { t.type = StripType::kInstrument; }, "emptySlotButtonLabelColor",
-       "emptySlotButtonLabelColor"},
-      {"send, on", "sendButton", [](Track& t) { withSend(t, {.bus = "B"}); }, "sendButtonTitleColor",
-       "sendButtonTitleHighlightColor"},
-      {"send on the faders", "sendButton", [](Track& t) { withSend(t, {.bus = "B", .onFader = true}); },
-       "sendButtonTitleColor", "sendButtonTitleHighlightColor"},
-      {"send, bypassed", "sendButton", [](Track& t) { withSend(t, {.bus = "B", .bypassed = true}); },
-       "sendButtonBypassTitleColor", "sendButtonBypassHighlightTitleColor"},
-      {"send, low latency", "sendButton", [](Track& t) { withSend(t, {.bus = "B", .lowLatency = true}); },
-       "sendButtonLowLatencyTitleColor", "sendButtonLowLatencyTitleHighlightColor"},
-      {"input", "input", [](Track& t) { t.input = "In 1"; }, "inputButtonTitleColor", "inputButtonTitleColor"},
-      {"output", "output", [](Track& t) { t.output = "Out"; }, "outputButtonTitleColor", "outputButtonTitleColor"},
-      {"setting", "setting", [](Track& t) { t.setting = "Loud"; }, "settingButtonTitleColor",
-       "settingButtonTitleColor"},
-      {"no setting", "setting", [](Track&) {}, "settingOffButtonTitleColor", "settingOffButtonTitleColor"},
-      {"read", "automation", [](Track& t) { withAutomation(t, "Read"); }, "automationReadTitleColor",
-       "automationReadTitleColor"},
-      {"touch", "automation", [](Track& t) { withAutomation(t, "Touch"); }, "automationTouchTitleColor",
-       "automationTouchTitleColor"},
-      {"latch", "automation", [](Track& t) { withAutomation(t, "Latch"); }, "automationLatchTitleColor",
-       "automationLatchTitleColor"},
-      {"write", "automation", [](Track& t) { withAutomation(t, "Write"); }, "automationWriteTitleColor",
-       "automationWriteTitleColor"},
-      {"no automation", "automation", [](Track&) {}, "automationBypassColor", "automationBypassColor"},
+      {"audioPlugIn", insert({}), "audioFXInsertButtonTitleColor", "audioFXInsertButtonTitleHighlightColor"},
+      {"audioPlugIn", insert({.bypassed = true}), "audioFXInsertButtonBypassTitleColor",
+       "audioFXInsertButtonBypassHighlightTitleColor"},
+      {"audioPlugIn", insert({.lowLatency = true}), "audioFXInsertButtonLowLatencyTitleColor",
+       "audioFXInsertButtonLowLatencyTitleHighlightColor"},
+      {"audioPlugIn", insert({.bypassed = true, .lowLatency = true}), "audioFXInsertButtonLowLatencyTitleColor",
+       "audioFXInsertButtonLowLatencyTitleHighlightColor"},
+      {"audioPlugIn", insert({.dimmed = true}), "audioFXInsertButtonTitleDimColor"},
+      {"audioPlugIn", insert({.bypassed = true, .dimmed = true}), "audioFXInsertButtonTitleDimColor"},
+      {"midiPlugIn", midi({}), "midiButtonTitleColor", "midiButtonTitleHighlightColor"},
+      {"midiPlugIn", midi({.bypassed = true}), "midiButtonBypassTitleColor", "midiButtonBypassHighlightTitleColor"},
+      {"midiPlugIn", midi({.dimmed = true}), "midiButtonDimTitleColor", "midiButtonDimHighlightTitleColor"},
+      {"input", played({}), "InputInstButtonTitleColor", "InputInstButtonTitleHighlightColor"},
+      {"input", played({.bypassed = true}), "InputInstButtonBypassTitleColor",
+       "InputInstButtonBypassHighlightTitleColor"},
+      {"input", played({.lowLatency = true}), "InputInstButtonDimTitleColor"},
+      {"input", played({}, true), "InputInstButtonTitleColor", "InputInstButtonTitleHighlightColor"},
+      {"input", [](Track& track) { track.type = StripType::kInstrument; }, "emptySlotButtonLabelColor"},
+      {"sendButton", bus({}), "sendButtonTitleColor", "sendButtonTitleHighlightColor"},
+      {"sendButton", bus({.onFader = true}), "sendButtonTitleColor", "sendButtonTitleHighlightColor"},
+      {"sendButton", bus({.bypassed = true}), "sendButtonBypassTitleColor", "sendButtonBypassHighlightTitleColor"},
+      {"sendButton", bus({.lowLatency = true}), "sendButtonLowLatencyTitleColor",
+       "sendButtonLowLatencyTitleHighlightColor"},
+      {"input", [](Track& track) { track.input = "In 1"; }, "inputButtonTitleColor"},
+      {"output", [](Track& track) { track.output = "Out"; }, "outputButtonTitleColor"},
+      {"setting", [](Track& track) { track.setting = "Loud"; }, "settingButtonTitleColor"},
+      {"setting", [](Track&) {}, "settingOffButtonTitleColor"},
+      {"automation", automation("Read"), "automationReadTitleColor"},
+      {"automation", automation("Touch"), "automationTouchTitleColor"},
+      {"automation", automation("Latch"), "automationLatchTitleColor"},
+      {"automation", automation("Write"), "automationWriteTitleColor"},
+      {"automation", [](Track&) {}, "automationBypassColor"},
   };
   return cases;
 }
@@ -140,17 +135,16 @@ TEST_F(Controls, WriteTheirTitlesInTheColourOfTheirKindAndState) {
   std::vector<Track> tracks;
   for (const TitleCase& c : titleCases()) {
     for (const bool selected : {false, true}) {
-      Track track;
+      Track& track = tracks.emplace_back();
       c.set(track);
       track.selected = selected;
-      tracks.push_back(track);
     }
   }
   start(allColours(), std::move(tracks));
   for (std::size_t i = 0; i < titleCases().size(); ++i) {
     const TitleCase& c = titleCases()[i];
-    EXPECT_EQ(rgba(titleColour(node(2 * i, c.button))), colourOf(c.key)) << c.what;
-    EXPECT_EQ(rgba(titleColour(node(2 * i + 1, c.button))), colourOf(c.selectedKey)) << c.what << ", selected";
+    EXPECT_EQ(rgba(titleColour(node(2 * i, c.button))), colourOf(c.key)) << i << c.key;
+    EXPECT_EQ(rgba(titleColour(node(2 * i + 1, c.button))), colourOf(c.selectedKey)) << i << c.selectedKey;
   }
 }
 
@@ -172,48 +166,42 @@ TEST_F(Controls, FollowTheStateOfTheirButtonsWhileTheyAreShown) {
 // ---- Groups of plug-ins -------------------------------------------------------------------------------
 
 TEST_F(Controls, TakeTheLooksOfTheGroupOfTheirPlugIn) {
-  const auto entry = [](const char* key, const std::string& value) {
-    return "<key>" + std::string(key) + "</key><string>" + value + "</string>";
-  };
-  const std::string group = "<dict>" + entry("image", "AudioPlugIn_Blue") + entry("onTextColorStr", colour(1, 2, 3)) +
-                            entry("dimTextColorStr", colour(4, 5, 6)) + entry("onIconColor", colour(250, 0, 0)) +
-                            entry("offIconColor", "no colour") + "</dict>";
-  const std::string nameless = "<dict>" + entry("onTextColorStr", colour(7, 8, 9)) + "<key>image</key><string/></dict>";
-  const std::string groups = "<dict><key>0x61756678:0x64656C79:0x64656D6F</key>" + group +
-                             "<key>0x00000001:0x00000002:0x00000003</key>" + nameless +
-                             "<key>0x00000001:0x00000002:0x00000004</key><string>none</string></dict>";
-  const auto insert = [](PlugInSlot slot, host::ComponentCodes codes) {
-    Track track;
-    slot.codes = codes;
-    track.audioPlugIns = {std::move(slot)};
-    return track;
-  };
-  Track grouped = instrument({.name = "I", .codes = kGrouped});
-  grouped.instrument.audio = true;
-  start(allColours().xml("PluginGroupMapV2", groups),
-        {insert({.name = "A"}, kGrouped), insert({.name = "A", .bypassed = true}, kGrouped),
-         insert({.name = "A", .lowLatency = true}, kGrouped), insert({.name = "A", .dimmed = true}, kGrouped),
-         insert({.name = "A"}, {1, 2, 3}), insert({.name = "A"}, {1, 2, 4}), grouped});
+  const ThemeFile group = ThemeFile()
+                              .text("image", "AudioPlugIn_Blue")
+                              .text("onTextColorStr", colour(1, 2, 3))
+                              .text("dimTextColorStr", colour(4, 5, 6))
+                              .text("onIconColor", colour(250, 0, 0))
+                              .text("offIconColor", "no colour");
+  const ThemeFile nameless = ThemeFile().text("onTextColorStr", colour(7, 8, 9)).text("image", "");
+  const ThemeFile groups = ThemeFile()
+                               .xml("0x61756678:0x64656C79:0x64656D6F", group.dictionary())
+                               .xml("0x00000001:0x00000002:0x00000003", nameless.dictionary())
+                               .text("0x00000001:0x00000002:0x00000004", "none");
   struct Case {
+    Set set;
     const char* path;
-    NSInteger segments;
     Rgba title;
   };
   const char* const kBlue = "Buttons.AudioPlugIn_Blue";
   const char* const kPlain = "Buttons.AudioPlugIn";
-  const Case kCases[] = {
-      {kBlue, 3, {1, 2, 3}},
-      {kBlue, 3, colourOf("audioFXInsertButtonBypassTitleColor")},  // the group has no colour for it
-      {kBlue, 3, {1, 2, 3}},
-      {kBlue, 3, {4, 5, 6}},
-      {kPlain, 3, {7, 8, 9}},  // without an asset set, its colours still count
-      {kPlain, 3, colourOf("audioFXInsertButtonTitleColor")},
+  const std::vector<Case> cases{
+      {insert({.codes = kGrouped}), kBlue, {1, 2, 3}},
+      // The group has no colour for it.
+      {insert({.bypassed = true, .codes = kGrouped}), kBlue, colourOf("audioFXInsertButtonBypassTitleColor")},
+      {insert({.lowLatency = true, .codes = kGrouped}), kBlue, {1, 2, 3}},
+      {insert({.dimmed = true, .codes = kGrouped}), kBlue, {4, 5, 6}},
+      {insert({.codes = {{1, 2, 3}}}), kPlain, {7, 8, 9}},  // without an asset set, its colours still count
+      {insert({.codes = {{1, 2, 4}}}), kPlain, colourOf("audioFXInsertButtonTitleColor")},
   };
-  for (std::size_t i = 0; i < std::size(kCases); ++i) {
+  std::vector<Track> tracks;
+  for (const Case& c : cases) c.set(tracks.emplace_back());
+  played({.codes = kGrouped}, true)(tracks.emplace_back());
+  start(allColours().xml("PluginGroupMapV2", groups.dictionary()), std::move(tracks));
+  for (std::size_t i = 0; i < cases.size(); ++i) {
     const NSObject button = node(i, "audioPlugIn");
-    EXPECT_EQ(toStdString(call<"assetSetPath", NSString>(button)), kCases[i].path) << i;
-    EXPECT_EQ((call<"numberOfSegments", NSInteger>(button)), kCases[i].segments) << i;
-    EXPECT_EQ(rgba(titleColour(button)), kCases[i].title) << i;
+    EXPECT_EQ(toStdString(call<"assetSetPath", NSString>(button)), cases[i].path) << i;
+    EXPECT_EQ((call<"numberOfSegments", NSInteger>(button)), 3) << i;
+    EXPECT_EQ(rgba(titleColour(button)), cases[i].title) << i;
   }
   EXPECT_EQ(toStdString(call<"assetSetPath", NSString>(node(6, "input"))), "Buttons.CustomInstrument")
       << "the slot of an instrument comes before its group";
@@ -238,28 +226,23 @@ TEST_F(Controls, FillTheirKnobsByWhatTheyControl) {
   using host::PanMode;
   using host::SendMode;
   struct Case {
-    const char* what;
     const char* knob;
-    std::function<void(Track&)> set;
+    Set set;
     const char* key;  // null for the host's colour
   };
-  const auto send = [](SendMode mode, bool bypassed) {
-    return [=](Track& t) { withSend(t, {.bus = "B", .mode = mode, .bypassed = bypassed}); };
+  const Set input = [](Track& track) {
+    track.input = "In 1";
+    track.inputGain = 12;
   };
   const Case kCases[] = {
-      {"pan", "pan", [](Track&) {}, "pannerKnobFillColor"},
-      {"assignable", "midiAssignKnob2", [](Track& t) { t.type = StripType::kOther; }, "pannerKnobFillColor"},
-      {"post fader", "sendKnob", send(SendMode::kPostFader, false), "sendKnobFaderFillColor"},
-      {"pre fader", "sendKnob", send(SendMode::kPreFader, false), "sendKnobFaderFillColor"},
-      {"post pan", "sendKnob", send(SendMode::kPostPan, false), "sendKnobPostPanFillColor"},
-      {"post pan, bypassed", "sendKnob", send(SendMode::kPostPan, true), "sendKnobBypassFillColor"},
-      {"of no kind", "sendKnob", send(SendMode::kNone, true), nullptr},
-      {"input gain", "inputGainKnob",
-       [](Track& t) {
-         t.input = "In 1";
-         t.inputGain = 12;
-       },
-       "inputGainKnobFillColor"},
+      {"pan", [](Track&) {}, "pannerKnobFillColor"},
+      {"midiAssignKnob2", [](Track& track) { track.type = StripType::kOther; }, "pannerKnobFillColor"},
+      {"sendKnob", bus({.mode = SendMode::kPostFader}), "sendKnobFaderFillColor"},
+      {"sendKnob", bus({.mode = SendMode::kPreFader}), "sendKnobFaderFillColor"},
+      {"sendKnob", bus({.mode = SendMode::kPostPan}), "sendKnobPostPanFillColor"},
+      {"sendKnob", bus({.mode = SendMode::kPostPan, .bypassed = true}), "sendKnobBypassFillColor"},
+      {"sendKnob", bus({.mode = SendMode::kNone, .bypassed = true}), nullptr},
+      {"inputGainKnob", input, "inputGainKnobFillColor"},
   };
   std::vector<Track> tracks;
   for (const Case& c : kCases) c.set(tracks.emplace_back());
@@ -269,12 +252,12 @@ TEST_F(Controls, FillTheirKnobsByWhatTheyControl) {
   start(allColours({"stereoPannerKnobAlternateFillColor"}), tracks);
   for (std::size_t i = 0; i < std::size(kCases); ++i) {
     const NSObject knob = node(i, kCases[i].knob);
-    ASSERT_TRUE(knob) << kCases[i].what;
+    ASSERT_TRUE(knob) << i;
     const Rgba shown = rgba(call<"fillColor", NSColor>(knob));
     if (kCases[i].key != nullptr) {
-      EXPECT_EQ(shown, colourOf(kCases[i].key)) << kCases[i].what;
+      EXPECT_EQ(shown, colourOf(kCases[i].key)) << i;
     } else {
-      EXPECT_NE(shown.blue, kThemedBlue) << kCases[i].what;
+      EXPECT_NE(shown.blue, kThemedBlue) << i;
     }
   }
   const auto spreadColour = [&](std::size_t track) {
@@ -324,22 +307,16 @@ TEST_F(Controls, DrawRingsAndCapsInTheThemesColours) {
 }
 
 TEST_F(Controls, KeepCapsInsideOfTheRingOnOlderHosts) {
-  struct Case {
-    const char* version;
-    double inset;
-  };
-  for (const Case& c : {Case{"10.7.4", 3}, Case{"10.7.5", 0}}) {
-    EXPECT_TRUE(inChild([&] {
-      start(allColours(), {Track{}}, {.version = c.version});
-      const NSObject cap = call<"childrenArray", NSArray>(node(0, "pan")).objectAtIndex(1);
-      const auto bitmap =
-          NSBitmapImageRep::withBitmapDataPlanes(nullptr, 40, 40, 8, 4, true, false, NSDeviceRGBColorSpace, 0, 0);
-      const auto context = NSGraphicsContext::graphicsContextWithBitmapImageRep(bitmap);
-      call<"drawCapInRect:inContext:flipped:">(cap, CGRectMake(0, 0, 40, 40), context.CGContext(), BOOL(0));
-      const auto isCap = [&](double x) { return pixel(bitmap, std::lround(x), 20).blue == 99; };
-      return isCap(c.inset + 1) && (c.inset == 0 || !isCap(c.inset - 1));
-    })) << c.version;
-  }
+  eachInChild({"10.7.4", "10.7.5"}, [&](const char* version) {
+    start(allColours(), {Track{}}, {.version = version});
+    const NSObject cap = call<"childrenArray", NSArray>(node(0, "pan")).objectAtIndex(1);
+    const auto bitmap =
+        NSBitmapImageRep::withBitmapDataPlanes(nullptr, 40, 40, 8, 4, true, false, NSDeviceRGBColorSpace, 0, 0);
+    const auto context = NSGraphicsContext::graphicsContextWithBitmapImageRep(bitmap);
+    call<"drawCapInRect:inContext:flipped:">(cap, CGRectMake(0, 0, 40, 40), context.CGContext(), BOOL(0));
+    EXPECT_EQ(pixel(bitmap, 2, 20).blue == kThemedBlue, std::string_view(version) == "10.7.5");
+    EXPECT_EQ(pixel(bitmap, 4, 20).blue, kThemedBlue);
+  });
 }
 
 TEST_F(Controls, LeaveASurroundPannerToTheHostUnlessBothColoursAreThere) {
@@ -413,41 +390,26 @@ ThemeFile meterTheme(const char* kind, int colours) {
 }
 
 TEST_F(Controls, GiveTheMetersOfEachKindOfStripTheirColours) {
-  struct Kind {
-    const char* name;
-    StripType type;
-    bool folder;
-  };
-  const Kind kKinds[] = {{"audio", StripType::kAudio, false},
-                         {"instrument", StripType::kInstrument, false},
-                         {"aux", StripType::kAux, false},
-                         {"bus", StripType::kBus, false},
-                         {"stereo_out", StripType::kStereoOut, false},
-                         {"master", StripType::kMaster, false},
-                         {"folder", StripType::kAudio, true}};
-  for (std::size_t style = 0; style < std::size(kKinds); ++style) {
-    EXPECT_TRUE(inChild([&] {
-      std::vector<Track> tracks;
-      for (const Kind& kind : kKinds) {
-        Track& track = tracks.emplace_back();
-        track.type = kind.type;
-        track.folder = kind.folder;
+  const char* const kKinds[] = {"audio", "instrument", "aux", "bus", "stereo_out", "master", "folder"};
+  constexpr StripType kTypes[] = {StripType::kAudio,     StripType::kInstrument, StripType::kAux,   StripType::kBus,
+                                  StripType::kStereoOut, StripType::kMaster,     StripType::kAudio, StripType::kOther};
+  std::vector<Track> tracks;
+  for (const StripType type : kTypes) tracks.emplace_back().type = type;
+  tracks[6].folder = true;
+  eachInChild(kKinds, [&](const char* kind) {
+    const NSInteger style = std::ranges::find(kKinds, kind) - kKinds + 1;
+    start(meterTheme(kind, 5), tracks);
+    for (std::size_t i = 0; i < tracks.size(); ++i) {
+      const NSObject meter = node(i, "level");
+      const auto type = call<"mixerLevelType", NSInteger>(meter);
+      EXPECT_EQ(type / 10, static_cast<NSInteger>(i) + 1 == style ? style : 0) << i;
+      EXPECT_GE(type % 10, 1);
+      for (const NSObject display : items(call<"levelDisplays", NSArray>(meter))) {
+        if (!display.respondsToSelector(selector<"mixerLevelType">())) continue;
+        EXPECT_EQ((call<"mixerLevelType", NSInteger>(display)), type) << i;
       }
-      tracks.emplace_back().type = StripType::kOther;
-      start(meterTheme(kKinds[style].name, 5), tracks);
-      bool right = true;
-      for (std::size_t i = 0; i < tracks.size(); ++i) {
-        const NSObject meter = node(i, "level");
-        const auto type = call<"mixerLevelType", NSInteger>(meter);
-        right &= type / 10 == (i == style ? static_cast<NSInteger>(style) + 1 : 0) && type % 10 >= 1;
-        for (const NSObject display : items(call<"levelDisplays", NSArray>(meter))) {
-          if (!display.respondsToSelector(selector<"mixerLevelType">())) continue;
-          right &= call<"mixerLevelType", NSInteger>(display) == type;
-        }
-      }
-      return right;
-    })) << kKinds[style].name;
-  }
+    }
+  });
 }
 
 TEST_F(Controls, RetagMetersWhoseStripChangesItsKind) {

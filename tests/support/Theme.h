@@ -22,6 +22,8 @@ class ThemeFile {
   /// Any property list element, as XML.
   ThemeFile& xml(const std::string& key, const std::string& element);
   [[nodiscard]] std::string list() const;
+  /// The same as a value in another list.
+  [[nodiscard]] std::string dictionary() const { return "<dict>" + entries_ + "</dict>"; }
 
  private:
   std::string entries_;
