@@ -6,6 +6,7 @@
 #include <cmath>
 #include <filesystem>
 #include <regex>
+#include <set>
 
 #include "cocoa/Call.h"
 #include "cocoa/Exception.h"
@@ -116,21 +117,16 @@ TEST_F(Strips, ShadeTheTrackColourWhereThereIsNoStripGradient) {
 TEST_F(Strips, ShowNoTrackColourThatTheNameFieldDoesNotShow) {
   start(ThemeFile().flag("useTrackColorAsStripBackground", true));
   const NSObject name = node(kAudio, "name");
-  struct Case {
-    const char* what;
-    NSColor behindTheName;
-    Rgba expected;
+  const std::pair<NSColor, Rgba> kCases[] = {
+      {NSColor::colorWithSRGBRed(1, 0, 0, 1), {255, 0, 0}},
+      {host::look(host::Look::kStripBackground), kHostStrip},  // as that of the strip itself
+      {host::look(host::Look::kStripHighlight), kHostStrip},
+      {NSColor::colorWithSRGBRed(1, 0, 0, 0), kHostStrip},
+      {NSColor(), kTrackColour},  // the data source's
   };
-  const Case kCases[] = {
-      {"a colour", NSColor::colorWithSRGBRed(1, 0, 0, 1), {255, 0, 0}},
-      {"as the strip", host::look(host::Look::kStripBackground), kHostStrip},
-      {"as the selected strip", host::look(host::Look::kStripHighlight), kHostStrip},
-      {"transparent", NSColor::colorWithSRGBRed(1, 0, 0, 0), kHostStrip},
-      {"none: the data source's", NSColor(), kTrackColour},
-  };
-  for (const Case& c : kCases) {
-    call<"setBackgroundColor:">(name, c.behindTheName);
-    EXPECT_EQ(rgba(background(kAudio)), c.expected) << c.what;
+  for (const auto& [behindTheName, expected] : kCases) {
+    call<"setBackgroundColor:">(name, behindTheName);
+    EXPECT_EQ(rgba(background(kAudio)), expected) << rgba(behindTheName);
   }
 }
 
@@ -153,32 +149,24 @@ TEST_F(Strips, AskTheDataSourceOnlyWhenTheWindowShowsTrackColours) {
 
 TEST_F(Strips, PutTheMixersBackgroundBehindThem) {
   struct Case {
-    const char* what;
     ThemeFile theme;
     Rgba expected;
   };
-  const ThemeFile plain = ThemeFile().text("mixerBackgroundColor", colour(9, 8, 7));
-  const std::string gradient = "LinearGradient:{{70,60,50,40},{0,0,0,100},V}";
+  const Rgba plain{9, 8, 7};
+  const ThemeFile colours = ThemeFile().text("mixerBackgroundColor", colour(9, 8, 7));
+  const auto with = [&](const char* gradient) { return ThemeFile(colours).text("mixerStripBGGradient", gradient); };
+  constexpr const char* kGradient = "LinearGradient:{{70,60,50,40},{0,0,0,100},V}";
   const Case kCases[] = {
-      {"nothing", ThemeFile(), {28, 28, 30}},
-      {"a colour", plain, {9, 8, 7}},
-      {"the gradient's first stop, opaque", ThemeFile(plain).text("mixerStripBGGradient", gradient), {70, 60, 50}},
-      {"the gradient, not matched",
-       ThemeFile(plain).text("mixerStripBGGradient", gradient).flag("mixerBGMatchGradient", false),
-       {9, 8, 7}},
-      {"an auto gradient without a base",
-       ThemeFile(plain).text("mixerStripBGGradient", "AutoGradient:{10,-10,V}"),
-       {9, 8, 7}},
-      {"an auto gradient over the strip's colour",
-       ThemeFile(plain)
-           .text("mixerStripBGGradient", "AutoGradient:{20,-10,V}")
-           .text("stripBackgroundColor", colour(0, 0, 102)),
-       {0, 0, 153}},
+      {ThemeFile(), {28, 28, 30}},
+      {colours, plain},
+      {with(kGradient), {70, 60, 50}},  // its first stop, opaque
+      {with(kGradient).flag("mixerBGMatchGradient", false), plain},
+      {with("AutoGradient:{10,-10,V}"), plain},  // there is no base
+      {with("AutoGradient:{20,-10,V}").text("stripBackgroundColor", colour(0, 0, 102)), {0, 0, 153}},
   };
   eachInChild(kCases, [&](const Case& c) {
     start(c.theme);
-    const auto shown = rgba(call<"backgroundColor", NSColor>(application_->mixer().contentsView()));
-    EXPECT_EQ(shown, c.expected) << c.what;
+    EXPECT_EQ(rgba(call<"backgroundColor", NSColor>(application_->mixer().contentsView())), c.expected);
   });
 }
 
@@ -209,35 +197,31 @@ Ref<NSBitmapImageRep> drawnFrame(NSObject strip, bool knob) {
 
 TEST_F(Strips, DrawEmptySlotsAndKnobs) {
   struct Case {
-    const char* what;
     ThemeFile theme;
     bool selected;
     bool knob;
     Rgba middle;
-    Rgba nearCorner;  // 4 points in, 1 up: inside a corner of radius 4, outside one of radius 8
+    bool fillsCorner;  // 4 points in, 1 up: inside a corner of radius 4, outside one of radius 8
   };
+  const Rgba host{50, 51, 54};
+  const Rgba hostSelected{74, 77, 83};
+  const Rgba plain{10, 120, 30};
+  const Rgba selected{200, 20, 30};
+  const Rgba clear{0, 0, 0, 0};
   const ThemeFile colours =
       ThemeFile().text("emptySlotBGColor", colour(10, 120, 30)).text("emptySlotSelectedBGColor", colour(200, 20, 30));
-  const Rgba hostFill{50, 51, 54};
-  const Rgba hostSelected{74, 77, 83};
-  const Rgba clear{0, 0, 0, 0};
+  const auto rounder = [](ThemeFile theme, long radius) { return theme.integer("emptySlotBGCornerRadius", radius); };
   const Case kCases[] = {
-      {"host slot", ThemeFile(), false, false, hostFill, hostFill},
-      {"host slot, selected", ThemeFile(), true, false, hostSelected, hostSelected},
-      {"host knob", ThemeFile(), false, true, hostFill, clear},
-      {"slot", colours, false, false, {10, 120, 30}, {10, 120, 30}},
-      {"selected slot", colours, true, false, {200, 20, 30}, {200, 20, 30}},
-      {"knob", colours, false, true, {10, 120, 30}, clear},
-      {"selected knob", colours, true, true, {200, 20, 30}, clear},
-      {"rounder slot", ThemeFile(colours).integer("emptySlotBGCornerRadius", 8), false, false, {10, 120, 30}, clear},
-      {"rounder, no colour: the edge alone", ThemeFile().integer("emptySlotBGCornerRadius", 8), false, false, clear,
-       clear},
-      {"a radius beyond the slot",
-       ThemeFile(colours).integer("emptySlotBGCornerRadius", 4000),
-       false,
-       false,
-       {10, 120, 30},
-       clear},
+      {ThemeFile(), false, false, host, true},
+      {ThemeFile(), true, false, hostSelected, true},
+      {ThemeFile(), false, true, host, false},
+      {colours, false, false, plain, true},
+      {colours, true, false, selected, true},
+      {colours, false, true, plain, false},
+      {colours, true, true, selected, false},
+      {rounder(colours, 8), false, false, plain, false},
+      {rounder(ThemeFile(), 8), false, false, clear, false},  // no colour: the edge alone
+      {rounder(colours, 4000), false, false, plain, false},   // beyond the slot
   };
   eachInChild(kCases, [&](const Case& c) {
     start(c.theme);
@@ -245,7 +229,7 @@ TEST_F(Strips, DrawEmptySlotsAndKnobs) {
     const Ref<NSBitmapImageRep> bitmap = drawnFrame(strip(kAudio), c.knob);
     EXPECT_TRUE(near(pixel(bitmap, 20, 10), c.middle)) << pixel(bitmap, 20, 10);
     const Rgba corner = pixel(bitmap, 4, 16);
-    EXPECT_EQ(corner.alpha > 50, c.nearCorner.alpha > 50) << corner;
+    EXPECT_EQ(corner.alpha > 50, c.fillsCorner) << corner;
     const Rgba edge = pixel(bitmap, 20, 1);  // half of the edge line lies outside of the rectangle
     EXPECT_TRUE(edge.alpha == 2 || edge.alpha == 3) << edge;
   });
@@ -269,21 +253,15 @@ TEST_F(Strips, DrawTitlesOfEmptySlotsOncePerTitleAndSize) {
   const auto bitmap = NSBitmapImageRep::withCGImage(first);
   const auto isRed = [](const Rgba& p) { return p.alpha > 20 && p.red > 240 && p.green < 15; };
   EXPECT_GT(std::ranges::count_if(pixels(bitmap), isRed), 10) << "drawn in the label colour";
-  long left = 60;
-  long right = 0;
-  long top = 18;
-  long bottom = 0;
-  for (long x = 0; x < 60; ++x) {
-    for (long y = 0; y < 18; ++y) {
-      if (pixel(bitmap, x, y).alpha < 20) continue;
-      left = std::min(left, x);
-      right = std::max(right, x);
-      top = std::min(top, y);
-      bottom = std::max(bottom, y);
-    }
+  std::set<long> columns;
+  std::set<long> rows;
+  for (long i = 0; i < 60L * 18; ++i) {
+    if (pixel(bitmap, i % 60, i / 60).alpha < 20) continue;
+    columns.insert(i % 60);
+    rows.insert(i / 60);
   }
-  EXPECT_NEAR(static_cast<double>(left + right) / 2, 30, 1.5) << "centred";
-  EXPECT_NEAR(static_cast<double>(top + bottom) / 2, 9, 2.5) << "in the middle of the slot";
+  EXPECT_NEAR(static_cast<double>(*columns.begin() + *columns.rbegin()) / 2, 30, 1.5) << "centred";
+  EXPECT_NEAR(static_cast<double>(*rows.begin() + *rows.rbegin()) / 2, 9, 2.5) << "in the middle of the slot";
   EXPECT_EQ(titleImage(strip(kAudio), "Huge", {1e9, 18}, 1), nullptr);
   EXPECT_EQ(titleImage(strip(kAudio), "NaN", {std::nan(""), 18}, 1), nullptr);
   EXPECT_NE(titleImage(strip(kAudio), "", {60, 18}, 1), nullptr) << "an empty title draws nothing";
@@ -324,45 +302,37 @@ TEST_F(Strips, ColourTheirTexts) {
 
 TEST_F(Strips, ShowThroughBehindTextsThatHaveNoColourOfTheirOwn) {
   struct Case {
-    const char* what;
     ThemeFile theme;
     Rgba plain;
     Rgba selected;
   };
   const Rgba clear{0, 0, 0, 0};
+  const Rgba plain{10, 20, 30};
+  const Rgba selected{40, 50, 60};
   const ThemeFile colours = ThemeFile()
                                 .text("stripBackgroundColor", colour(10, 20, 30))
                                 .text("stripHighlightBackgroundColor", colour(40, 50, 60));
-  const std::string gradient = "LinearGradient:{{1,1,1,100},{2,2,2,100},V}";
+  const auto with = [&](const char* key, const char* value) { return ThemeFile(colours).text(key, value); };
+  constexpr const char* kLinear = "LinearGradient:{{1,1,1,100},{2,2,2,100},V}";
+  constexpr const char* kAuto = "AutoGradient:{9,-9,V}";
+  constexpr const char* kTracks = "useTrackColorAsStripBackground";
   const Case kCases[] = {
-      {"nothing themed", ThemeFile(), kHostStrip, kHostHighlight},
-      {"colours", colours, {10, 20, 30}, {40, 50, 60}},
-      {"gradient", ThemeFile(colours).text("mixerStripBGGradient", gradient), clear, clear},
-      {"highlight gradient", ThemeFile(colours).text("mixerStripHighlightBGGradient", gradient), {10, 20, 30}, clear},
-      {"bevel", ThemeFile(colours).text("mixerStripBevel", "Bevel:{R,2,30}"), clear, clear},
-      {"auto gradient, unused",
-       ThemeFile(colours).text("UseTrackColorGradient_Mixer", "AutoGradient:{9,-9,V}"),
-       {10, 20, 30},
-       {40, 50, 60}},
-      {"auto gradient",
-       ThemeFile(colours)
-           .text("UseTrackColorGradient_Mixer", "AutoGradient:{9,-9,V}")
-           .flag("useTrackColorAsStripBackground", true),
-       clear, clear},
-      {"highlight gradient beside track colours",
-       ThemeFile(colours).text("mixerStripHighlightBGGradient", gradient).flag("useTrackColorAsStripBackground", true),
-       {10, 20, 30},
-       {40, 50, 60}},
+      {ThemeFile(), kHostStrip, kHostHighlight},
+      {colours, plain, selected},
+      {with("mixerStripBGGradient", kLinear), clear, clear},
+      {with("mixerStripHighlightBGGradient", kLinear), plain, clear},
+      {with("mixerStripBevel", "Bevel:{R,2,30}"), clear, clear},
+      {with("UseTrackColorGradient_Mixer", kAuto), plain, selected},  // unused
+      {with("UseTrackColorGradient_Mixer", kAuto).flag(kTracks, true), clear, clear},
+      {with("mixerStripHighlightBGGradient", kLinear).flag(kTracks, true), plain, selected},
   };
   eachInChild(kCases, [&](const Case& c) {
     start(c.theme);
-    const NSObject number = node(kAudio, "number");
-    const NSObject name = node(kAudio, "name");
-    const auto behind = [](NSObject text) { return rgba(call<"backgroundColor", NSColor>(text)); };
-    EXPECT_EQ(behind(number), c.plain);
-    EXPECT_EQ(behind(name), kTrackColour) << "a colour of its own stays";
+    const auto behind = [&](const char* text) { return rgba(call<"backgroundColor", NSColor>(node(kAudio, text))); };
+    EXPECT_EQ(behind("number"), c.plain);
+    EXPECT_EQ(behind("name"), kTrackColour) << "a colour of its own stays";
     call<"setHighlightState:">(strip(kAudio), NSInteger(1));
-    EXPECT_EQ(behind(number), c.selected);
+    EXPECT_EQ(behind("number"), c.selected);
   });
 }
 
