@@ -1,5 +1,6 @@
 // `velura grid` and `velura watch`.
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/wait.h>
@@ -7,7 +8,6 @@
 
 #include <chrono>
 #include <filesystem>
-#include <regex>
 #include <thread>
 
 #include "cli/PrivateFolders.h"
@@ -175,9 +175,8 @@ TEST_F(GridCommand, IsFollowedByWatch) {
   ASSERT_EQ(grid("enabled=true").status, 0);
   ASSERT_TRUE(watch.writes(count + 1)) << fileContents(output);
   const std::string added = watch.settled().substr(linesBefore.size());
-  EXPECT_TRUE(std::regex_match(
-      added, std::regex("redraw " + std::to_string(count + 1) + R"(: \d+\.\d ms after the settings were saved\n)")))
-      << added;
+  EXPECT_THAT(added, testing::MatchesRegex("redraw " + std::to_string(count + 1) +
+                                           ": [0-9]+\\.[0-9] ms after the settings were saved\n"));
   EXPECT_EQ(watch.end(SIGTERM), 0);
   EXPECT_FALSE(fileContents(picture) == before) << "with a grid";
   EXPECT_TRUE(fileContents(picture).starts_with("\x89PNG"));
