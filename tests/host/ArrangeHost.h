@@ -24,14 +24,6 @@ inline NSBitmapImageRep drawn(NSView view, CGRect rect) {
   return bitmap;
 }
 
-/// The pixel of a window's picture that lies at a place on the screen.
-inline Rgba screenPixel(NSWindow window, NSBitmapImageRep picture, CGPoint place) {
-  const CGRect frame = window.frame();
-  const double scale = window.backingScaleFactor();
-  return pixel(picture, static_cast<long>((place.x - frame.minX()) * scale),
-               static_cast<long>((frame.maxY() - place.y) * scale));
-}
-
 inline Rgba songColour(const host::SongColour& colour) { return {colour.red, colour.green, colour.blue, 100}; }
 
 inline std::vector<NSObject> accessibilityChildren(NSObject of) {

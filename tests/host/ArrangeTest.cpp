@@ -4,22 +4,15 @@
 
 #include <cmath>
 
-#include "cocoa/ClassDefinition.h"
 #include "cocoa/Dispatch.h"
-#include "host/Look.h"
-#include "host/arrange/LocalizedFormat.h"
 #include "host/arrange/Timeline.h"
-#include "host/arrange/TrackRows.h"
 #include "standin/Display.h"
 #include "standin/RunLoop.h"
 #include "tests/host/ArrangeHost.h"
-#include "tests/support/HostTest.h"
 
 namespace {
 
 using namespace cocoa;
-using host::Look;
-using host::look;
 using host::WindowKind;
 using namespace support;
 
@@ -34,169 +27,6 @@ host::Song songOfTracks(std::size_t tracks, std::size_t regions) {
     }
   }
   return song;
-}
-
-TEST(ArrangeHeaders, ShowColourBarsWhereTheirSetUpSays) {
-  struct Case {
-    bool numbers;
-    bool colourBars;
-    std::optional<int> surfaces;
-    bool adapter;
-    long column;  // in the colour bar; -1 where there is none
-  };
-  const Case kCases[] = {
-      {true, true, std::nullopt, true, 2},
-      {false, true, std::nullopt, true, 1},
-      {true, true, 0, true, 1},
-      {true, true, 1, true, 6},
-      {false, true, 3, true, 16},
-      {true, true, 12, true, 61},
-      {false, true, 2, false, 6},
-      {true, true, 2, false, 9},
-      {true, false, 3, true, -1},
-  };
-  for (const Case& c : kCases) {
-    // Which classes a host has is settled once a process.
-    EXPECT_TRUE(inChild([&] {
-      host::Song song = songOfTracks(3, 0);
-      song.arrange.headers = {c.numbers, c.colourBars, c.surfaces};
-      const auto application = arrangeHost(song, {.modelAdapter = c.adapter});
-      EXPECT_EQ(classNamed("MAMixerModelAdapter") != nullptr, c.adapter);
-      const NSView headers = application->arrange().headers();
-      const NSBitmapImageRep picture = drawn(headers, headers.visibleRect());
-      const host::TrackRows rows(song);
-      for (std::size_t i = 0; i < 3; ++i) {
-        const long y = static_cast<long>(rows.top(i)) + 2;
-        const Rgba expected = songColour(*song.tracks[i].colour);
-        if (c.column >= 0) {
-          EXPECT_EQ(pixel(picture, c.column, y), expected) << c.column;
-        }
-        for (long x = 0; x < 30 && c.column < 0; ++x) EXPECT_NE(pixel(picture, x, y), expected);
-        EXPECT_EQ(pixel(picture, picture.pixelsWide() - 1, y).alpha, 0) << "the header's own background lies behind";
-      }
-      return true;
-    }));
-  }
-}
-
-TEST(ArrangeHeaders, LieOnPlainStripsAndLookTheSameWhenTheyCountFromTheTop) {
-  host::Song song = songOfTracks(4, 0);
-  song.tracks[1].selected = true;
-  song.tracks[2].folder = song.tracks[3].folder = song.tracks[3].selected = true;
-  song.tracks[2].height = 25;
-  const auto picture = [&song](bool flipped) {
-    const auto application = arrangeHost(song, {.scale = 2, .flippedHeaders = flipped});
-    EXPECT_EQ(application->arrange().headers().isFlipped(), flipped);
-    return session::windowAsPng(*application, WindowKind::kArrange);
-  };
-  EXPECT_TRUE(picture(false) == picture(true));
-
-  const auto application = arrangeHost(song);
-  const NSWindow window = application->window(WindowKind::kArrange);
-  const auto bitmap = application->draw(WindowKind::kArrange);
-  const auto elements = accessibilityChildren(application->arrange().headers());
-  constexpr Look kStrips[] = {Look::kArrangeStrip, Look::kArrangeStripSelected, Look::kArrangeFolderStrip,
-                              Look::kArrangeFolderStripSelected};
-  ASSERT_EQ(elements.size(), std::size(kStrips));
-  for (std::size_t i = 0; i < elements.size(); ++i) {
-    const CGRect frame = screenFrame(elements[i]);
-    const CGPoint corner{frame.maxX() - 0.5, frame.maxY() - 0.5};
-    EXPECT_EQ(screenPixel(window, bitmap, corner), rgba(look(kStrips[i]))) << i;
-  }
-  const CGRect last = screenFrame(elements.back());
-  EXPECT_EQ(screenPixel(window, bitmap, {last.midX(), last.minY() - 5}), (Rgba{97, 97, 97, 100}));
-}
-
-TEST(ArrangeAccessibility, ListsTheHeadersFromTheTopDown) {
-  const AutoreleasePool pool;
-  const auto application = arrangeHost(sampleSong());
-  application->arrange().setScroll(0, 120);
-  const host::Song& song = application->song();
-  const auto elements = accessibilityChildren(application->arrange().headers());
-  ASSERT_EQ(elements.size(), song.tracks.size());
-  const host::TrackRows rows(song);
-  for (std::size_t i = 0; i < elements.size(); ++i) {
-    const NSObject element = elements[i];
-    const CGRect frame = screenFrame(element);
-    EXPECT_EQ(frame.size, (CGSize{220, rows.height(i)}));
-    EXPECT_EQ(frame.maxY(), screenFrame(elements[0]).maxY() - rows.top(i));
-    EXPECT_EQ(asks<"isSelected">(element.object), song.tracks[i].selected);
-    EXPECT_EQ(textOf(element, "AXDescription"), "Track " + std::to_string(i + 1) + " “" + song.tracks[i].name + "”");
-    std::size_t triangles = 0;
-    const auto parts = accessibilityChildren(element);
-    for (const NSObject part : parts) triangles += textOf(part, "AXRole") == "AXDisclosureTriangle" ? 1U : 0U;
-    EXPECT_EQ(triangles, song.tracks[i].folder ? 1U : 0U);
-    EXPECT_GE(parts.size(), 4U);
-    EXPECT_EQ(textOf(parts.back(), "AXRole"), "AXButton");
-  }
-  EXPECT_FALSE(attribute(elements[0], "AXNothing"));
-}
-
-std::size_t timesFormatted(NSView headers) {
-  const std::size_t before = host::formattedDescriptions();
-  accessibilityChildren(headers);
-  return host::formattedDescriptions() - before;
-}
-
-NSString nothingFormatted(Class /*self*/) { return literal<"">(); }
-
-TEST(ArrangeAccessibility, FormatsADescriptionOnceItIsAnyText) {
-  const auto application = arrangeHost(songOfTracks(5, 0));
-  const NSView headers = application->arrange().headers();
-  const Method method = class_getClassMethod(classNamed("NSString"), selector<"localizedStringWithFormat:">());
-  const IMP own = method_getImplementation(method);
-  using Empty = NSString (*)(Class);
-  const Empty empty = nothingFormatted;
-  method_setImplementation(method, reinterpret_cast<IMP>(reinterpret_cast<void (*)()>(empty)));
-  EXPECT_EQ(timesFormatted(headers), 0U);
-  method_setImplementation(method, own);
-  EXPECT_EQ(timesFormatted(headers), 5U);
-  EXPECT_EQ(timesFormatted(headers), 0U);
-  application->arrange().songChanged();
-  EXPECT_EQ(timesFormatted(headers), 5U);
-}
-
-TEST(ArrangeAccessibility, ListsEveryRegionWhereItIsDrawn) {
-  for (const double scale : {1.0, 2.0}) {
-    const AutoreleasePool pool;
-    const auto application = arrangeHost(sampleSong(), {.scale = scale});
-    application->arrange().setScroll(133, 40);
-    const host::Song& song = application->song();
-    const NSWindow window = application->window(WindowKind::kArrange);
-    const auto bitmap = application->draw(WindowKind::kArrange);
-    const auto rows = accessibilityChildren(application->arrange().contents());
-    ASSERT_EQ(rows.size(), song.tracks.size() + 1);
-    long seen = 0;
-    for (std::size_t i = 0; i < song.tracks.size(); ++i) {
-      EXPECT_EQ(textOf(rows[i], "AXRole"), "AXGroup");
-      const auto regions = accessibilityChildren(rows[i]);
-      ASSERT_EQ(regions.size(), song.tracks[i].regions.size()) << song.tracks[i].name;
-      for (std::size_t k = 0; k < regions.size(); ++k) {
-        const host::Region& region = song.tracks[i].regions[k];
-        EXPECT_EQ(textOf(regions[k], "AXRole"), "AXLayoutItem");
-        EXPECT_EQ(textOf(regions[k], "AXDescription"), region.name);
-        const CGRect frame = screenFrame(regions[k]);
-        EXPECT_DOUBLE_EQ(frame.size.width, region.length * song.arrange.zoom);
-        // A plain region's title bar has its colour; the name begins five points in.
-        const CGPoint inTitle{frame.minX() + 3.5, frame.maxY() - 6};
-        const bool plain = !region.selected && !region.muted && !region.loop;
-        const CGRect shown = application->arrange().contents().superview().frame();
-        if (!plain || inTitle.x < shown.minX() || inTitle.x > shown.maxX() || inTitle.y > shown.maxY() ||
-            inTitle.y < shown.minY() || frame.size.width < 60) {
-          continue;
-        }
-        ++seen;
-        const auto colour = region.colour ? region.colour : song.tracks[i].colour;
-        const Rgba expected = colour ? songColour(*colour) : Rgba{124, 124, 124, 100};
-        EXPECT_EQ(screenPixel(window, bitmap, inTitle), expected) << region.name;
-      }
-    }
-    EXPECT_GT(seen, 20);
-    const auto cycle = accessibilityChildren(rows.back());
-    ASSERT_EQ(cycle.size(), 1U);
-    EXPECT_EQ(textOf(cycle[0], "AXDescription"), "cycle region");
-    EXPECT_DOUBLE_EQ(screenFrame(cycle[0]).size.width, 8 * song.arrange.zoom);
-  }
 }
 
 TEST(ArrangeAccessibility, ElementsOutliveWhatTheyStandFor) {
@@ -215,82 +45,6 @@ TEST(ArrangeAccessibility, ElementsOutliveWhatTheyStandFor) {
   }
   EXPECT_FALSE(attribute(row, "AXPosition"));
   EXPECT_EQ(accessibilityChildren(row).size(), 0U) << "not asked before, and nothing to ask any more";
-}
-
-NSDictionary headerSetUp(host::Application& application) {
-  const NSObject fenster = call<"fenster", NSObject>(application.arrange().arrangeView());
-  return call<"createSaveConfigDict:", NSDictionary>(asObject(classNamed("TrackHeaderConfigController")), fenster);
-}
-
-TEST(ArrangeDocument, TellsHowItsHeadersAreSetUp) {
-  for (const bool shown : {true, false}) {
-    host::Song song = songOfTracks(1, 0);
-    song.arrange.headers.trackNumbers = song.arrange.headers.colourBars = shown;
-    if (shown) song.arrange.headers.controlSurfaceBars = 0;
-    const auto application = arrangeHost(song);
-    const NSDictionary setUp = headerSetUp(*application);
-    const auto switches = as<NSArray>(setUp.objectForKey(literal<"trackelemShow">()));
-    EXPECT_EQ(as<NSNumber>(setUp.objectForKey(literal<"isshowtrnums">())).boolValue(), shown);
-    ASSERT_GE(switches.count(), 20U);
-    for (const NSUInteger index : {12U, 14U}) {
-      EXPECT_EQ(as<NSNumber>(switches.objectAtIndex(index)).boolValue(), shown) << index;
-    }
-  }
-  const Ref<NSObject> stranger = make<NSObject>();
-  EXPECT_FALSE((call<"createSaveConfigDict:", NSDictionary>(asObject(classNamed("TrackHeaderConfigController")),
-                                                            stranger.get())));
-}
-
-TEST(ArrangeDocument, IsKnownToTheMixersModelByNumberOrByItself) {
-  eachInChild({false, true}, [&](const bool bySong) {
-    host::Song song = songOfTracks(1, 0);
-    song.arrange.headers.controlSurfaceBars = 7;
-    const auto application = arrangeHost(song, {.adapterBySong = bySong});
-    const NSView contents = application->arrange().contents();
-    const auto document = call<"songDocument", NSObject>(call<"docManager", NSObject>(contents));
-    const auto number = call<"songID", NSInteger>(document);
-    const id made = call<"alloc", id>(asObject(classNamed("MAMixerModelAdapter")));
-    EXPECT_EQ(respondsTo(made, selector<"initWithSongID:">()), !bySong);
-    EXPECT_EQ(respondsTo(made, selector<"initWithSong:">()), bySong);
-    const id adapter = bySong ? call<"initWithSong:", id>(made, call<"song", NSObject>(contents))
-                              : call<"initWithSongID:", id>(made, number);
-    EXPECT_EQ((call<"numberOfControlSurfaceBars", NSInteger>(adapter)), 7);
-    const id other = call<"alloc", id>(asObject(classNamed("MAMixerModelAdapter")));
-    const id none =
-        bySong ? call<"initWithSong:", id>(other, NSObject()) : call<"initWithSongID:", id>(other, number + 1);
-    EXPECT_EQ(none, nullptr);
-  });
-}
-
-/// Keeps what it is told of.
-struct OpenObserver : ObjectState {
-  Ref<NSObject> document;
-  NSUInteger views = 0;
-  void opened(NSNotification notification) {
-    document = notification.userInfo().objectForKey(literal<"CLgSongDocument">());
-    const auto manager = call<"unilibDocManager", NSObject>(document.get());
-    for (const NSObject view : items(call<"visibleUnilibViews", NSArray>(manager))) {
-      views += toStdString(view.className()) == "CLgArrangeView" ? 1U : 0U;
-    }
-  }
-};
-
-TEST(ArrangeDocument, AnnouncesItselfWithItsViews) {
-  ClassDefinition<OpenObserver>("ArrangeTestObserver", "NSObject")
-      .method<"opened:", &OpenObserver::opened>()
-      .registered();
-  const auto observer = Ref<NSObject>::adopt(NSObject(call<"new", id>(asObject(classNamed("ArrangeTestObserver")))));
-  NSNotificationCenter::defaultCenter().addObserver(
-      observer, selector<"opened:">(), literal<"CLgDocumentControllerNotification_documentDidOpen">(), NSObject());
-  const auto application = arrangeHost(songOfTracks(1, 0));
-  NSNotificationCenter::defaultCenter().removeObserver(observer);
-  EXPECT_EQ(stateOf<OpenObserver>(observer).document.get(), application->arrange().document());
-  EXPECT_EQ(stateOf<OpenObserver>(observer).views, 1U);
-  const NSView arrange = application->arrange().arrangeView();
-  const NSWindow window = application->window(WindowKind::kArrange);
-  EXPECT_TRUE(arrange.isDescendantOf(call<"mainSplitView", NSView>(window.windowController())));
-  EXPECT_EQ((call<"sectionView:", NSView>(arrange, NSInteger(2))), application->arrange().ruler());
-  EXPECT_FALSE((call<"sectionView:", NSView>(arrange, NSInteger(7))));
 }
 
 TEST(ArrangeMouse, DragsTheRegionUnderThePointerBeatByBeat) {
