@@ -102,30 +102,6 @@ TEST(Color, ConvertsByKeepingValues) {
   EXPECT_FALSE(NSColor::colorWithCatalogName(string("Catalogue"), string("none")));
 }
 
-TEST(Color, KnowsHueSaturationBrightness) {
-  const AutoreleasePool pool;
-  struct Case {
-    CGFloat rgb[3];
-    CGFloat hsb[3];
-  };
-  constexpr Case kCases[] = {{{1, 0, 0}, {0, 1, 1}},       {{0, 1, 0}, {1.0 / 3, 1, 1}},
-                             {{0, 0, 1}, {2.0 / 3, 1, 1}}, {{0.5, 0.5, 0.5}, {0, 0, 0.5}},
-                             {{0, 0, 0}, {0, 0, 0}},       {{0.5, 0.25, 0.5}, {5.0 / 6, 0.5, 0.5}}};
-  for (const Case& c : kCases) {
-    CGFloat h = -1, s = -1, b = -1, a = -1;
-    NSColor::colorWithSRGBRed(c.rgb[0], c.rgb[1], c.rgb[2], 0.5).getHue(&h, &s, &b, &a);
-    EXPECT_NEAR(h, c.hsb[0], 1e-12);
-    EXPECT_NEAR(s, c.hsb[1], 1e-12);
-    EXPECT_NEAR(b, c.hsb[2], 1e-12);
-    EXPECT_EQ(a, 0.5);
-    CGFloat red = -1, green = -1, blue = -1;
-    NSColor::colorWithHue(h, s, b, 1).getRed(&red, &green, &blue, nullptr);
-    EXPECT_NEAR(red, c.rgb[0], 1e-12);
-    EXPECT_NEAR(green, c.rgb[1], 1e-12);
-    EXPECT_NEAR(blue, c.rgb[2], 1e-12);
-  }
-}
-
 TEST(Color, PassesThroughCoreGraphics) {
   const AutoreleasePool pool;
   for (const Named& each : differentColors()) {

@@ -17,7 +17,6 @@ using namespace support;
 struct RowsView : ObjectState {
   bool flipped = false;
   std::vector<NSRect> asked;
-  int frameChanges = 0;
   BOOL isFlipped() { return static_cast<BOOL>(flipped); }
   void drawRect(NSRect dirty) {
     asked.push_back(dirty);
@@ -27,7 +26,6 @@ struct RowsView : ObjectState {
       NSRectFill({{dirty.minX(), y}, {dirty.size.width, 1}});
     }
   }
-  void frameDidChange(NSNotification) { ++frameChanges; }
 };
 
 RowsView& rows(NSView view) { return stateOf<RowsView>(view); }
@@ -37,7 +35,6 @@ Ref<NSView> rowsView(NSRect frame, bool flipped) {
     ClassDefinition<RowsView>("DisplayTestRows", "NSView")
         .method<"isFlipped", &RowsView::isFlipped>()
         .method<"drawRect:", &RowsView::drawRect>()
-        .method<"frameDidChange:", &RowsView::frameDidChange>()
         .registered();
   }
   auto view =
@@ -198,37 +195,6 @@ TEST(ClipView, ShowsAPartOfWhatItHolds) {
     clip->setBoundsOrigin({0, 0});
     EXPECT_EQ(document->visibleRect(), CGRectMake(0, 7, 30, 40));
   }
-}
-
-TEST(Window, ConvertsToTheScreen) {
-  const AutoreleasePool pool;
-  const auto host = window({{300, 200}, {100, 80}});
-  const auto down = rowsView({{10, 20}, {50, 40}}, true);
-  host->contentView().addSubview(down);
-  down->setBoundsOrigin({0, 100});
-  const NSRect base = down->convertRectToView({{5, 110}, {4, 3}}, {});
-  EXPECT_EQ(base, CGRectMake(15, 47, 4, 3));
-  EXPECT_EQ(host->convertRectToScreen(base), CGRectMake(315, 247, 4, 3));
-  EXPECT_EQ(host->convertRectFromScreen({{315, 247}, {4, 3}}), base);
-}
-
-TEST(View, TellsOnceOfEveryChangeOfItsFrame) {
-  const AutoreleasePool pool;
-  const auto view = rowsView({{0, 0}, {5, 5}}, false);
-  const NSNotificationCenter center = NSNotificationCenter::defaultCenter();
-  center.addObserver(view, selector<"frameDidChange:">(), NSViewFrameDidChangeNotification, view.get());
-  view->setFrame({{1, 2}, {3, 4}});
-  EXPECT_EQ(rows(view).frameChanges, 1);
-  view->setFrame({{1, 2}, {3, 4}});
-  view->setBoundsOrigin({9, 9});
-  EXPECT_EQ(rows(view).frameChanges, 1) << "nothing changed";
-  view->setFrameSize({8, 8});
-  view->setFrameOrigin({8, 8});
-  EXPECT_EQ(rows(view).frameChanges, 3);
-  call<"setPostsFrameChangedNotifications:">(view.get(), BOOL(NO));
-  view->setFrame({});
-  EXPECT_EQ(rows(view).frameChanges, 3);
-  center.removeObserver(view);
 }
 
 }  // namespace

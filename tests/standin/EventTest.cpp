@@ -153,39 +153,4 @@ TEST(Alert, IsEndedByTheUser) {
   standin::setAlertAnswer({});
 }
 
-TEST(Appearance, IsOneObjectAName) {
-  const AutoreleasePool pool;
-  const NSAppearance dark = NSAppearance::appearanceNamed(NSAppearanceNameVibrantDark);
-  EXPECT_TRUE(dark);
-  EXPECT_EQ(dark, NSAppearance::appearanceNamed(string("NSAppearanceNameVibrantDark")));
-  EXPECT_FALSE(NSAppearance::appearanceNamed(string("other")));
-  EXPECT_FALSE(NSAppearance::appearanceNamed({}));
-}
-
-TEST(Workspace, TellsOfAddresses) {
-  const AutoreleasePool pool;
-  std::string told;
-  standin::setOpenedURL([&told](const std::string& address) { told += address; });
-  EXPECT_TRUE(NSWorkspace::sharedWorkspace().openURL(NSURL::URLWithString(string("https://example.com/a?b"))));
-  EXPECT_FALSE(NSWorkspace::sharedWorkspace().openURL({}));
-  EXPECT_EQ(told, "https://example.com/a?b");
-  standin::setOpenedURL({});
-}
-
-TEST(Accessibility, OfAViewIsAGroupOnTheScreen) {
-  const AutoreleasePool pool;
-  const auto host = window();
-  const auto view = noting({{10, 20}, {30, 40}}, true);
-  const auto value = [&](const char* name) {
-    return call<"accessibilityAttributeValue:", NSObject>(view.get(), string(name));
-  };
-  EXPECT_FALSE(value("AXPosition")) << "in no window";
-  host->contentView().addSubview(view);
-  EXPECT_EQ(cast<NSValue>(value("AXPosition")).pointValue(), (NSPoint{310, 220}));
-  EXPECT_EQ(cast<NSValue>(value("AXSize")).sizeValue(), (NSSize{30, 40}));
-  EXPECT_TRUE(value("AXRole").isEqual(string("AXGroup")));
-  EXPECT_EQ(cast<NSArray>(value("AXChildren")).count(), 0U);
-  EXPECT_FALSE(value("AXOther"));
-}
-
 }  // namespace

@@ -116,49 +116,6 @@ TEST(View, KeepsItsTreeAndTellsAboutWindows) {
   EXPECT_EQ(b->tag(), -1);
 }
 
-TEST(View, HasItsControllerAsNextResponder) {
-  const AutoreleasePool pool;
-  const auto superview = NSView::withFrame({});
-  const auto view = NSView::withFrame({});
-  {
-    const auto controller = make<NSViewController>();
-    controller->setView(view);
-    superview->addSubview(view);
-    EXPECT_EQ(view->nextResponder(), controller.get());
-    EXPECT_EQ(controller->nextResponder(), superview.get());
-  }
-  EXPECT_EQ(view->nextResponder(), superview.get()) << "the controller is gone";
-  const auto lazy = make<NSViewController>();
-  EXPECT_FALSE(lazy->isViewLoaded());
-  EXPECT_TRUE(lazy->view());
-}
-
-TEST(Window, HasAFrameAroundItsContents) {
-  const AutoreleasePool pool;
-  const auto host = window({300, 100});
-  host->setTitle(string("Title"));
-  EXPECT_EQ(host->frame().size, (NSSize{300, 128}));
-  const NSView frame = host->contentView().superview();
-  EXPECT_EQ(toStdString(frame.className()), "NSThemeFrame");
-  EXPECT_EQ(host->contentView().frame(), CGRectMake(0, 0, 300, 100));
-  NSView container;
-  for (const NSView each : items<NSView>(frame.subviews())) {
-    if (each.respondsToSelector(selector<"associatedThemeFrame">())) container = each;
-  }
-  ASSERT_TRUE(container);
-  EXPECT_EQ(toStdString(container.className()), "NSTitlebarContainerView");
-  EXPECT_EQ((call<"associatedThemeFrame", NSView>(container)), frame);
-  const auto bar = cast<NSView>(container.subviews().objectAtIndex(0));
-  EXPECT_EQ(toStdString(bar.className()), "NSTitlebarView");
-  const auto title = as<NSTextField>(bar.subviews().objectAtIndex(0));
-  EXPECT_EQ(toStdString(title.stringValue()), "Title");
-  host->setSubtitle(string("Second"));
-  EXPECT_EQ(toStdString(as<NSTextField>(bar.subviews().objectAtIndex(1)).stringValue()), "Second");
-  host->setFrame({{0, 0}, {200, 78}}, true);
-  EXPECT_EQ(host->contentView().frame().size, (NSSize{200, 50}));
-  EXPECT_EQ(window({20, 20}, NSWindowStyleMaskBorderless)->frame().size, (NSSize{20, 20}));
-}
-
 struct Listener : ObjectState {
   std::vector<id> updated;
   void windowDidUpdate(NSNotification note) { updated.push_back(note.sender().object); }
@@ -194,27 +151,6 @@ TEST(Window, IsListedFrontToBackAndTellsOfUpdates) {
   const auto controller = NSWindowController::withWindow(first);
   EXPECT_EQ(first->windowController(), controller.get());
   EXPECT_EQ(first->nextResponder(), controller.get());
-}
-
-TEST(Control, ShowsItsCell) {
-  const AutoreleasePool pool;
-  const auto field = NSTextField::withFrame({{0, 0}, {60, 20}});
-  field->setStringValue(string("Text"));
-  field->setTextColor(letter('R'));
-  EXPECT_EQ(toStdString(field->attributedStringValue().string()), "Text");
-  NSRange range;
-  EXPECT_TRUE(field->attributedStringValue().attribute(NSForegroundColorAttributeName, 0, &range).isEqual(letter('R')));
-  field->setDrawsBackground(true);
-  field->setBackgroundColor(letter('G'));
-  const Canvas canvas(60, 20);
-  const auto graphics = NSGraphicsContext::graphicsContextWithCGContext(canvas.context(), false);
-  field->displayRectIgnoringOpacity(field->bounds(), graphics);
-  EXPECT_EQ(canvas.at(59, 19), 0x00ff00ffU);
-  EXPECT_NE(canvas.art().find('-'), std::string::npos) << "red letters on green";
-  const auto button = NSButton::withFrame({{0, 0}, {20, 20}});
-  button->setImage(imageOf({"B"}));
-  EXPECT_TRUE(button->image());
-  EXPECT_EQ(toStdString(button->cell().className()), "NSButtonCell");
 }
 
 }  // namespace
