@@ -128,29 +128,21 @@ ThemeFile fourColours() {
 }
 
 TEST_F(HeaderStrips, TakeTheColoursOfTheirKind) {
-  struct Case {
-    const char* what;
-    ThemeFile theme;
-    std::vector<Rgba> expected;
+  const ThemeFile two = ThemeFile()
+                            .text("arrangeStripBackgroundColor", colour(10, 0, 0))
+                            .text("arrangeFolderSelectedStripBackgroundColor", colour(40, 0, 0));
+  const std::pair<ThemeFile, std::vector<Rgba>> kCases[] = {
+      {fourColours(), {{10, 0, 0}, {20, 0, 0}, {30, 0, 0}, blended({40, 100, 0, 50}, kEmpty), kEmpty}},
+      {two, {{10, 0, 0}, kHostEmpty, kHostEmpty, {40, 0, 0}, kHostEmpty}},
+      {ThemeFile().text("EmptyAreaBelow", colour(8, 16, 24)), {kEmpty, kEmpty, kEmpty, kEmpty, kEmpty}},
+      {ThemeFile(), {kHostEmpty, kHostEmpty, kHostEmpty, kHostEmpty, kHostEmpty}},
   };
-  const Case kCases[] = {
-      {"all four", fourColours(), {{10, 0, 0}, {20, 0, 0}, {30, 0, 0}, blended({40, 100, 0, 50}, kEmpty), kEmpty}},
-      {"two keys",
-       ThemeFile()
-           .text("arrangeStripBackgroundColor", colour(10, 0, 0))
-           .text("arrangeFolderSelectedStripBackgroundColor", colour(40, 0, 0)),
-       {{10, 0, 0}, kHostEmpty, kHostEmpty, {40, 0, 0}, kHostEmpty}},
-      {"the empty area alone",
-       ThemeFile().text("EmptyAreaBelow", colour(8, 16, 24)),
-       {kEmpty, kEmpty, kEmpty, kEmpty, kEmpty}},
-      {"nothing", ThemeFile(), {kHostEmpty, kHostEmpty, kHostEmpty, kHostEmpty, kHostEmpty}},
-  };
-  for (const Case& c : kCases) {
-    eachInChild({false, true}, [&](const bool flipped) {
-      start(c.theme, fourTracks(), {.flippedHeaders = flipped});
+  for (const bool flipped : {false, true}) {
+    eachInChild(kCases, [&](const auto& c) {
+      start(c.first, fourTracks(), {.flippedHeaders = flipped});
       const auto shown = edge();
       for (std::size_t i = 0; i < shown.size(); ++i) {
-        EXPECT_TRUE(near(shown[i], c.expected[i])) << c.what << " " << i << ": " << shown[i];
+        EXPECT_TRUE(near(shown[i], c.second[i])) << flipped << i << ": " << shown[i];
       }
     });
   }
@@ -158,11 +150,7 @@ TEST_F(HeaderStrips, TakeTheColoursOfTheirKind) {
 
 TEST_F(HeaderStrips, AreLookedForOnlyUnderAThemeThatHasSome) {
   constexpr const char* kLine = "Velura Context is flipped. We need to handle this";
-  struct Case {
-    ThemeFile theme;
-    bool asks;
-  };
-  const Case kCases[] = {
+  const std::pair<ThemeFile, bool> kCases[] = {
       {ThemeFile().text("EmptyAreaBelow", colour(8, 16, 24)), false},
       {ThemeFile().text("arrangeFolderStripBackgroundColor", colour(1, 2, 3)), true},
       {ThemeFile().text("arrangeStripHighlightBackgroundColor", colour(1, 2, 3)), true},
@@ -171,16 +159,14 @@ TEST_F(HeaderStrips, AreLookedForOnlyUnderAThemeThatHasSome) {
       {ThemeFile().text("arrangeStripBevel", "Bevel:{R,2,30}"), true},
       {ThemeFile().flag("useTrackColorAsArrangeStripBackground", true), true},
   };
-  int index = 0;
-  for (const Case& c : kCases) {
-    eachInChild({false, true}, [&](const bool flipped) {
-      start(c.theme, fourTracks(), {.flippedHeaders = flipped});
+  for (const bool flipped : {false, true}) {
+    eachInChild(kCases, [&](const auto& c) {
+      start(c.first, fourTracks(), {.flippedHeaders = flipped});
       testing::internal::CaptureStderr();
       picture();
       const std::string log = testing::internal::GetCapturedStderr();
-      EXPECT_EQ(log.find(kLine) != std::string::npos, c.asks && flipped) << log;
+      EXPECT_EQ(log.find(kLine) != std::string::npos, c.second && flipped) << log;
     });
-    ++index;
   }
 }
 
@@ -399,49 +385,39 @@ TEST_F(HeaderStrips, ChooseBetweenGradientAndColour) {
   constexpr Rgba kRed{255, 0, 0};
   constexpr Rgba kBlue{0, 0, 255};
   constexpr Rgba kHalf{128, 0, 128};  // blue, half of it over red
-  const std::string anchored = "LinearGradient:{{255,0,0,100,0},{255,0,0,100,@fader},V}";
-  const std::string blue = "LinearGradient:{{0,0,255,100},{0,0,255,100},V}";
+  constexpr const char* kAnchored = "LinearGradient:{{255,0,0,100,0},{255,0,0,100,@fader},V}";
+  constexpr const char* kShaded = "AutoGradient:{{0},{1},V}";
   const ThemeFile tracks = ThemeFile().flag("useTrackColorAsArrangeStripBackground", true);
+  const auto with = [](ThemeFile theme, const std::string& gradient) {
+    return theme.text("arrangeStripBGGradient", gradient);
+  };
+  const auto withSelected = [](ThemeFile theme) { return theme.text("arrangeStripHighlightBGGradient", redStops(2)); };
   struct Case {
-    const char* what;
     ThemeFile theme;
     bool selected;
     double alpha;  // of the blue strip
     Rgba expected;
   };
   const Case kCases[] = {
-      {"24 stops", ThemeFile().text("arrangeStripBGGradient", redStops(24)), false, 1, kRed},
-      {"anchored", ThemeFile().text("arrangeStripBGGradient", anchored), false, 1, kBlue},
-      {"selected, no gradient for it", ThemeFile().text("arrangeStripBGGradient", redStops(2)), true, 1, kBlue},
-      {"selected", ThemeFile().text("arrangeStripHighlightBGGradient", redStops(2)), true, 1, kRed},
-      {"not selected", ThemeFile().text("arrangeStripHighlightBGGradient", redStops(2)), false, 1, kBlue},
-      {"from the strip's colour", ThemeFile().text("arrangeStripBGGradient", "AutoGradient:{{0},{1},V}"), false, 1,
-       kBlue},
-      {"track over gradient", ThemeFile(tracks).text("arrangeStripBGGradient", redStops(2)), false, 0.5, kHalf},
-      {"selected track, the plain gradient", ThemeFile(tracks).text("arrangeStripBGGradient", redStops(2)), true, 0.5,
-       kHalf},
-      {"selected track, its own",
-       ThemeFile(tracks).text("arrangeStripBGGradient", blue).text("arrangeStripHighlightBGGradient", redStops(2)),
-       true, 0.5, kHalf},
-      {"track over the theme's colour, shaded",
-       ThemeFile(tracks)
-           .text("arrangeStripBGGradient", "AutoGradient:{{0},{1},V}")
-           .text("arrangeStripBackgroundColor", colour(255, 0, 0)),
-       false, 0.5, kHalf},
-      {"selected track over the theme's colour, shaded",
-       ThemeFile(tracks)
-           .text("arrangeStripBGGradient", "AutoGradient:{{0},{1},V}")
-           .text("arrangeStripHighlightBackgroundColor", colour(255, 0, 0)),
-       true, 0.5, kHalf},
-      {"track, nothing to shade", ThemeFile(tracks).text("arrangeStripBGGradient", "AutoGradient:{{0},{1},V}"), false,
-       0.5, faded(kBlue, 50)},
-      {"track, anchored", ThemeFile(tracks).text("arrangeStripBGGradient", anchored), false, 0.5, faded(kBlue, 50)},
-      {"a colour alone", ThemeFile().text("arrangeStripBackgroundColor", colour(0, 255, 0)), false, 1, kBlue},
+      {with({}, redStops(24)), false, 1, kRed},
+      {with({}, kAnchored), false, 1, kBlue},
+      {with({}, redStops(2)), true, 1, kBlue},
+      {withSelected({}), true, 1, kRed},
+      {withSelected({}), false, 1, kBlue},
+      {with({}, kShaded), false, 1, kBlue},  // shades the strip's own colour
+      {with(tracks, redStops(2)), false, 0.5, kHalf},
+      {with(tracks, redStops(2)), true, 0.5, kHalf},
+      {withSelected(with(tracks, "LinearGradient:{{0,0,255,100},{0,0,255,100},V}")), true, 0.5, kHalf},
+      {with(tracks, kShaded).text("arrangeStripBackgroundColor", colour(255, 0, 0)), false, 0.5, kHalf},
+      {with(tracks, kShaded).text("arrangeStripHighlightBackgroundColor", colour(255, 0, 0)), true, 0.5, kHalf},
+      {with(tracks, kShaded), false, 0.5, faded(kBlue, 50)},  // nothing to shade
+      {with(tracks, kAnchored), false, 0.5, faded(kBlue, 50)},
+      {ThemeFile().text("arrangeStripBackgroundColor", colour(0, 255, 0)), false, 1, kBlue},
   };
   eachInChild(kCases, [&](const Case& c) {
     start(c.theme);
     const auto bitmap = painted(whole(NSColor::colorWithSRGBRed(0, 0, 1, c.alpha), c.selected));
-    EXPECT_TRUE(near(pixel(bitmap, 20, 20), c.expected, 2)) << c.what << pixel(bitmap, 20, 20);
+    EXPECT_TRUE(near(pixel(bitmap, 20, 20), c.expected, 2)) << pixel(bitmap, 20, 20);
   });
 }
 

@@ -1,5 +1,6 @@
 // Gradients tied to the sections of a strip, in a node tree of the host with the bundle loaded.
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -14,6 +15,8 @@ namespace {
 
 using namespace cocoa;
 using namespace support;
+using testing::DoubleNear;
+using testing::Pointwise;
 
 /// A mixer of bare strips, 600 points high, whose sections the test places itself.
 class Anchoring : public HostTest {
@@ -195,54 +198,49 @@ TEST_F(Anchoring, AsksAboutSectionsThatAreGoneWithoutHarm) {
   EXPECT_EQ(boundary(small, "pan"), 297);
 }
 
+/// A gradient of stops at some places; the first is (1, 1, 1), the second (2, 2, 2), and so on.
+std::string stopsAt(const std::vector<const char*>& places, const char* end = "V") {
+  std::string text = "LinearGradient:{";
+  int level = 0;
+  for (const char* place : places) {
+    const std::string grey = std::to_string(++level);
+    text.append("{").append(grey).append(",").append(grey).append(",").append(grey).append(",100,");
+    text.append(place).append("},");
+  }
+  return text + end + "}";
+}
+
 TEST_F(Anchoring, PlacesSortsAndSmoothsStops) {
   start(ThemeFile());
   struct Case {
-    const char* what;
-    const char* gradient;
+    std::string gradient;
     double height;
     std::vector<double> expected;
   };
+  const double fader = 1 - 254 / 600.0;
   const Case kCases[] = {
-      {"no anchor, no smoothing: as written", "LinearGradient:{{1,1,1,100,30},{2,2,2,100,60},V}", 1, {0.3, 0.6}},
-      {"an anchor in its place",
-       "LinearGradient:{{1,1,1,100,0},{2,2,2,100,@fader},{3,3,3,100,100},V}",
-       600,
-       {0, 1 - 254 / 600.0, 1}},
-      {"an anchor above a stop written before it",
-       "LinearGradient:{{1,1,1,100,0},{2,2,2,100,90},{3,3,3,100,@fader},V}",
-       600,
-       {0, 1 - 254 / 600.0, 0.9}},
-      {"an anchor beyond the strip", "LinearGradient:{{1,1,1,100,50},{2,2,2,100,@eq},V}", 300, {0, 0.5}},
-      {"smoothing parts a hard edge",
-       "LinearGradient:{{1,1,1,100,0},{2,2,2,100,50},{3,3,3,100,50},{4,4,4,100,100},V,S6}",
-       600,
-       {0, 0.495, 0.505, 1}},
-      {"never past the neighbours",
-       "LinearGradient:{{1,1,1,100,49},{2,2,2,100,50},{3,3,3,100,50},{4,4,4,100,51},V,S60}",
-       600,
-       {0.49, 0.49, 0.49, 0.56}},  // the second edge meets the stop that the first one moved
-      {"three stops in one place: from those already moved",
-       "LinearGradient:{{1,1,1,100,50},{2,2,2,100,50},{3,3,3,100,50},V,S6}",
-       600,
-       {0.495, 0.495, 0.505}},
-      {"edges at the ends stay inside", "LinearGradient:{{1,1,1,100,0},{2,2,2,100,0},V,S6}", 600, {0, 0.005}},
-      {"too low for an anchor", "LinearGradient:{{1,1,1,100,0},{2,2,2,100,@fader},V}", 1.9, {}},
-      {"too low for smoothing", "LinearGradient:{{1,1,1,100},{2,2,2,100},V,S4}", 1.9, {}},
-      {"no base for an auto gradient", "AutoGradient:{10,-10,V}", 600, {}},
+      {stopsAt({"30", "60"}), 1, {0.3, 0.6}},
+      {stopsAt({"0", "@fader", "100"}), 600, {0, fader, 1}},
+      {stopsAt({"0", "90", "@fader"}), 600, {0, fader, 0.9}},
+      {stopsAt({"50", "@eq"}), 300, {0, 0.5}},  // beyond the strip
+      {stopsAt({"0", "50", "50", "100"}, "V,S6"), 600, {0, 0.495, 0.505, 1}},
+      // Never past the neighbours: the second edge meets the stop that the first one moved.
+      {stopsAt({"49", "50", "50", "51"}, "V,S60"), 600, {0.49, 0.49, 0.49, 0.56}},
+      {stopsAt({"50", "50", "50"}, "V,S6"), 600, {0.495, 0.495, 0.505}},  // from those already moved
+      {stopsAt({"0", "0"}, "V,S6"), 600, {0, 0.005}},
+      {stopsAt({"0", "@fader"}), 1.9, {}},  // too low for an anchor
+      {"LinearGradient:{{1,1,1,100},{2,2,2,100},V,S4}", 1.9, {}},
+      {"AutoGradient:{10,-10,V}", 600, {}},  // there is no base
   };
   for (const Case& c : kCases) {
-    const NSObject strip = addStrip(c.height);
-    const std::vector<double> found = locations(strip, c.gradient);
-    ASSERT_EQ(found.size(), c.expected.size()) << c.what;
-    for (std::size_t i = 0; i < found.size(); ++i) EXPECT_NEAR(found[i], c.expected[i], 1e-9) << c.what << ", " << i;
+    EXPECT_THAT(locations(addStrip(c.height), c.gradient.c_str()), Pointwise(DoubleNear(1e-9), c.expected))
+        << c.gradient << " at " << c.height;
   }
   EXPECT_EQ(locations(addStrip(), "AutoGradient:{10,-10,V}", NSColor::whiteColor()).size(), 2U);
   id colours = nullptr;
   id places = nullptr;
   static_cast<void>(call<"vlrResolveGradient:baseColor:outColors:outLocations:", BOOL>(
-      addStrip(), gradient("LinearGradient:{{1,1,1,100,0},{2,2,2,100,90},{3,3,3,100,@fader},V}"), NSColor(), &colours,
-      &places));
+      addStrip(), gradient(stopsAt({"0", "90", "@fader"}).c_str()), NSColor(), &colours, &places));
   EXPECT_EQ(rgba(cast<NSColor>(NSArray(colours).objectAtIndex(1))), (Rgba{3, 3, 3}))
       << "the colours move with their locations";
 }
@@ -295,40 +293,34 @@ TEST_F(Anchoring, ChoosesTheGradientOfTheStrip) {
   const NSColor veil = NSColor::colorWithSRGBRed(1, 0, 0, 1);
   const NSColor none;
   struct Case {
-    const char* what;
     ThemeFile theme;
     NSColor base;
     bool highlighted;
     NSColor overlay;
     const char* expected;
   };
-  const ThemeFile autos = ThemeFile(both)
-                              .flag("useTrackColorAsStripBackground", true)
-                              .text("UseTrackColorGradient_Mixer", "AutoGradient:{20,-20,V}");
-  const ThemeFile bevel = ThemeFile().text("mixerStripBevel", "Bevel:{R,2,100}");
+  const ThemeFile tracks = ThemeFile(both).flag("useTrackColorAsStripBackground", true);
+  const ThemeFile autos = ThemeFile(tracks).text("UseTrackColorGradient_Mixer", "AutoGradient:{20,-20,V}");
+  const NSColor glass = NSColor::colorWithSRGBRed(1, 0, 0, 0);
   const Case kCases[] = {
-      {"nothing", ThemeFile(), base, false, none, "base"},
-      {"nothing, no base", ThemeFile(), none, false, none, "nil"},
-      {"the strip gradient", both, base, false, none, "(10, 10, 10, 100%)"},
-      {"the highlight gradient", both, base, true, none, "(20, 20, 20, 100%)"},
-      {"no highlight gradient", ThemeFile().text("mixerStripBGGradient", plain), base, true, none,
-       "(10, 10, 10, 100%)"},
-      {"a highlight gradient alone", ThemeFile().text("mixerStripHighlightBGGradient", selected), base, false, none,
-       "base"},
-      {"a gradient without a base", both, none, false, none, "nil"},
-      {"track colours without an auto gradient", ThemeFile(both).flag("useTrackColorAsStripBackground", true), base,
-       false, none, "base"},
-      {"track colours: the auto gradient", autos, base, false, none, "(153, 153, 153, 100%)"},
-      {"an overlay: the theme's gradient below it", autos, base, true, NSColor::colorWithSRGBRed(1, 0, 0, 0),
-       "(20, 20, 20, 100%)"},
-      {"an overlay covers", autos, base, false, veil, "(255, 0, 0, 100%)"},
-      {"an overlay alone", ThemeFile(), none, false, veil, "(255, 0, 0, 100%)"},
-      {"a bevel without a base", bevel, none, false, none, "nil"},
+      {ThemeFile(), base, false, none, "base"},
+      {ThemeFile(), none, false, none, "nil"},
+      {both, base, false, none, "(10, 10, 10, 100%)"},
+      {both, base, true, none, "(20, 20, 20, 100%)"},
+      {ThemeFile().text("mixerStripBGGradient", plain), base, true, none, "(10, 10, 10, 100%)"},
+      {ThemeFile().text("mixerStripHighlightBGGradient", selected), base, false, none, "base"},
+      {both, none, false, none, "nil"},
+      {tracks, base, false, none, "base"},  // without an auto gradient
+      {autos, base, false, none, "(153, 153, 153, 100%)"},
+      {autos, base, true, glass, "(20, 20, 20, 100%)"},  // the theme's gradient below an overlay
+      {autos, base, false, veil, "(255, 0, 0, 100%)"},
+      {ThemeFile(), none, false, veil, "(255, 0, 0, 100%)"},
+      {ThemeFile().text("mixerStripBevel", "Bevel:{R,2,100}"), none, false, none, "nil"},
   };
   eachInChild(kCases, [&](const Case& c) {
     const AutoreleasePool pool;
     start(c.theme);
-    EXPECT_EQ(applied(addStrip(), c.base, c.highlighted, c.overlay), c.expected) << c.what;
+    EXPECT_EQ(applied(addStrip(), c.base, c.highlighted, c.overlay), c.expected);
   });
 }
 
