@@ -40,23 +40,6 @@ std::string hexOf(NSColor colour) {
   return text;
 }
 
-TEST_F(GradientObject, AnswersItsProperties) {
-  const NSObject linear = gradient(string("LinearGradient:{{255,0,0,100,10},{0,0,51,50,@fader},V,S4}"));
-  ASSERT_TRUE(linear);
-  EXPECT_EQ((call<"mode", NSInteger>(linear)), 0);
-  EXPECT_TRUE(asks<"hasAnchors">(linear.object));
-  EXPECT_EQ((call<"angleDegrees", double>(linear)), 180);
-  EXPECT_EQ((call<"smoothingPoints", double>(linear)), 4);
-  EXPECT_FALSE((call<"stopDeltas", NSArray>(linear)));
-  const auto colours = call<"stopColorsForBase:", NSArray>(linear, NSColor());
-  EXPECT_EQ(colours, (call<"stopColors", NSArray>(linear)));
-  EXPECT_EQ(hexOf(cast<NSColor>(colours.objectAtIndex(1))), "0.000 0.000 0.200 0.500");
-  const auto anchors = call<"stopAnchors", NSArray>(linear);
-  EXPECT_EQ(anchors.objectAtIndex(0), NSObject(NSNull::null()));
-  EXPECT_EQ(toStdString(as<NSString>(anchors.objectAtIndex(1))), "fader");
-  EXPECT_EQ(cast<NSNumber>(call<"stopLocations", NSArray>(linear).objectAtIndex(1)).doubleValue(), -1);
-}
-
 TEST_F(GradientObject, DerivesColoursFromTheBase) {
   const NSObject automatic = gradient(string("AutoGradient:{{20},{-100},V}"));
   EXPECT_EQ((call<"mode", NSInteger>(automatic)), 1);

@@ -146,14 +146,4 @@ TEST(Song, FilesThatAreNoneAreNamed) {
   EXPECT_NE(error.find("not a file"), std::string::npos) << error;
 }
 
-TEST(Song, TheSampleShowsEveryKindOfStrip) {
-  const host::Song song = support::sampleSong();
-  EXPECT_GE(song.tracks.size(), 24U);
-  for (const StripType type : {StripType::kAudio, StripType::kInstrument, StripType::kAux, StripType::kBus,
-                               StripType::kOther, StripType::kStereoOut, StripType::kMaster}) {
-    EXPECT_TRUE(std::any_of(song.tracks.begin(), song.tracks.end(), [&](const auto& t) { return t.type == type; }))
-        << static_cast<int>(type);
-  }
-}
-
 }  // namespace

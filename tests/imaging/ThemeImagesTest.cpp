@@ -246,24 +246,6 @@ TEST_F(ThemeImages, RememberTheNamesOfColourSpaces) {
   EXPECT_EQ(toStdString(bitmap->colorSpaceName()), "another");
 }
 
-TEST_F(ThemeImages, RulesAnswerWhatTheyWereMadeOf) {
-  start();
-  const NSObject rule = ruleFor(CGRectMake(1, 2, 3, 4), white(0.4), NSColor(), 0.25, true);
-  EXPECT_EQ((call<"mRect", CGRect>(rule)), CGRectMake(1, 2, 3, 4));
-  EXPECT_EQ((call<"sourceColor", NSColor>(rule)).alphaComponent(), 0.4);
-  EXPECT_FALSE((call<"suggestedColor", NSColor>(rule)));
-  EXPECT_EQ((call<"ignoreAlphaValue", double>(rule)), 0.25);
-  EXPECT_TRUE(asks<"compareAlphaValue">(rule.object));
-  call<"setMRect:">(rule, CGRectMake(5, 6, 7, 8));
-  call<"setSuggestedColor:">(rule, white(1));
-  call<"setIgnoreAlphaValue:">(rule, 0.5);
-  call<"setCompareAlphaValue:">(rule, BOOL(0));
-  EXPECT_EQ((call<"mRect", CGRect>(rule)), CGRectMake(5, 6, 7, 8));
-  EXPECT_TRUE((call<"suggestedColor", NSColor>(rule)));
-  EXPECT_EQ((call<"ignoreAlphaValue", double>(rule)), 0.5);
-  EXPECT_FALSE(asks<"compareAlphaValue">(rule.object));
-}
-
 // ---- Scales -------------------------------------------------------------------------------------------
 
 class ScalePictures : public ThemeImages {

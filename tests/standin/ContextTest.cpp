@@ -265,43 +265,4 @@ TEST(Context, RefusesWhatItCannotDrawInto) {
   EXPECT_EQ(CGColorGetPattern(nullptr), nullptr);
 }
 
-TEST(Path, KnowsItsBoundsAndWhatLiesInside) {
-  struct Question {
-    const char* name;
-    CGPathRef path;
-    CGRect bounds;
-    CGPoint inside;
-    CGPoint outside;
-  };
-  const auto quarter = CGPathCreateMutable();
-  CGPathMoveToPoint(quarter, nullptr, 0, 0);
-  CGPathAddArc(quarter, nullptr, 0, 0, 10, 0, M_PI / 2, false);
-  CGPathCloseSubpath(quarter);
-  const auto corner = CGPathCreateMutable();
-  CGPathMoveToPoint(corner, nullptr, 0, 0);
-  CGPathAddLineToPoint(corner, nullptr, 10, 0);
-  CGPathAddLineToPoint(corner, nullptr, 0, 10);
-  const auto moved = CGAffineTransformMakeTranslation(5, 5);
-  const Question questions[] = {
-      {"rectangle", CGPathCreateWithRect({{1, 2}, {3, 4}}, nullptr), {{1, 2}, {3, 4}}, {2, 3}, {0.5, 3}},
-      {"rounded", CGPathCreateWithRoundedRect({{0, 0}, {10, 6}}, 3, 3, nullptr), {{0, 0}, {10, 6}}, {1, 1}, {0.5, 0.5}},
-      {"radius cut to half a side",
-       CGPathCreateWithRoundedRect({{0, 0}, {10, 4}}, 9, 9, nullptr),
-       {{0, 0}, {10, 4}},
-       {5, 2},
-       {0.2, 0.2}},
-      {"ellipse, moved", CGPathCreateWithEllipseInRect({{0, 0}, {4, 4}}, &moved), {{5, 5}, {4, 4}}, {7, 7}, {5.2, 5.2}},
-      {"quarter of a disc", quarter, {{0, 0}, {10, 10}}, {6, 6}, {8, 8}},
-      {"open figures count as closed", corner, {{0, 0}, {10, 10}}, {3, 3}, {6, 6}},
-  };
-  for (const Question& q : questions) {
-    const auto path = CFRef<CGPathRef>::adopt(q.path);
-    const CGRect bounds = CGPathGetBoundingBox(path);
-    EXPECT_NEAR(bounds.minX(), q.bounds.minX(), 1e-9) << q.name;
-    EXPECT_NEAR(bounds.maxY(), q.bounds.maxY(), 1e-9) << q.name;
-    EXPECT_TRUE(CGPathContainsPoint(path, nullptr, q.inside, false)) << q.name;
-    EXPECT_FALSE(CGPathContainsPoint(path, nullptr, q.outside, false)) << q.name;
-  }
-}
-
 }  // namespace

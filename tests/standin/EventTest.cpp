@@ -115,42 +115,4 @@ TEST(Button, SendsItsActionAndTogglesByItsType) {
   EXPECT_EQ(button->state(), NSControlStateValueOff);
 }
 
-TEST(Alert, IsEndedByTheUser) {
-  const AutoreleasePool pool;
-  const auto target = noting({});
-  const auto alert = make<NSAlert>();
-  alert->setMessageText(string("Really?"));
-  alert->setShowsSuppressionButton(true);
-  EXPECT_EQ(toStdString(alert->suppressionButton().title()), "Do not show this message again");
-  alert->addButtonWithTitle(string("Yes"));
-  alert->addButtonWithTitle(string("No"));
-  const NSButton help = alert->addButtonWithTitle(string("Help"));
-  help.setTarget(target);
-  help.setAction(selector<"pressed:">());
-  const NSString vibrant = NSAppearanceNameVibrantDark;
-  alert->window().setAppearance(NSAppearance::appearanceNamed(vibrant));
-  EXPECT_TRUE(alert->window().isKindOfClass(classNamed("NSPanel")));
-  EXPECT_EQ(alert->runModal(), NSAlertFirstButtonReturn) << "nobody answers";
-  standin::setAlertAnswer([](NSAlert shown) -> NSUInteger {
-    EXPECT_TRUE(shown.window().isVisible());
-    EXPECT_TRUE(shown.window().appearance().name().isEqualToString(NSAppearanceNameVibrantDark));
-    shown.suppressionButton().performClick({});
-    cast<NSButton>(shown.buttons().objectAtIndex(2)).performClick({});
-    return 1;
-  });
-  EXPECT_EQ(alert->runModal(), NSAlertSecondButtonReturn);
-  EXPECT_EQ(notes(target), "[Help]") << "a button with a target of its own ends nothing";
-  EXPECT_EQ(alert->suppressionButton().state(), NSControlStateValueOn);
-  EXPECT_FALSE(alert->window().isVisible());
-  standin::setAlertAnswer([](NSAlert shown) -> NSUInteger {
-    cast<NSButton>(shown.buttons().objectAtIndex(0)).performClick({});
-    return 99;
-  });
-  EXPECT_EQ(alert->runModal(), NSAlertFirstButtonReturn);
-  const auto bare = make<NSAlert>();
-  standin::setAlertAnswer([](NSAlert shown) { return shown.buttons().count() - 1; });
-  EXPECT_EQ(bare->runModal(), NSAlertFirstButtonReturn) << "has a button in any case";
-  standin::setAlertAnswer({});
-}
-
 }  // namespace

@@ -122,49 +122,6 @@ TEST(Bitmap, SurvivesItsImageInEveryFormat) {
   EXPECT_EQ(gray->bitmapData()[0], 182);
 }
 
-/// A bitmap of a subclass that overrides its initialisers, as a pixel engine may have it.
-struct OwnBitmap : ObjectState {
-  int images = 0;
-  int planes = 0;
-  id initWithImage(CGImageRef image) {
-    ++images;
-    return superSend<OwnBitmap, id>(self, selector<"initWithCGImage:">(), image);
-  }
-  id initWithPlanes(unsigned char** data, NSInteger width, NSInteger height, NSInteger bits, NSInteger samples,
-                    BOOL alpha, BOOL planar, NSString space, NSInteger rowBytes, NSInteger pixelBits) {
-    ++planes;
-    return superSend<OwnBitmap, id>(
-        self,
-        selector<"initWithBitmapDataPlanes:pixelsWide:pixelsHigh:bitsPerSample:samplesPerPixel:hasAlpha:isPlanar:"
-                 "colorSpaceName:bytesPerRow:bitsPerPixel:">(),
-        data, width, height, bits, samples, alpha, planar, space, rowBytes, pixelBits);
-  }
-  NSString colorSpaceName() { return NSCalibratedRGBColorSpace; }
-};
-
-TEST(Bitmap, MayBeSubclassed) {
-  const AutoreleasePool pool;
-  ClassDefinition<OwnBitmap>("ImageTestBitmap", "NSBitmapImageRep")
-      .method<"initWithCGImage:", &OwnBitmap::initWithImage>()
-      .method<
-          "initWithBitmapDataPlanes:pixelsWide:pixelsHigh:bitsPerSample:samplesPerPixel:hasAlpha:isPlanar:"
-          "colorSpaceName:bytesPerRow:bitsPerPixel:",
-          &OwnBitmap::initWithPlanes>()
-      .method<"colorSpaceName", &OwnBitmap::colorSpaceName>()
-      .registered();
-  const auto alloc = [] { return call<"alloc", id>(classNamed("ImageTestBitmap")); };
-  const auto source = bitmap(2, 1, 4, NSBitmapFormatAlphaFirst);
-  source->setColor(letter('R'), 1, 0);
-  const auto made =
-      Ref<NSBitmapImageRep>::adopt(call<"initWithCGImage:", NSBitmapImageRep>(alloc(), source->CGImage()));
-  EXPECT_EQ(made->bitmapFormat(), NSBitmapFormatAlphaFirst);
-  EXPECT_TRUE(made->colorAtX(1, 0).isEqual(source->colorAtX(1, 0)));
-  EXPECT_EQ(made->colorSpaceName(), NSCalibratedRGBColorSpace);
-  EXPECT_EQ(stateOf<OwnBitmap>(made).images, 1);
-  EXPECT_EQ(stateOf<OwnBitmap>(made).planes, 0);
-  EXPECT_EQ((call<"initWithCGImage:", id>(alloc(), CGImageRef(nullptr))), nullptr);
-}
-
 std::vector<int> pixelOf(NSBitmapImageRep rep, NSInteger x, NSInteger y) {
   const unsigned char* at = rep.bitmapData() + y * rep.bytesPerRow() + x * 4;
   return {at, at + 4};
@@ -242,20 +199,6 @@ TEST(Png, SurvivesHostileBytes) {
   huge[18] = 0xFF;  // a width of 65,287 pixels
   EXPECT_FALSE(decoded(huge));
   EXPECT_FALSE(NSBitmapImageRep::imageRepWithData({}));
-}
-
-TEST(Image, ShowsWhatWasDrawnWithTheFocus) {
-  const AutoreleasePool pool;
-  const auto image = imageOf({"RG", "B."});
-  EXPECT_FALSE(NSGraphicsContext::currentContext()) << "the focus is given back";
-  EXPECT_EQ(image->representations().count(), 1U);
-  const Canvas canvas(4, 4);
-  image->drawInRect({{1, 1}, {2, 2}}, {}, NSCompositingOperationSourceOver, 1);
-  EXPECT_EQ(canvas.art(), "....\n.RG.\n.B..\n....\n");
-  image->drawAtPoint({0, 0}, {{1, 1}, {1, 1}}, NSCompositingOperationCopy, 1);
-  EXPECT_EQ(canvas.art(), "....\n.RG.\n.B..\nG...\n") << "a part, from the image's lower left";
-  image->drawInRect({{3, 3}, {1, 1}}, {{0, 1}, {1, 1}}, NSCompositingOperationSourceOver, 0.5);
-  EXPECT_EQ(canvas.at(3, 0), 0x80000080U);
 }
 
 TEST(Image, TakesAPatternBeforeItChanges) {

@@ -233,24 +233,4 @@ TEST(Layer, AsksItsDelegateToDrawOnceItIsDue) {
   layer.setDelegate({});
 }
 
-TEST(Layer, KeepsItsTreeInOrder) {
-  const AutoreleasePool pool;
-  const CALayer a = CALayer::layer(), b = CALayer::layer(), c = CALayer::layer();
-  EXPECT_FALSE(a.sublayers());
-  a.addSublayer(b);
-  a.insertSublayer(c, 0);
-  EXPECT_TRUE(a.sublayers().objectAtIndex(0) == c);
-  a.insertSublayer(b, 99);
-  EXPECT_EQ(a.sublayers().count(), 2U);
-  b.addSublayer(c);
-  EXPECT_EQ(c.superlayer(), b);
-  EXPECT_EQ(a.sublayers().count(), 1U);
-  c.addSublayer(a);
-  EXPECT_FALSE(a.superlayer()) << "no layer lies inside itself";
-  const Ref<NSArray> before = a.sublayers();
-  b.removeFromSuperlayer();
-  EXPECT_EQ(before->count(), 1U) << "what was handed out does not change";
-  EXPECT_FALSE(a.sublayers());
-}
-
 }  // namespace

@@ -71,13 +71,6 @@ TEST(Association, IsReplacedAndRemoved) {
   EXPECT_EQ(objc_getAssociatedObject(nullptr, &key), nullptr);
 }
 
-TEST(Clock, CanBeSet) {
-  standin::setClock(1234.5);
-  EXPECT_EQ(CFAbsoluteTimeGetCurrent(), 1234.5);
-  standin::runClock();
-  EXPECT_GT(CFAbsoluteTimeGetCurrent(), 7e8) << "after March 2023";
-}
-
 /// Everything that a frame makes is gone after it.
 TEST(Memory, StaysFlatOverFrames) {
   const long kept = support::keptAfter(1'000, [](int) {

@@ -84,25 +84,6 @@ TEST(Text, StandsOnItsBaseline) {
   EXPECT_LT(extentOf(upper, 100, 60).bottom, 22);
 }
 
-TEST(Text, GrowsWithSizeWeightAndSpacing) {
-  const AutoreleasePool pool;
-  const auto width = [](const char* text, NSDictionary attributes) {
-    return text::sizeWithAttributes(string(text), attributes).width;
-  };
-  EXPECT_NEAR(width("Label", look(24)), 2 * width("Label", look(12)), 0.1) << "no hinting";
-  EXPECT_GT(width("Label", look(12, NSTextAlignmentLeft, NSLineBreakByClipping, NSFontWeightBold)),
-            width("Label", look(12)));
-  const auto spaced = NSMutableDictionary::dictionaryWithDictionary(look(12));
-  spaced.setObject(NSNumber::numberWithDouble(2), NSKernAttributeName);
-  EXPECT_NEAR(width("Label", spaced), width("Label", look(12)) + 10, 2.1);
-  EXPECT_EQ(width("", look(12)), 0);
-  const NSFont digits = NSFont::monospacedDigitSystemFontOfSize(11, NSFontWeightRegular);
-  const auto figures = NSMutableDictionary::dictionary();
-  figures.setObject(digits, NSFontAttributeName);
-  EXPECT_DOUBLE_EQ(width("111", figures), width("888", figures));
-  EXPECT_EQ(text::size(NSAttributedString::withString(string("Label"), look(12))).width, width("Label", look(12)));
-}
-
 TEST(Text, DrawsEveryRunInItsColour) {
   const AutoreleasePool pool;
   const Canvas canvas(100, 60);

@@ -104,50 +104,5 @@ TEST_F(HostObjects, TrackTypesComeFromTheStripAround) {
   EXPECT_EQ(trackType(call<"parent", NSObject>(strip(0))), -1);
 }
 
-TEST_F(HostObjects, SublayersAreFoundByName) {
-  const CALayer layer = CALayer::layer();
-  const CALayer child = CALayer::layer();
-  const CALayer grandchild = CALayer::layer();
-  child.setName(string("knob"));
-  grandchild.setName(string("pointer"));
-  child.addSublayer(grandchild);
-  layer.addSublayer(CALayer::layer());
-  layer.addSublayer(child);
-  const auto find = [&](CALayer in, const char* name) {
-    return call<"sublayer:withName:", CALayer>(classNamed("Utility"), in, string(name));
-  };
-  EXPECT_EQ(find(layer, "knob"), child);
-  EXPECT_FALSE(find(layer, "pointer"));
-  EXPECT_FALSE(find(CALayer(), "knob"));
-}
-
-TEST_F(HostObjects, CatalogueColoursAreThemedByName) {
-  constexpr const char* kMain = "#$assets-mainBundleID";
-  const auto catalogueColour = [](const char* catalogue, const char* name) {
-    return NSColor::colorWithCatalogName(string(catalogue), string(name));
-  };
-  const auto rowHeaders = [] {
-    return call<"stepSequencerRowHeadersBackgroundColor", NSColor>(asObject(classNamed("NSColor")));
-  };
-  const NSColor toolbar = catalogueColour(kMain, "MixerToolbarBackground");
-  const NSColor headers = rowHeaders();
-  ASSERT_TRUE(toolbar);
-  ASSERT_TRUE(headers);
-  attachNSColorThemeSupport();
-  // Sent twice, as a host might: the overrides stay in place.
-  for (int i = 0; i < 2; ++i) call<"addSwizzleMethod">(asObject(classNamed("NSColor")));
-  EXPECT_TRUE(catalogueColour(kMain, "MixerToolbarBackground").isEqual(toolbar));
-  EXPECT_TRUE(rowHeaders().isEqual(headers));
-  EXPECT_FALSE(catalogueColour(kMain, "NoSuchColour"));
-  const NSColor themed = NSColor::colorWithSRGBRed(1, 0, 0, 1);
-  setColour("MixerToolbarBackground", themed);
-  setColour("StepSequencerHeader_EmptyAreaBelow", themed);
-  setColour("NoSuchColour", themed);
-  EXPECT_EQ(catalogueColour(kMain, "MixerToolbarBackground"), themed);
-  EXPECT_EQ(catalogueColour(kMain, "NoSuchColour"), themed);
-  EXPECT_NE(catalogueColour("another catalogue", "MixerToolbarBackground"), themed);
-  EXPECT_EQ(rowHeaders(), themed);
-}
-
 }  // namespace
 }  // namespace velura

@@ -261,37 +261,6 @@ TEST_F(Theme, AFileThatIsNoDictionaryIsAnEmptyTheme) {
                   .colorForKey(ThemeKey::kStripBackgroundColor));
 }
 
-TEST_F(Theme, TheMixerBackgroundMatchesTheStripGradient) {
-  const ThemeFile gradient = ThemeFile()
-                                 .text("mixerBackgroundColor", colour(9, 9, 9))
-                                 .text("mixerStripBGGradient", "LinearGradient:{{10,20,30,40},{1,1,1,1},V}");
-  ThemeUtility& theme = load(gradient);
-  EXPECT_EQ(rgba(theme.mixerBackgroundColor()), (Rgba{10, 20, 30, 100}));
-  theme.mixerBGMatchGradient = false;
-  EXPECT_EQ(rgba(theme.mixerBackgroundColor()), (Rgba{9, 9, 9}));
-  ThemeFile automatic;
-  automatic.text("mixerBackgroundColor", colour(9, 9, 9)).text("mixerStripBGGradient", "AutoGradient:{10,-10,V}");
-  EXPECT_EQ(rgba(load(automatic).mixerBackgroundColor()), (Rgba{9, 9, 9})) << "no base, no colours";
-  automatic.text("stripBackgroundColor", colour(102, 51, 51, 20));
-  EXPECT_EQ(rgba(load(automatic).mixerBackgroundColor()), (Rgba{128, 64, 64, 100}));
-}
-
-TEST_F(Theme, PropertiesAreSetUnderTheirOwnNames) {
-  ThemeUtility& theme = make();
-  call<"setMixerOpacity:">(theme_.get(), std::uint64_t{7});
-  call<"setUseImagesToDraw:">(theme_.get(), BOOL(1));
-  call<"setUseDifferentFaderTypes:">(theme_.get(), std::uint32_t{0x55});
-  EXPECT_EQ(theme.mixerOpacity, 7U);
-  EXPECT_TRUE(theme.useImagesToDraw);
-  EXPECT_TRUE(asks<"useSharedFaderType:">(theme_.get().object, NSInteger(2)));
-  const auto colours = NSMutableDictionary::dictionary();
-  colours.setObject(NSColor::redColor(), string("stripBackgroundColor"));
-  call<"setColorCollection:">(theme_.get(), NSDictionary(colours.object));
-  EXPECT_EQ(theme.colorForKey(ThemeKey::kStripBackgroundColor), NSColor::redColor());
-  call<"setColorCollection:">(theme_.get(), NSDictionary());
-  EXPECT_FALSE(theme.colorForKey(ThemeKey::kStripBackgroundColor));
-}
-
 TEST(ThemeKeys, AreFoundByTheirExactNames) {
   for (const ThemeKeyRow& row : kThemeKeys) {
     EXPECT_EQ(keyNamed(row.name), row.key);
