@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <regex>
 #include <sstream>
 
 #include "cli/PrivateFolders.h"
@@ -19,6 +18,7 @@ namespace fs = std::filesystem;
 using namespace cocoa;
 using namespace support;
 using testing::HasSubstr;
+using testing::MatchesRegex;
 
 constexpr const char* kRender = "/tmp/vlr_mb_render.txt";
 constexpr const char* kRenderPicture = "/tmp/vlr_mb_render.png";
@@ -54,7 +54,7 @@ void expectLines(const std::string& text, const std::vector<std::string>& patter
   for (std::size_t i = 0; i < std::max(lines.size(), patterns.size()); ++i) {
     const std::string line = i < lines.size() ? lines[i] : "(missing)";
     const std::string pattern = i < patterns.size() ? patterns[i] : "(nothing)";
-    EXPECT_TRUE(std::regex_match(line, std::regex(pattern))) << line << "\nis not " << pattern;
+    EXPECT_THAT(line, MatchesRegex(pattern));
   }
 }
 
@@ -128,8 +128,8 @@ TEST_F(SwitchFileDiagnostics, AppendWhatAPassFoundWhenTheRulerHasChanged) {
   picture();
   const std::string first = fileContents(kDiagnosis);
   std::vector<std::string> expected = {
-      R"(=== MB DIAG \d{4}-.* ===)",
-      R"(section=<Arrange.*> bounds=\{\{0, 0\}, \{2048, \d+\}\} visible=\{\{0, 0\}, \{959, \d+\}\} flipped=1 sectionLeft=\d+\.\d)",
+      R"(=== MB DIAG [0-9]{4}-.* ===)",
+      R"(section=<Arrange.*> bounds=\{\{0, 0\}, \{2048, [0-9]+\}\} visible=\{\{0, 0\}, \{959, [0-9]+\}\} flipped=1 sectionLeft=[0-9]+\.[0-9])",
       R"(ruler\(sv2\)=<CLgSectionView.*> frame=\{\{0, 0\}, \{2048, 76\}\} visible=\{\{0, 0\}, \{959, 76\}\})",
       "markers detected=4:",
       R"(  \(grey/no-band\) startSectionX=0\.0)",
@@ -173,29 +173,30 @@ TEST_F(SwitchFileDiagnostics, ProbeTheViewsAroundTheMarkers) {
   picture();
   const auto lines = linesOf(fileContents(kProbe));
   std::vector<std::string> patterns = {
-      R"(=== VLR MARKER PROBE \d{4}-.* ===)",
-      R"(section=<Arrange.*> frame=\{\{0, 0\}, \{2048, \d+\}\} visible=\{\{0, 0\}, \{959, \d+\}\} sectionLeftScreen=\d+\.\d)",
+      R"(=== VLR MARKER PROBE [0-9]{4}-.* ===)",
+      R"(section=<Arrange.*> frame=\{\{0, 0\}, \{2048, [0-9]+\}\} visible=\{\{0, 0\}, \{959, [0-9]+\}\} sectionLeftScreen=[0-9]+\.[0-9])",
       R"(parent=<CLgArrangeView.*>)",
       R"(  sectionView:0 = <ArrangeTrackHeaderSectionView.*> frame=.* flipped=0)",
       R"(  sectionView:1 = <ArrangeContentsSectionView.*> frame=.* flipped=1)",
       R"(  sectionView:2 = <CLgSectionView.*> frame=.* flipped=1)",
       R"(ruler=<CLgSectionView.*> frame=\{\{0, 0\}, \{2048, 76\}\} visible=\{\{0, 0\}, \{959, 76\}\} flipped=1)",
-      R"(rep W=959 H=76 scale=1\.000 rulerLeftScreen=\d+\.\d)",
+      R"(rep W=959 H=76 scale=1\.000 rulerLeftScreen=[0-9]+\.[0-9])",
       "",
       "ROW PROFILE \\(pixel-y : coloredCount / W , viewY\\) — colored rows are marker candidates:",
   };
   ASSERT_GT(lines.size(), patterns.size());
   for (std::size_t i = 0; i < patterns.size(); ++i) {
-    EXPECT_TRUE(std::regex_match(lines[i], std::regex(patterns[i]))) << lines[i] << "\nis not " << patterns[i];
+    EXPECT_THAT(lines[i], MatchesRegex(patterns[i]));
   }
   EXPECT_THAT(lines, testing::Contains("  y=  39     96/959    viewY=39.0"));
   const std::vector<std::string> end(lines.end() - 6, lines.end());
   EXPECT_THAT(end,
               testing::ElementsAre("", "DETECTED MARKER BAND pixel-y [39..57]", "",
                                    "MARKER CELLS (runs of ~constant colour across the band):", testing::_, testing::_));
-  EXPECT_TRUE(std::regex_match(
-      end[4], std::regex(R"(  #DC2828  screenX\[\d+\.\d\.\.\d+\.\d\]  sectionX\[64\.0\.\.128\.0\]  widthPt=64\.0)")))
-      << end[4];
+  EXPECT_THAT(
+      end[4],
+      MatchesRegex(
+          R"(  #DC2828  screenX\[[0-9]+\.[0-9]\.\.[0-9]+\.[0-9]\]  sectionX\[64\.0\.\.128\.0\]  widthPt=64\.0)"));
   EXPECT_EQ(pictureSize(kProbePicture), (CGSize{959, 76}));
 
   struct Case {
