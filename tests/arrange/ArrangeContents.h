@@ -8,6 +8,7 @@
 
 #include "cocoa/Call.h"
 #include "standin/Clock.h"
+#include "standin/Display.h"
 #include "standin/Mouse.h"
 #include "standin/RunLoop.h"
 #include "tests/host/ArrangeHost.h"
@@ -23,7 +24,7 @@ class ArrangeContents : public HostTest {
   void start(const ThemeFile& grid, host::Song song, host::HostOptions options = {}, const ThemeFile& theme = {}) {
     standin::setClock(kNow);
     startWith(writeTheme(theme.list()), std::move(song), std::move(options),
-              {.grid = writeList("grid.plist", grid), .state = state_, .tracksBackground = 2});
+              {.grid = writeList("grid.plist", grid), .tracksBackground = 2});
     // Settings are read when a test says so, not whenever the watcher comes to it.
     cocoa::call<"_tearDownSource">(reader());
   }
@@ -43,15 +44,19 @@ class ArrangeContents : public HostTest {
     return picture();
   }
 
-  static bool differ(NSBitmapImageRep a, NSBitmapImageRep b, long x, long y) {
-    const auto at = [&](NSBitmapImageRep bitmap) { return bitmap.bitmapData() + y * bitmap.bytesPerRow() + 4 * x; };
-    return std::memcmp(at(a), at(b), 4) != 0;
+  void draw() const { static_cast<void>(application_->draw(host::WindowKind::kArrange)); }
+  [[nodiscard]] bool needsDisplay() const {
+    return standin::windowNeedsDisplay(application_->window(host::WindowKind::kArrange));
   }
+
   /// The columns in which two pictures differ in a row.
   static std::set<long> changedColumns(NSBitmapImageRep a, NSBitmapImageRep b, long y) {
     std::set<long> columns;
+    const auto at = [&](NSBitmapImageRep bitmap, long x) {
+      return bitmap.bitmapData() + y * bitmap.bytesPerRow() + 4 * x;
+    };
     for (long x = 0; x < a.pixelsWide(); ++x) {
-      if (differ(a, b, x, y)) columns.insert(x);
+      if (std::memcmp(at(a, x), at(b, x), 4) != 0) columns.insert(x);
     }
     return columns;
   }
@@ -61,8 +66,6 @@ class ArrangeContents : public HostTest {
     }
     return true;
   }
-
-  std::string state_;
 };
 
 }  // namespace support

@@ -25,11 +25,12 @@ constexpr BandColour toBand(RulerColour colour) { return {colour.red, colour.gre
 BandSegment coloured(double start, RulerColour colour) { return {start, toBand(colour)}; }
 BandSegment grey(double start) { return {start, std::nullopt}; }
 
-PaintedRuler laneOf(long width = 200) { return {width, 60}; }
+PaintedRuler blank() { return {200, 60}; }
+velura::MarkerLane read(const PaintedRuler& ruler, double left = 0) { return readMarkerLane(ruler.pixels(), left); }
 
 TEST(BandWalk, ReadsMarkersAndGapsFromLeftToRight) {
-  PaintedRuler ruler = laneOf();
-  ruler.fill(10, 60, 40, 58, kRed).fill(60, 110, 40, 58, kGreen).fill(130, 180, 40, 58, kBlue);
+  const PaintedRuler ruler =
+      blank().fill(10, 60, 40, 58, kRed).fill(60, 110, 40, 58, kGreen).fill(130, 180, 40, 58, kBlue);
   const auto lane = readMarkerLane(ruler.pixels(300), 290);
   ASSERT_TRUE(lane.chosen);
   EXPECT_EQ(lane.chosen->rows, (velura::BandRows{40, 57}));
@@ -54,52 +55,41 @@ TEST(BandWalk, TellsColoursFromGreys) {
 }
 
 TEST(BandWalk, IgnoresTheTopStripThinLinesAndLanesWithoutColour) {
-  PaintedRuler top = laneOf();
-  top.fill(0, 200, 14, 40, kRed);
-  EXPECT_FALSE(readMarkerLane(top.pixels(), 0).chosen);
-  EXPECT_TRUE(readMarkerLane(top.pixels(), 0).bands.front().inTopStrip);
-  PaintedRuler below = laneOf();
-  below.fill(0, 200, 15, 40, kRed);
-  EXPECT_TRUE(readMarkerLane(below.pixels(), 0).chosen);
-  PaintedRuler thin = laneOf();
-  thin.fill(0, 200, 30, 31, kRed);
-  EXPECT_THAT(readMarkerLane(thin.pixels(), 0).bands, IsEmpty());
-  PaintedRuler few = laneOf();  // 200 columns: 100 looked at, four coloured ones make a row coloured
-  few.fill(0, 6, 40, 58, kRed);
-  EXPECT_THAT(readMarkerLane(few.pixels(), 0).bands, IsEmpty());
-  few.fill(6, 7, 40, 58, kRed);
-  EXPECT_EQ(readMarkerLane(few.pixels(), 0).bands.size(), 1U);
-  PaintedRuler wide(1001, 60);  // 501 looked at: ten
-  EXPECT_EQ(readMarkerLane(wide.pixels(), 0).rowThreshold, 10);
-  EXPECT_EQ(readMarkerLane(few.pixels(), 0).rowThreshold, 4);
+  const auto top = read(blank().fill(0, 200, 14, 40, kRed));
+  EXPECT_FALSE(top.chosen);
+  EXPECT_TRUE(top.bands.front().inTopStrip);
+  EXPECT_TRUE(read(blank().fill(0, 200, 15, 40, kRed)).chosen) << "below it";
+  EXPECT_THAT(read(blank().fill(0, 200, 30, 31, kRed)).bands, IsEmpty()) << "thin";
+  // 200 columns: 100 looked at, four coloured ones make a row coloured.
+  EXPECT_THAT(read(blank().fill(0, 6, 40, 58, kRed)).bands, IsEmpty());
+  EXPECT_EQ(read(blank().fill(0, 7, 40, 58, kRed)).bands.size(), 1U);
+  EXPECT_EQ(read(blank()).rowThreshold, 4);
+  EXPECT_EQ(read({1001, 60}).rowThreshold, 10) << "501 looked at";
 }
 
 TEST(BandWalk, ChoosesTheLaneOfMostColoursTheUpperOfEquals) {
   PaintedRuler ruler(200, 100);
   ruler.fill(0, 100, 20, 30, kRed).fill(100, 200, 20, 30, kGreen);
   ruler.fill(0, 100, 40, 50, kBlue).fill(100, 200, 40, 50, kGreen);
-  EXPECT_EQ(readMarkerLane(ruler.pixels(), 0).chosen->rows.top, 20);
+  EXPECT_EQ(read(ruler).chosen->rows.top, 20);
   ruler.fill(150, 200, 40, 50, kRed);
-  EXPECT_EQ(readMarkerLane(ruler.pixels(), 0).chosen->rows.top, 40);
+  EXPECT_EQ(read(ruler).chosen->rows.top, 40);
 }
 
 TEST(BandWalk, LettersNeitherSplitNorRecolourACell) {
-  PaintedRuler ruler = laneOf();
+  PaintedRuler ruler = blank();
   ruler.fill(0, 200, 40, 58, kRed);
   ruler.fill(20, 22, 44, 54, {255, 255, 255});  // a stem that covers part of the column
   ruler.fill(30, 33, 40, 58, {60, 200, 220});   // another colour for fewer than five columns
   ruler.fill(50, 51, 40, 58, kGrey);            // a column without colour
-  EXPECT_THAT(readMarkerLane(ruler.pixels(), 0).segments, ElementsAre(coloured(0, kRed), coloured(51, kRed)));
-  PaintedRuler change = laneOf();
-  change.fill(0, 200, 40, 58, kRed).fill(80, 85, 40, 58, kGreen);
-  EXPECT_THAT(readMarkerLane(change.pixels(), 0).segments,
-              ElementsAre(coloured(0, kRed), coloured(80, kGreen), coloured(85, kRed)))
+  EXPECT_THAT(read(ruler).segments, ElementsAre(coloured(0, kRed), coloured(51, kRed)));
+  const auto interrupted = [](long end, RulerColour colour) {
+    return read(blank().fill(0, 200, 40, 58, kRed).fill(80, end, 40, 58, colour)).segments;
+  };
+  EXPECT_THAT(interrupted(85, kGreen), ElementsAre(coloured(0, kRed), coloured(80, kGreen), coloured(85, kRed)))
       << "five columns make a run";
-  PaintedRuler gap = laneOf();
-  gap.fill(0, 200, 40, 58, kRed).fill(80, 84, 40, 58, kGrey);
-  EXPECT_THAT(readMarkerLane(gap.pixels(), 0).segments, ElementsAre(coloured(0, kRed), coloured(84, kRed)));
-  gap.fill(84, 85, 40, 58, kGrey);
-  EXPECT_THAT(readMarkerLane(gap.pixels(), 0).segments, ElementsAre(coloured(0, kRed), grey(80), coloured(85, kRed)));
+  EXPECT_THAT(interrupted(84, kGrey), ElementsAre(coloured(0, kRed), coloured(84, kRed)));
+  EXPECT_THAT(interrupted(85, kGrey), ElementsAre(coloured(0, kRed), grey(80), coloured(85, kRed)));
 }
 
 TEST(BandWalk, AColumnTakesTheMedianOfItsColouredPixels) {
@@ -116,16 +106,14 @@ TEST(BandWalk, AColumnTakesTheMedianOfItsColouredPixels) {
 }
 
 TEST(BandWalk, LeavesOutWhatStartsLeftOfTheView) {
-  PaintedRuler ruler = laneOf();
-  ruler.fill(0, 98, 40, 58, kRed).fill(98, 200, 40, 58, kBlue);
-  EXPECT_THAT(readMarkerLane(ruler.pixels(0), 100).segments, ElementsAre(coloured(-2, kBlue)));
-  EXPECT_THAT(readMarkerLane(ruler.pixels(0), 100.5).segments, IsEmpty());
-  EXPECT_FALSE(readMarkerLane(ruler.pixels(0), 100.5).chosen) << "no colour counts that is out of sight";
+  const PaintedRuler ruler = blank().fill(0, 98, 40, 58, kRed).fill(98, 200, 40, 58, kBlue);
+  EXPECT_THAT(read(ruler, 100).segments, ElementsAre(coloured(-2, kBlue)));
+  EXPECT_THAT(read(ruler, 100.5).segments, IsEmpty());
+  EXPECT_FALSE(read(ruler, 100.5).chosen) << "no colour counts that is out of sight";
 }
 
 TEST(BandWalk, CountsColoursInCoarseStepsUpToTwentyFour) {
-  PaintedRuler alike(200, 60);
-  alike.fill(0, 100, 40, 58, {100, 20, 20}).fill(100, 200, 40, 58, {143, 20, 20});
+  const PaintedRuler alike = blank().fill(0, 100, 40, 58, {100, 20, 20}).fill(100, 200, 40, 58, {143, 20, 20});
   EXPECT_EQ(velura::distinctColoursAlong(alike.pixels(), {40, 57}, 0), 1);
   PaintedRuler many(3000, 60);
   for (long i = 0; i < 60; ++i) {
@@ -156,8 +144,8 @@ TEST(BandWalk, SurvivesAnyPixels) {
       }
     }
   }
-  EXPECT_THAT(velura::VLRMBWalkBand(laneOf().pixels(), {-1, 5}, 0), IsEmpty());
-  EXPECT_THAT(velura::VLRMBWalkBand(laneOf().pixels(), {5, 60}, 0), IsEmpty());
+  EXPECT_THAT(velura::VLRMBWalkBand(blank().pixels(), {-1, 5}, 0), IsEmpty());
+  EXPECT_THAT(velura::VLRMBWalkBand(blank().pixels(), {5, 60}, 0), IsEmpty());
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 
 #include "cocoa/ClassDefinition.h"
 #include "host/arrange/CLgSectionView.h"
-#include "standin/Display.h"
 #include "tests/arrange/ArrangeContents.h"
 
 namespace {
@@ -50,29 +49,26 @@ TEST(ArrangeBackgrounds, OfGlobalTracksAndSeparators) {
   const AutoreleasePool pool;
   const ThemeFile theme =
       ThemeFile().text("GlobalTracks_ContentBar_BG", colour(1, 2, 3)).text("MainSeparators", colour(4, 5, 6));
-  const auto show = [](const std::string& folder, const Rgba& bar, const Rgba& separators) {
-    return inChild([&] {
-      const auto application = start(folder, host::Song());
-      const NSView ruler = application->arrange().ruler();
-      EXPECT_EQ(pixel(drawn(ruler, ruler.visibleRect()), 400, 70), bar) << "below the marker lane";
-      const NSView window = application->window(WindowKind::kArrange).contentView();
-      EXPECT_EQ(rgba(call<"backgroundColor", NSColor>(window)), separators);
-      const auto other = Ref<NSView>::adopt(
-          NSView(call<"initWithFrame:", id>(call<"alloc", id>(classNamed("CLgSectionView")), CGRectMake(0, 0, 9, 9))));
-      stateOf<host::CLgSectionView>(other).section = 3;
-      ruler.addSubview(other);
-      EXPECT_EQ(pixel(drawn(other, other->bounds()), 4, 4), kClear) << "another section";
-      other->removeFromSuperview();
-      return true;
-    });
+  struct Case {
+    ThemeFile theme;
+    Rgba bar;
+    Rgba separators;
   };
-  EXPECT_TRUE(show(writeTheme(theme.list()), {1, 2, 3}, {4, 5, 6}));
-  EXPECT_TRUE(show(writeTheme(ThemeFile().list()), kClear, {20, 20, 22}));
+  eachInChild({Case{theme, {1, 2, 3}, {4, 5, 6}}, Case{{}, kClear, {20, 20, 22}}}, [](const Case& c) {
+    const auto application = start(writeTheme(c.theme.list()), host::Song());
+    const NSView ruler = application->arrange().ruler();
+    EXPECT_EQ(pixel(drawn(ruler, ruler.visibleRect()), 400, 70), c.bar) << "below the marker lane";
+    const NSView window = application->window(WindowKind::kArrange).contentView();
+    EXPECT_EQ(rgba(call<"backgroundColor", NSColor>(window)), c.separators);
+    const auto other = newView("CLgSectionView");
+    stateOf<host::CLgSectionView>(other).section = 3;
+    ruler.addSubview(other);
+    EXPECT_EQ(pixel(drawn(other, other->bounds()), 4, 4), kClear) << "another section";
+    other->removeFromSuperview();
+  });
 }
 
 // ---- Settings changes ---------------------------------------------------------------------------------
-
-class ArrangeSettings : public ArrangeContents {};
 
 int told = 0;
 void countInstead(NSView /*view*/, NSObject /*notification*/) { ++told; }
@@ -83,12 +79,12 @@ int timesTold() {
   return told;
 }
 
-TEST_F(ArrangeSettings, AreHeardOfOnceWhileTheViewIsInAWindow) {
+TEST_F(ArrangeContents, HearsOfSettingsOnceWhileItIsInAWindow) {
   start(ThemeFile(), host::Song());
   application_->settle(WindowKind::kArrange);
-  EXPECT_FALSE(standin::windowNeedsDisplay(application_->window(WindowKind::kArrange)));
+  EXPECT_FALSE(needsDisplay());
   timesTold();
-  EXPECT_TRUE(standin::windowNeedsDisplay(application_->window(WindowKind::kArrange)));
+  EXPECT_TRUE(needsDisplay());
   EXPECT_EQ(standin::dirtyRect(contents()), contents().bounds()) << "all of it";
   detail::replaceFunction<"vlr_gridSettingsDidChange:", countInstead>(classNamed("MAView"));
   EXPECT_EQ(timesTold(), 1);
@@ -102,8 +98,7 @@ TEST_F(ArrangeSettings, AreHeardOfOnceWhileTheViewIsInAWindow) {
   EXPECT_EQ(timesTold(), 1);
   {
     const AutoreleasePool pool;
-    const auto gone = Ref<NSView>::adopt(NSView(call<"initWithFrame:", id>(
-        call<"alloc", id>(classNamed("ArrangeContentsSectionView")), CGRectMake(0, 0, 9, 9))));
+    const auto gone = newView("ArrangeContentsSectionView");
     call<"vlr_registerForGridSettingsIfNeeded">(gone.get());
     EXPECT_EQ(timesTold(), 2);
   }
@@ -141,10 +136,6 @@ class MarkerBands : public ArrangeContents {
     EXPECT_EQ(near(pixel(drawn, 270, 100), kBlue), red);
     return red;
   }
-  [[nodiscard]] bool needsDisplay() const {
-    return standin::windowNeedsDisplay(application_->window(WindowKind::kArrange));
-  }
-  void draw() const { static_cast<void>(application_->draw(WindowKind::kArrange)); }
 };
 
 TEST_F(MarkerBands, TintWhatLiesBetweenTheRegions) {
@@ -202,15 +193,6 @@ TEST_F(MarkerBands, FollowTheirSwitchTheButtonAndTheirOpacity) {
   EXPECT_TRUE(near(pixel(picture(), 80, 100), {220, 40, 40, 20}, 3));
   set(bands(true, 0));
   EXPECT_EQ(pixel(picture(), 80, 100), kClear);
-}
-
-TEST_F(MarkerBands, StayAwayUnderTheDefaultTheme) {
-  state_ = writeList("state.plist", ThemeFile().flag("isDefaultTheme", true));
-  start(bands(), songOfMarkers());
-  EXPECT_FALSE(shows());
-  writeList("state.plist", ThemeFile().flag("isDefaultTheme", false));
-  set(bands());
-  EXPECT_TRUE(shows());
 }
 
 TEST_F(MarkerBands, OutliveTheirMarkersByASecond) {

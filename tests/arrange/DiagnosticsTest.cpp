@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -17,8 +16,6 @@ namespace {
 namespace fs = std::filesystem;
 using namespace cocoa;
 using namespace support;
-using testing::HasSubstr;
-using testing::MatchesRegex;
 
 constexpr const char* kRender = "/tmp/vlr_mb_render.txt";
 constexpr const char* kRenderPicture = "/tmp/vlr_mb_render.png";
@@ -28,6 +25,8 @@ constexpr const char* kProbePicture = "/tmp/vlr_marker_probe.png";
 constexpr const char* kRenderSwitch = "/tmp/vlr_mb_render_on";
 constexpr const char* kDiagnosisSwitch = "/tmp/vlr_mb_diag_on";
 constexpr const char* kProbeSwitch = "/tmp/vlr_marker_probe_on";
+constexpr const char* kReports[] = {kRender, kRenderPicture, kDiagnosis, kProbe, kProbePicture};
+constexpr const char* kSwitches[] = {kRenderSwitch, kDiagnosisSwitch, kProbeSwitch};
 
 /// Two markers at 32 points a bar, a cycle above them and a region.
 host::Song songOfMarkers() {
@@ -47,15 +46,11 @@ std::vector<std::string> linesOf(const std::string& text) {
   return lines;
 }
 
-/// Line by line, as a pattern each.
-void expectLines(const std::string& text, const std::vector<std::string>& patterns) {
-  const auto lines = linesOf(text);
-  EXPECT_TRUE(text.ends_with('\n'));
-  for (std::size_t i = 0; i < std::max(lines.size(), patterns.size()); ++i) {
-    const std::string line = i < lines.size() ? lines[i] : "(missing)";
-    const std::string pattern = i < patterns.size() ? patterns[i] : "(nothing)";
-    EXPECT_THAT(line, MatchesRegex(pattern));
-  }
+/// Lines that match a pattern each.
+auto areLike(const std::vector<std::string>& patterns) {
+  std::vector<testing::Matcher<std::string>> lines;
+  for (const std::string& pattern : patterns) lines.emplace_back(testing::MatchesRegex(pattern));
+  return testing::ElementsAreArray(lines);
 }
 
 class SwitchFileDiagnostics : public ArrangeContents {
@@ -66,10 +61,8 @@ class SwitchFileDiagnostics : public ArrangeContents {
     clear();
   }
   static void clear() {
-    for (const char* path :
-         {kRender, kRenderPicture, kDiagnosis, kProbe, kProbePicture, kRenderSwitch, kDiagnosisSwitch, kProbeSwitch}) {
-      fs::remove(path);
-    }
+    for (const char* path : kReports) fs::remove(path);
+    for (const char* path : kSwitches) fs::remove(path);
   }
   static void switchOn(const char* file) { writeFile(file, ""); }
   void open(host::Song song = songOfMarkers()) { start(ThemeFile().flag("markerBandsEnabled", true), std::move(song)); }
@@ -83,9 +76,7 @@ class SwitchFileDiagnostics : public ArrangeContents {
 TEST_F(SwitchFileDiagnostics, SayNothingWithoutTheirSwitches) {
   open();
   picture();
-  for (const char* path : {kRender, kRenderPicture, kDiagnosis, kProbe, kProbePicture}) {
-    EXPECT_FALSE(fs::exists(path)) << path;
-  }
+  for (const char* path : kReports) EXPECT_FALSE(fs::exists(path)) << path;
 }
 
 TEST_F(SwitchFileDiagnostics, ReportTheRulersBands) {
@@ -139,11 +130,12 @@ TEST_F(SwitchFileDiagnostics, AppendWhatAPassFoundWhenTheRulerHasChanged) {
       R"(region rects \(section-local\) count=1:)",
       R"(  \{\{96, 0\}, \{64, 39\}\})",
       "AX: section children=12",
+      "  child role=AXGroup kids=1",
   };
-  expected.insert(expected.end(), "  child role=AXGroup kids=1");
-  for (int i = 0; i < 8; ++i) expected.emplace_back("  child role=AXGroup kids=0");
+  expected.insert(expected.end(), 8, "  child role=AXGroup kids=0");
   expected.emplace_back("  …");
-  expectLines(first, expected);
+  EXPECT_TRUE(first.ends_with('\n'));
+  EXPECT_THAT(linesOf(first), areLike(expected));
 
   picture();
   EXPECT_EQ(fileContents(kDiagnosis), first) << "nothing new";
@@ -172,7 +164,7 @@ TEST_F(SwitchFileDiagnostics, ProbeTheViewsAroundTheMarkers) {
   standin::setPressedMouseButtons(0);
   picture();
   const auto lines = linesOf(fileContents(kProbe));
-  std::vector<std::string> patterns = {
+  const std::vector<std::string> patterns = {
       R"(=== VLR MARKER PROBE [0-9]{4}-.* ===)",
       R"(section=<Arrange.*> frame=\{\{0, 0\}, \{2048, [0-9]+\}\} visible=\{\{0, 0\}, \{959, [0-9]+\}\} sectionLeftScreen=[0-9]+\.[0-9])",
       R"(parent=<CLgArrangeView.*>)",
@@ -185,45 +177,19 @@ TEST_F(SwitchFileDiagnostics, ProbeTheViewsAroundTheMarkers) {
       "ROW PROFILE \\(pixel-y : coloredCount / W , viewY\\) — colored rows are marker candidates:",
   };
   ASSERT_GT(lines.size(), patterns.size());
-  for (std::size_t i = 0; i < patterns.size(); ++i) {
-    EXPECT_THAT(lines[i], MatchesRegex(patterns[i]));
-  }
+  EXPECT_THAT(std::vector(lines.begin(), lines.begin() + std::ssize(patterns)), areLike(patterns));
   EXPECT_THAT(lines, testing::Contains("  y=  39     96/959    viewY=39.0"));
-  const std::vector<std::string> end(lines.end() - 6, lines.end());
-  EXPECT_THAT(end,
-              testing::ElementsAre("", "DETECTED MARKER BAND pixel-y [39..57]", "",
-                                   "MARKER CELLS (runs of ~constant colour across the band):", testing::_, testing::_));
   EXPECT_THAT(
-      end[4],
-      MatchesRegex(
-          R"(  #DC2828  screenX\[[0-9]+\.[0-9]\.\.[0-9]+\.[0-9]\]  sectionX\[64\.0\.\.128\.0\]  widthPt=64\.0)"));
+      std::vector(lines.end() - 6, lines.end()),
+      areLike({"", R"(DETECTED MARKER BAND pixel-y \[39\.\.57\])", "",
+               R"(MARKER CELLS \(runs of ~constant colour across the band\):)",
+               R"(  #DC2828  screenX\[[0-9]+\.[0-9]\.\.[0-9]+\.[0-9]\]  sectionX\[64\.0\.\.128\.0\]  widthPt=64\.0)",
+               ".*"}));
   EXPECT_EQ(pictureSize(kProbePicture), (CGSize{959, 76}));
 
-  struct Case {
-    const char* what;
-    std::function<void()> change;
-    const char* last;
-  };
-  const Case kCases[] = {
-      {"no markers",
-       [&] {
-         song().arrange.markers.clear();
-         application_->arrange().songChanged();
-       },
-       "\n\n(no coloured band found — marker track may be hidden, or lane is elsewhere)\n"},
-      {"no picture",
-       [] {
-         detail::replaceFunction<"bitmapImageRepForCachingDisplayInRect:", noBitmap>(classNamed("CLgSectionView"));
-       },
-       "\ncacheDisplay rep=nil\n"},
-      {"no ruler", [] { detail::replaceFunction<"sectionView:", noSection>(classNamed("CLgArrangeView")); },
-       "\nNO RULER VIEW (sectionView:2)\n"},
-  };
   double now = kNow;
-  for (const Case& c : kCases) {
-    c.change();
-    const CGRect visible = contents().visibleRect();
-    const auto draw = [&] { call<"drawRect:">(contents(), visible); };
+  const auto expectLast = [&](const std::string& last) {
+    const auto draw = [&] { call<"drawRect:">(contents(), contents().visibleRect()); };
     const Ref<NSBitmapImageRep> bitmap =
         NSBitmapImageRep::withBitmapDataPlanes(nullptr, 40, 40, 8, 4, true, false, NSDeviceRGBColorSpace, 0, 0);
     const SavedGraphicsState saved;
@@ -231,23 +197,29 @@ TEST_F(SwitchFileDiagnostics, ProbeTheViewsAroundTheMarkers) {
     fs::remove(kProbe);
     standin::setClock(now + 1.9);
     draw();
-    EXPECT_FALSE(fs::exists(kProbe)) << c.what;
+    EXPECT_FALSE(fs::exists(kProbe)) << last;
     standin::setClock(now += 2.1);
     draw();
-    EXPECT_TRUE(fileContents(kProbe).ends_with(c.last)) << c.what << fileContents(kProbe);
-  }
+    EXPECT_TRUE(fileContents(kProbe).ends_with(last)) << last << fileContents(kProbe);
+  };
+  song().arrange.markers.clear();
+  application_->arrange().songChanged();
+  expectLast("\n\n(no coloured band found — marker track may be hidden, or lane is elsewhere)\n");
+  detail::replaceFunction<"bitmapImageRepForCachingDisplayInRect:", noBitmap>(classNamed("CLgSectionView"));
+  expectLast("\ncacheDisplay rep=nil\n");
+  detail::replaceFunction<"sectionView:", noSection>(classNamed("CLgArrangeView"));
+  expectLast("\nNO RULER VIEW (sectionView:2)\n");
 }
 
 TEST_F(SwitchFileDiagnostics, NeverFollowALink) {
   const std::string secret = session::privateFolder() + "/secret";
   writeFile(secret, "do not touch");
-  for (const char* path : {kRender, kRenderPicture, kDiagnosis, kProbe, kProbePicture})
-    fs::create_symlink(secret, path);
-  for (const char* path : {kRenderSwitch, kDiagnosisSwitch, kProbeSwitch}) switchOn(path);
+  for (const char* path : kReports) fs::create_symlink(secret, path);
+  for (const char* path : kSwitches) switchOn(path);
   open();
   picture();
   EXPECT_EQ(fileContents(secret), "do not touch");
-  for (const char* path : {kRender, kRenderPicture, kDiagnosis, kProbe, kProbePicture}) {
+  for (const char* path : kReports) {
     EXPECT_FALSE(fs::is_symlink(path)) << path;
     EXPECT_GT(fs::file_size(path), 100U) << path;
   }

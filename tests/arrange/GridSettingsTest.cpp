@@ -1,9 +1,7 @@
 // The grid settings: what a settings file says, and how its changes are followed.
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <chrono>
 #include <cmath>
@@ -48,7 +46,7 @@ class GridSettings : public HostTest {
     ClassDefinition<ChangeCounter>("GridChangeCounter", "NSObject")
         .method<"changed:", &ChangeCounter::changed>()
         .registered();
-    observer_ = Ref<NSObject>::adopt(NSObject(call<"new", id>(asObject(classNamed("GridChangeCounter")))));
+    observer_ = newObject("GridChangeCounter");
     NSNotificationCenter::defaultCenter().addObserver(observer_, selector<"changed:">(),
                                                       literal<"VLRGridSettingsDidChangeNotification">(), NSObject());
     reader_ = call<"sharedReader", NSObject>(classNamed("VLRGridSettingsReader"));
@@ -164,8 +162,7 @@ TEST_F(GridSettings, SwitchGridAndBandsOffUnderTheDefaultTheme) {
     EXPECT_EQ(settings.enabled, c.on);
     EXPECT_EQ(settings.markerBandsEnabled, c.on);
     EXPECT_EQ(settings.barWidth, 2) << "nothing else";
-    const Class cls = classNamed("VLRGridSettingsReader");
-    EXPECT_EQ(asks<"_isDefaultTheme">(asObject(cls)), !c.on);
+    EXPECT_EQ(asks<"_isDefaultTheme">(asObject(classNamed("VLRGridSettingsReader"))), !c.on);
   }
 }
 
@@ -197,8 +194,7 @@ TEST_F(GridSettings, AreTheDefaultsWhateverElseStandsAtTheirPath) {
 
 TEST_F(GridSettings, AreReadOnceWhenWatchingBegins) {
   write(barWidth(2));
-  const id made = call<"init", id>(call<"alloc", id>(classNamed("VLRGridSettingsReader")));
-  const auto own = Ref<NSObject>::adopt(NSObject(made));
+  const auto own = newObject("VLRGridSettingsReader");
   EXPECT_EQ((call<"settings", VLRGridSettings>(own.get())), VLRGridSettings{}) << "nothing is read before";
   call<"startWatching">(own.get());
   EXPECT_EQ(changes(), 1);
@@ -223,12 +219,7 @@ TEST_F(GridSettings, FollowEveryWayOfSaving) {
   write(barWidth(1.5));  // truncated, then written
   EXPECT_TRUE(becomes(1.5));
   EXPECT_GE(newChanges(), 1);
-  {
-    const std::string text = barWidth(1.25).list();
-    const int file = ::open(path_.c_str(), O_WRONLY);
-    ASSERT_EQ(::pwrite(file, text.data(), text.size(), 0), static_cast<ssize_t>(text.size()));
-    ::close(file);
-  }
+  std::fstream(path_, std::ios::in | std::ios::out) << barWidth(1.25).list();
   EXPECT_TRUE(becomes(1.25)) << "in place";
   EXPECT_EQ(newChanges(), 1) << "one reading for one event";
   for (const double width : {2.0, 0.25, 2.25}) {

@@ -7,13 +7,11 @@
 
 #include "host/arrange/Timeline.h"
 #include "plugin/arrange/RegionLineColour.h"
-#include "standin/Display.h"
 #include "tests/arrange/ArrangeContents.h"
 
 namespace {
 
 using namespace cocoa;
-using host::WindowKind;
 using namespace support;
 using testing::IsEmpty;
 
@@ -56,9 +54,6 @@ class Grid : public ArrangeContents {
     const NSBitmapImageRep host = without();
     set(grid);
     return changedColumns(picture(), host, y);
-  }
-  [[nodiscard]] bool needsDisplay() const {
-    return standin::windowNeedsDisplay(application_->window(WindowKind::kArrange));
   }
 };
 
@@ -152,20 +147,19 @@ TEST_F(Grid, HasLinesOfEveryWidthOpacityAndGrey) {
   };
   const Case kCases[] = {
       {"as set", only("bar"), white(1), 0},
-      {"an opacity", ThemeFile(only("bar")).number("barOpacity", 0.5), white(0.5), 0},
-      {"of the master's", ThemeFile(only("bar")).number("barOpacity", 0.5).number("masterOpacity", 0.5), white(0.25),
-       0},
-      {"more than full", ThemeFile(only("bar")).number("barOpacity", 7).number("masterOpacity", 0.5), white(1), 0},
-      {"none", ThemeFile(only("bar")).number("barOpacity", 0), kBody, 0},
-      {"less than none", ThemeFile(only("bar")).number("barOpacity", -1), kBody, 0},
-      {"hardly any", ThemeFile(only("bar")).number("barOpacity", 0.001), kBody, 0},
-      {"no width", ThemeFile(only("bar")).number("barWidth", 0), kBody, 0},
-      {"half a point", ThemeFile(only("bar")).number("barWidth", 0.5), white(0.5), 0},
-      {"2 points", ThemeFile(only("bar")).number("barWidth", 2), white(1), 0.5},
-      {"at most 2.5 points", ThemeFile(only("bar")).number("barWidth", 9), white(1), 0.75},
-      {"grey", ThemeFile(only("bar")).number("lineGray", 0.2), {51, 51, 51}, 0},
-      {"blacker than black", ThemeFile(only("bar")).number("lineGray", -3), {0, 0, 0}, 0},
-      {"beats and divisions remain", ThemeFile(strong()).number("barWidth", 0), kBody, 0},
+      {"an opacity", only("bar").number("barOpacity", 0.5), white(0.5), 0},
+      {"of the master's", only("bar").number("barOpacity", 0.5).number("masterOpacity", 0.5), white(0.25), 0},
+      {"more than full", only("bar").number("barOpacity", 7).number("masterOpacity", 0.5), white(1), 0},
+      {"none", only("bar").number("barOpacity", 0), kBody, 0},
+      {"less than none", only("bar").number("barOpacity", -1), kBody, 0},
+      {"hardly any", only("bar").number("barOpacity", 0.001), kBody, 0},
+      {"no width", only("bar").number("barWidth", 0), kBody, 0},
+      {"half a point", only("bar").number("barWidth", 0.5), white(0.5), 0},
+      {"2 points", only("bar").number("barWidth", 2), white(1), 0.5},
+      {"at most 2.5 points", only("bar").number("barWidth", 9), white(1), 0.75},
+      {"grey", only("bar").number("lineGray", 0.2), {51, 51, 51}, 0},
+      {"blacker than black", only("bar").number("lineGray", -3), {0, 0, 0}, 0},
+      {"beats and divisions remain", strong().number("barWidth", 0), kBody, 0},
   };
   for (const Case& c : kCases) {
     set(c.grid);
@@ -240,14 +234,14 @@ TEST_F(Grid, ReadsColoursAnewAfterTwoSecondsAndWhenRegionsComeAndGo) {
   song().tracks[0].colour = host::SongColour{20, 200, 20};
   application_->arrange().songChanged();
   standin::setClock(kNow + 3.95);
-  static_cast<void>(application_->draw(WindowKind::kArrange));
+  draw();
   const Rgba before = pixel(picture(), 64, 37);
   EXPECT_EQ(standin::runMainQueue(), 1U) << "two seconds later";
   EXPECT_TRUE(needsDisplay());
   EXPECT_NE(pixel(picture(), 64, 37), before);
-  static_cast<void>(application_->draw(WindowKind::kArrange));
+  draw();
   standin::setClock(kNow + 7);
-  static_cast<void>(application_->draw(WindowKind::kArrange));
+  draw();
   EXPECT_EQ(standin::runMainQueue(), 1U);
   EXPECT_FALSE(needsDisplay()) << "the same colours";
   standin::setClock(kNow + 10);
@@ -267,9 +261,9 @@ TEST_F(Grid, KeepsItsGreyInRegionsOfWhichHardlyAnythingShows) {
   const NSBitmapImageRep drawn = settledPicture();
   EXPECT_NE(pixel(drawn, 64, 9), (Rgba{230, 230, 230}));
   EXPECT_EQ(pixel(drawn, 192, 16), (Rgba{230, 230, 230}));
-  static_cast<void>(application_->draw(WindowKind::kArrange));
+  draw();
   standin::setClock(kNow + 3);
-  static_cast<void>(application_->draw(WindowKind::kArrange));
+  draw();
   standin::runMainQueue();
   EXPECT_FALSE(needsDisplay()) << "no colour is no change";
 }
@@ -290,7 +284,7 @@ TEST_F(Grid, StandsStillWhileTheButtonIsHeld) {
   song().tracks[0].regions[0].start = 2;
   application_->arrange().songChanged();
   EXPECT_EQ(whites(37), old) << "regions as they were";
-  static_cast<void>(application_->draw(WindowKind::kArrange));
+  draw();
   EXPECT_NEAR(standin::timeUntilMainQueueWork().value_or(-1), 0.15, 1e-6);
   standin::setClock(kNow + 0.2);
   standin::runMainQueue();
@@ -316,8 +310,7 @@ TEST_F(Grid, IsNotBegunWhileTheButtonIsHeld) {
   set(strong());
   EXPECT_FALSE(areSame(picture(), held));
   standin::setPressedMouseButtons(1);
-  const auto other = Ref<NSView>::adopt(NSView(call<"initWithFrame:", id>(
-      call<"alloc", id>(classNamed("ArrangeContentsSectionView")), CGRectMake(0, 0, 300, 100))));
+  const auto other = newView("ArrangeContentsSectionView", CGRectMake(0, 0, 300, 100));
   contents().superview().addSubview(other);
   const NSBitmapImageRep alone = drawn(other, other->bounds());
   EXPECT_EQ(pixel(alone, 64, 37).alpha, 0) << "in a view that the lines are not of";
@@ -325,17 +318,12 @@ TEST_F(Grid, IsNotBegunWhileTheButtonIsHeld) {
   standin::setPressedMouseButtons(0);
 }
 
-TEST_F(Grid, StaysAwayUnderTheDefaultThemeAndFromTheCycleRange) {
+TEST_F(Grid, StaysAwayFromTheCycleRange) {
   host::Song made = songOfRegions();
   made.arrange.cycle = {.start = 1, .end = 20, .on = true};
-  state_ = writeList("state.plist", ThemeFile().flag("isDefaultTheme", true));
   start(strong(), made);
-  const NSBitmapImageRep drawn = picture();
-  EXPECT_TRUE(areSame(drawn, without()));
-  writeList("state.plist", ThemeFile());
-  const NSBitmapImageRep host = without();
-  set(strong());
   const NSBitmapImageRep themed = picture();
+  const NSBitmapImageRep host = without();
   EXPECT_FALSE(areSame(themed, host));
   for (long y = 80; y < host.pixelsHigh(); ++y) EXPECT_THAT(changedColumns(themed, host, y), IsEmpty()) << y;
   EXPECT_THAT(changedColumns(themed, host, 33), testing::Each(testing::Lt(448L)));

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
@@ -17,11 +18,9 @@
 namespace {
 
 using namespace cocoa;
-using host::WindowKind;
 using namespace support;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::Not;
 
 constexpr Rgba kHostEmpty{97, 97, 97};
 constexpr Rgba kEmpty{8, 16, 24};
@@ -39,25 +38,12 @@ host::Song fourTracks() {
   song.tracks[1].height = 25;
   return song;
 }
-Rgba trackColour(int row) { return {200, 40L * row, 100}; }
+Rgba trackColour(std::size_t row) { return {200, 40 * static_cast<long>(row), 100}; }
 
-/// `over` at its alpha on an opaque colour.
-Rgba blended(const Rgba& over, const Rgba& under) {
-  const auto mix = [&](long a, long b) { return (a * over.alpha + b * (100 - over.alpha) + 50) / 100; };
+/// A colour at an opacity on another.
+Rgba blended(const Rgba& over, long opacity, const Rgba& under) {
+  const auto mix = [&](long a, long b) { return (a * opacity + b * (100 - opacity) + 50) / 100; };
   return {mix(over.red, under.red), mix(over.green, under.green), mix(over.blue, under.blue)};
-}
-Rgba faded(Rgba colour, long alpha) {
-  colour.alpha = alpha;
-  return colour;
-}
-
-template <FixedString Selector, auto Function>
-void replaceMethod(const char* className) {
-  detail::replaceFunction<Selector, Function>(classNamed(className));
-}
-template <FixedString Selector, auto Function>
-void replaceClassMethod(const char* className) {
-  detail::replaceFunction<Selector, Function>(metaclassOf(classNamed(className)));
 }
 
 class HeaderStrips : public HostTest {
@@ -91,30 +77,20 @@ class HeaderStrips : public HostTest {
     call<"drawStripColor:colorCollection:">(headers(), dirty, list);
     return bitmap;
   }
-  static NSArray entry(CGRect rect, NSColor of, std::optional<bool> selected = std::nullopt) {
-    const auto list = NSMutableArray::array();
-    list.addObject(NSValue::valueWithRect(rect));
-    list.addObject(of);
-    if (selected) list.addObject(NSNumber::numberWithBool(*selected));
-    return list;
-  }
-  static NSArray listOf(std::initializer_list<NSArray> entries) {
-    const auto list = NSMutableArray::array();
-    for (const NSArray each : entries) list.addObject(each);
-    return list;
+  static NSArray entry(CGRect rect, NSColor of, bool selected) {
+    return arrayOf({NSValue::valueWithRect(rect), of, NSNumber::numberWithBool(selected)});
   }
   /// One strip over the whole bitmap.
   static NSArray whole(NSColor of, bool selected = false) {
-    return listOf({entry(CGRectMake(0, 0, 40, 40), of, selected)});
+    return arrayOf({entry(CGRectMake(0, 0, 40, 40), of, selected)});
   }
   static NSColor red(double alpha = 1) { return NSColor::colorWithSRGBRed(1, 0, 0, alpha); }
-  [[nodiscard]] NSInteger column(bool& bar, bool& numbers) const {
-    BOOL isBar = 0;
-    BOOL isNumbers = 0;
-    const auto found = call<"getXOffsetinTrack:showTrackNumP:", NSInteger>(headers(), &isBar, &isNumbers);
-    bar = isBar != 0;
-    numbers = isNumbers != 0;
-    return found;
+  /// The column of the colour bars, whether they are shown, and whether track numbers are; 2 where nothing is said.
+  [[nodiscard]] std::tuple<NSInteger, int, int> column() const {
+    BOOL bars = 2;
+    BOOL numbers = 2;
+    const auto found = call<"getXOffsetinTrack:showTrackNumP:", NSInteger>(headers(), &bars, &numbers);
+    return {found, bars, numbers};
   }
 };
 
@@ -132,7 +108,7 @@ TEST_F(HeaderStrips, TakeTheColoursOfTheirKind) {
                             .text("arrangeStripBackgroundColor", colour(10, 0, 0))
                             .text("arrangeFolderSelectedStripBackgroundColor", colour(40, 0, 0));
   const std::pair<ThemeFile, std::vector<Rgba>> kCases[] = {
-      {fourColours(), {{10, 0, 0}, {20, 0, 0}, {30, 0, 0}, blended({40, 100, 0, 50}, kEmpty), kEmpty}},
+      {fourColours(), {{10, 0, 0}, {20, 0, 0}, {30, 0, 0}, blended({40, 100, 0}, 50, kEmpty), kEmpty}},
       {two, {{10, 0, 0}, kHostEmpty, kHostEmpty, {40, 0, 0}, kHostEmpty}},
       {ThemeFile().text("EmptyAreaBelow", colour(8, 16, 24)), {kEmpty, kEmpty, kEmpty, kEmpty, kEmpty}},
       {ThemeFile(), {kHostEmpty, kHostEmpty, kHostEmpty, kHostEmpty, kHostEmpty}},
@@ -186,6 +162,7 @@ TEST_F(HeaderStrips, SampleTheHostsColourBarsWhereTheyAre) {
     bool seen;  // the tracks' own colours
   };
   const auto surfaces = [](int bars) { return host::HeaderSetup{.controlSurfaceBars = bars}; };
+  const std::vector<Rgba> kTracks{trackColour(0), trackColour(1), trackColour(2), trackColour(3), kEmpty};
   const Case kCases[] = {
       {{.trackNumbers = true, .colourBars = false}, {}, 0, false},
       {{.colourBars = false, .controlSurfaceBars = 3}, {}, 0, false},
@@ -208,28 +185,19 @@ TEST_F(HeaderStrips, SampleTheHostsColourBarsWhereTheyAre) {
     song.arrange.headers = c.setup;
     start(ThemeFile().flag("useTrackColorAsArrangeStripBackground", true).text("EmptyAreaBelow", colour(8, 16, 24)),
           song, c.options);
-    bool bar = false;
-    bool numbers = false;
-    EXPECT_EQ(column(bar, numbers), c.column);
-    EXPECT_EQ(bar, c.setup.colourBars);
-    EXPECT_EQ(numbers, c.setup.trackNumbers);
-    const auto shown = edge();
-    for (int i = 0; i < 4; ++i) {
-      EXPECT_EQ(shown[static_cast<std::size_t>(i)], c.seen ? trackColour(i) : kEmpty) << c.column << ", track " << i;
-    }
+    EXPECT_EQ(column(), std::tuple(c.column, c.setup.colourBars, c.setup.trackNumbers));
+    EXPECT_EQ(edge(), c.seen ? kTracks : std::vector<Rgba>(5, kEmpty)) << c.column;
   });
 }
 
 TEST_F(HeaderStrips, SampleColumnOneWhereTheHostDoesNotTell) {
   start(ThemeFile().flag("useTrackColorAsArrangeStripBackground", true));
-  bool bar = true;
-  bool numbers = true;
-  replaceClassMethod<"createSaveConfigDict:", noConfiguration>("TrackHeaderConfigController");
-  EXPECT_EQ(column(bar, numbers), 1);
+  const Class controller = metaclassOf(classNamed("TrackHeaderConfigController"));
+  detail::replaceFunction<"createSaveConfigDict:", noConfiguration>(controller);
+  EXPECT_EQ(std::get<0>(column()), 1);
   EXPECT_EQ(edge()[0], trackColour(0));
-  replaceClassMethod<"createSaveConfigDict:", raisedConfiguration>("TrackHeaderConfigController");
-  EXPECT_EQ(column(bar, numbers), 1);
-  EXPECT_FALSE(bar || numbers);
+  detail::replaceFunction<"createSaveConfigDict:", raisedConfiguration>(controller);
+  EXPECT_EQ(column(), std::tuple(1, false, false));
   EXPECT_EQ((call<"getXOffsetinTrack:showTrackNumP:", NSInteger>(headers(), static_cast<BOOL*>(nullptr),
                                                                  static_cast<BOOL*>(nullptr))),
             1);
@@ -243,27 +211,25 @@ TEST_F(HeaderStrips, UseTheThemesColoursWhereTheHostShowsNoBars) {
 }
 
 TEST_F(HeaderStrips, FadeTrackColoursByKind) {
-  const ThemeFile tracks =
-      ThemeFile().flag("useTrackColorAsArrangeStripBackground", true).text("EmptyAreaBelow", colour(8, 16, 24));
+  const auto withOpacities = [](const std::array<long, 4>& percents) {
+    return ThemeFile()
+        .flag("useTrackColorAsArrangeStripBackground", true)
+        .text("EmptyAreaBelow", colour(8, 16, 24))
+        .integer("UseTrackColor_ArrangeOpacity", percents[0])
+        .integer("UseTrackColor_ArrangeHighlightedOpacity", percents[1])
+        .integer("UseTrackColor_ArrangeFolderOpacity", percents[2])
+        .integer("UseTrackColor_ArrangeFolderHighlightedOpacity", percents[3]);
+  };
   EXPECT_TRUE(inChild([&] {
-    start(ThemeFile(tracks)
-              .integer("UseTrackColor_ArrangeOpacity", 40)
-              .integer("UseTrackColor_ArrangeHighlightedOpacity", 80)
-              .integer("UseTrackColor_ArrangeFolderOpacity", 10)
-              .integer("UseTrackColor_ArrangeFolderHighlightedOpacity", 60));
+    constexpr std::array<long, 4> kPercents{40, 80, 10, 60};
+    start(withOpacities(kPercents));
     const auto shown = edge();
-    constexpr long kAlphas[] = {40, 80, 10, 60};
-    for (int i = 0; i < 4; ++i) {
-      const Rgba expected = blended(faded(trackColour(i), kAlphas[i]), kEmpty);
-      EXPECT_TRUE(near(shown[static_cast<std::size_t>(i)], expected, 2)) << i << shown[static_cast<std::size_t>(i)];
+    for (std::size_t i = 0; i < 4; ++i) {
+      EXPECT_TRUE(near(shown[i], blended(trackColour(i), kPercents[i], kEmpty), 2)) << i << shown[i];
     }
     return true;
   }));
-  start(ThemeFile(tracks)
-            .integer("UseTrackColor_ArrangeOpacity", 0)
-            .integer("UseTrackColor_ArrangeHighlightedOpacity", 0)
-            .integer("UseTrackColor_ArrangeFolderOpacity", 0)
-            .integer("UseTrackColor_ArrangeFolderHighlightedOpacity", 0)
+  start(withOpacities({0, 0, 0, 0})
             .text("arrangeStripHighlightBackgroundColor", colour(20, 0, 0))
             .text("arrangeFolderStripBackgroundColor", colour(30, 0, 0))
             .text("arrangeFolderSelectedStripBackgroundColor", colour(40, 0, 0)));
@@ -290,8 +256,7 @@ TEST_F(HeaderStrips, SampleWhateverPartOfTheColumnIsDrawn) {
         const double fromTop = height - (dirty.maxY() - static_cast<double>(y) - 0.5);
         const auto row = rows.rowAt(fromTop);
         if (fromTop > rows.top(row) + rows.height(row) - 1) continue;  // the line that the host draws between headers
-        ASSERT_EQ(pixel(drawn, drawn.pixelsWide() - 1, y), trackColour(static_cast<int>(row % 4)))
-            << down << " " << part << " " << y;
+        ASSERT_EQ(pixel(drawn, drawn.pixelsWide() - 1, y), trackColour(row % 4)) << down << " " << part << " " << y;
       }
     }
   }
@@ -317,21 +282,21 @@ TEST_F(HeaderStrips, AreListedAsRectangleColourAndSelection) {
   }
   application_->arrange().setScroll(0, 0);
   const auto table = call<"getTracksData", NSData>(headers());
-  struct Record {
-    double height;
-    bool selected;
-    bool folder;
-  };
-  ASSERT_EQ(table.length(), 8 + 4 * sizeof(Record));
-  std::uint64_t count = 0;
-  std::memcpy(&count, table.bytes(), sizeof count);
-  EXPECT_EQ(count, 4U);
+  struct {
+    std::uint64_t count;
+    struct {
+      double height;
+      bool selected;
+      bool folder;
+    } tracks[4];
+  } read{};
+  ASSERT_EQ(table.length(), sizeof read);
+  std::memcpy(&read, table.bytes(), sizeof read);
+  EXPECT_EQ(read.count, 4U);
   for (std::size_t i = 0; i < 4; ++i) {
-    Record record{};
-    std::memcpy(&record, static_cast<const char*>(table.bytes()) + 8 + i * sizeof record, sizeof record);
-    EXPECT_EQ(record.height, rows.height(i));
-    EXPECT_EQ(record.selected, i % 2 != 0);
-    EXPECT_EQ(record.folder, i >= 2);
+    EXPECT_EQ(read.tracks[i].height, rows.height(i));
+    EXPECT_EQ(read.tracks[i].selected, i % 2 != 0);
+    EXPECT_EQ(read.tracks[i].folder, i >= 2);
   }
 }
 
@@ -340,16 +305,17 @@ TEST_F(HeaderStrips, AreListedAsRectangleColourAndSelection) {
 TEST_F(HeaderStrips, ArePaintedFromEntriesOfTwoObjectsAndMore) {
   start(ThemeFile().text("arrangeStripHighlightBGGradient", "LinearGradient:{{0,0,255,100},{0,0,255,100},V}"));
   const auto quarter = [](double x, double y) { return CGRectMake(x, y, 20, 20); };
-  const auto only = NSMutableArray::array();
-  only.addObject(NSValue::valueWithRect(quarter(20, 20)));
-  const auto bitmap = painted(listOf({entry(quarter(0, 0), red()), entry(quarter(20, 0), red(), true), only,
-                                      NSArray::array(), entry(quarter(0, 20), red(0.5), false)}),
-                              false, CGRectMake(0, 0, 40, 25));
+  const NSArray two = arrayOf({NSValue::valueWithRect(quarter(0, 0)), red()});
+  const NSArray one = arrayOf({NSValue::valueWithRect(quarter(20, 20))});
+  const auto bitmap = painted(
+      arrayOf({two, entry(quarter(20, 0), red(), true), one, NSArray::array(), entry(quarter(0, 20), red(0.5), false)}),
+      false, CGRectMake(0, 0, 40, 25));
   EXPECT_EQ(pixel(bitmap, 5, 35), (Rgba{255, 0, 0})) << "two objects: not selected";
   EXPECT_EQ(pixel(bitmap, 25, 35), (Rgba{0, 0, 255}));
   EXPECT_EQ(pixel(bitmap, 25, 5).alpha, 0);
   EXPECT_EQ(pixel(bitmap, 5, 2), (Rgba{255, 0, 0, 50})) << "the whole strip, beyond what is dirty";
-  EXPECT_EQ(pixel(painted(listOf({entry(quarter(0, 20), red())}), false, CGRectMake(0, 0, 40, 20)), 5, 5).alpha, 0)
+  EXPECT_EQ(pixel(painted(arrayOf({entry(quarter(0, 20), red(), false)}), false, CGRectMake(0, 0, 40, 20)), 5, 5).alpha,
+            0)
       << "a strip that is not dirty is left out";
 }
 
@@ -385,6 +351,7 @@ TEST_F(HeaderStrips, ChooseBetweenGradientAndColour) {
   constexpr Rgba kRed{255, 0, 0};
   constexpr Rgba kBlue{0, 0, 255};
   constexpr Rgba kHalf{128, 0, 128};  // blue, half of it over red
+  constexpr Rgba kGlass{0, 0, 255, 50};
   constexpr const char* kAnchored = "LinearGradient:{{255,0,0,100,0},{255,0,0,100,@fader},V}";
   constexpr const char* kShaded = "AutoGradient:{{0},{1},V}";
   const ThemeFile tracks = ThemeFile().flag("useTrackColorAsArrangeStripBackground", true);
@@ -410,8 +377,8 @@ TEST_F(HeaderStrips, ChooseBetweenGradientAndColour) {
       {withSelected(with(tracks, "LinearGradient:{{0,0,255,100},{0,0,255,100},V}")), true, 0.5, kHalf},
       {with(tracks, kShaded).text("arrangeStripBackgroundColor", colour(255, 0, 0)), false, 0.5, kHalf},
       {with(tracks, kShaded).text("arrangeStripHighlightBackgroundColor", colour(255, 0, 0)), true, 0.5, kHalf},
-      {with(tracks, kShaded), false, 0.5, faded(kBlue, 50)},  // nothing to shade
-      {with(tracks, kAnchored), false, 0.5, faded(kBlue, 50)},
+      {with(tracks, kShaded), false, 0.5, kGlass},  // nothing to shade
+      {with(tracks, kAnchored), false, 0.5, kGlass},
       {ThemeFile().text("arrangeStripBackgroundColor", colour(0, 255, 0)), false, 1, kBlue},
   };
   eachInChild(kCases, [&](const Case& c) {
@@ -458,7 +425,7 @@ TEST_F(HeaderStrips, ShowBevelsInTheirUpperAndLowerBands) {
   eachInChild(kCases, [&](const Case& c) {
     start(ThemeFile().text("arrangeStripBevel", c.bevel));
     const NSColor grey = NSColor::colorWithSRGBRed(128 / 255.0, 128 / 255.0, 128 / 255.0, 1);
-    const auto bitmap = painted(listOf({entry(CGRectMake(0, 0, 40, c.height), grey, c.selected)}), c.flipped);
+    const auto bitmap = painted(arrayOf({entry(CGRectMake(0, 0, 40, c.height), grey, c.selected)}), c.flipped);
     // A flipped context that turns nothing around: its top is the bitmap's bottom.
     for (long i = 0; i < 9; ++i) {
       const long y = c.flipped ? 39 - i : 31 + i;
@@ -503,7 +470,7 @@ NSArray raisedChildren(NSView /*self*/) {
 
 TEST_F(HeaderStrips, AreLeftOutWhenTheHostRaises) {
   start(fourColours());
-  replaceMethod<"accessibilityChildren", raisedChildren>("ArrangeTrackHeaderSectionView");
+  detail::replaceFunction<"accessibilityChildren", raisedChildren>(classNamed("ArrangeTrackHeaderSectionView"));
   testing::internal::CaptureStderr();
   const NSBitmapImageRep drawn = picture();
   EXPECT_THAT(testing::internal::GetCapturedStderr(),
@@ -515,53 +482,44 @@ TEST_F(HeaderStrips, AreLeftOutWhenTheHostRaises) {
 }
 
 TEST_F(HeaderStrips, KeepTheTableOfAMousePress) {
-  for (const char* version : {"12.2.9", "12.3", "13"}) {
-    const bool keeps = std::string(version) != "12.2.9";
-    EXPECT_TRUE(inChild([&] {
-      start(fourColours(), fourTracks(), {.version = version});
-      const auto cached = [&] { return call<"vlrCachedTrackData", NSData>(headers()); };
-      const CGRect frame = screenFrame(accessibilityChildren(headers())[0]);
-      const CGPoint place{frame.midX(), frame.midY()};
-      EXPECT_FALSE(cached());
-      application_->arrange().press(place);
-      EXPECT_EQ(cached().length(), keeps ? 72U : 0U);
-      EXPECT_TRUE(application_->song().tracks[0].selected) << "the host has handled the press";
-      EXPECT_EQ(edge()[0], keeps ? (Rgba{10, 0, 0}) : (Rgba{20, 0, 0})) << "as it was before the press";
-      application_->arrange().release(place);
-      EXPECT_FALSE(cached());
-      EXPECT_EQ(edge()[0], (Rgba{20, 0, 0}));
-      EXPECT_EQ(edge()[1], (Rgba{10, 0, 0}));
-      return true;
-    })) << version;
-  }
+  eachInChild({"12.2.9", "12.3", "13"}, [&](const std::string& version) {
+    const bool keeps = version != "12.2.9";
+    start(fourColours(), fourTracks(), {.version = version});
+    const auto cached = [&] { return call<"vlrCachedTrackData", NSData>(headers()); };
+    const CGRect frame = screenFrame(accessibilityChildren(headers())[0]);
+    const CGPoint place{frame.midX(), frame.midY()};
+    EXPECT_FALSE(cached());
+    application_->arrange().press(place);
+    EXPECT_EQ(cached().length(), keeps ? 72U : 0U);
+    EXPECT_TRUE(application_->song().tracks[0].selected) << "the host has handled the press";
+    EXPECT_EQ(edge()[0], keeps ? (Rgba{10, 0, 0}) : (Rgba{20, 0, 0})) << "as it was before the press";
+    application_->arrange().release(place);
+    EXPECT_FALSE(cached());
+    EXPECT_EQ(edge()[0], (Rgba{20, 0, 0}));
+    EXPECT_EQ(edge()[1], (Rgba{10, 0, 0}));
+  });
 }
 
 TEST_F(HeaderStrips, StandBehindAnOpaqueNameEditor) {
-  struct Case {
-    std::string theme;
-    Rgba expected;
-  };
   const Rgba host{255, 255, 255, 90};
-  const Case kCases[] = {
+  const std::pair<std::string, Rgba> kCases[] = {
       {writeTheme(ThemeFile().text("EmptyAreaBelow", colour(8, 16, 24, 30)).list()), kEmpty},
       {writeTheme(ThemeFile().text("arrangeStripBackgroundColor", colour(8, 16, 24)).list()), host},
       {"default", host},
       {"", host},
   };
-  eachInChild(kCases, [&](const Case& c) {
-    startWith(c.theme, fourTracks());
+  eachInChild(kCases, [&](const auto& c) {
+    startWith(c.first, fourTracks());
     EXPECT_TRUE(application_->arrange().beginRename(0));
-    EXPECT_EQ(rgba(application_->arrange().nameEditor().backgroundColor()), c.expected);
+    EXPECT_EQ(rgba(application_->arrange().nameEditor().backgroundColor()), c.second);
     EXPECT_EQ(application_->arrange().nameEditor().superview(), headers());
     application_->arrange().endRename();
   });
-  startWith(kCases[0].theme, fourTracks());
-  const auto other = Ref<NSTextField>::adopt(NSTextField(
-      call<"initWithFrame:", id>(call<"alloc", id>(classNamed("GCMALineEditorTextField")), CGRectMake(0, 0, 9, 9))));
+  startWith(kCases[0].first, fourTracks());
+  const auto other = newView<NSTextField>("GCMALineEditorTextField");
   application_->arrange().contents().addSubview(other);
   EXPECT_EQ(rgba(other->backgroundColor()), host) << "in another view";
-  const auto opaque = Ref<NSTextField>::adopt(NSTextField(
-      call<"initWithFrame:", id>(call<"alloc", id>(classNamed("GCMALineEditorTextField")), CGRectMake(0, 0, 9, 9))));
+  const auto opaque = newView<NSTextField>("GCMALineEditorTextField");
   opaque->setBackgroundColor(red());
   headers().addSubview(opaque);
   EXPECT_EQ(rgba(opaque->backgroundColor()), (Rgba{255, 0, 0})) << "opaque already";

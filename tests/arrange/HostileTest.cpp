@@ -38,7 +38,7 @@ struct OddElement : ObjectState {
 };
 
 Ref<NSObject> element(NSObject size = {}, NSObject position = {}, NSObject children = {}, NSObject role = {}) {
-  const auto made = Ref<NSObject>::adopt(NSObject(call<"new", id>(asObject(classNamed("OddElement")))));
+  const auto made = newObject("OddElement");
   auto& state = stateOf<OddElement>(made);
   state.size = size;
   state.position = position;
@@ -94,23 +94,18 @@ TEST_F(HostileHost, MayTellAnythingOfItsElements) {
       everything.addObject(element(sized(a, b), placed(b, a), {}, NSAccessibilityLayoutItemRole));
     }
   }
-  const NSObject kOdd[] = {string("text"),
-                           NSNumber::numberWithDouble(5),
-                           NSNull::null(),
-                           NSArray::array(),
-                           NSValue::valueWithRect(CGRectMake(1, 2, 3, 4)),
-                           NSValue::valueWithPointer(nullptr),
-                           NSObject(asObject(classNamed("NSString")))};
-  for (const NSObject odd : kOdd) {
+  const NSArray kOdd = arrayOf({string("text"), NSNumber::numberWithDouble(5), NSNull::null(), NSArray::array(),
+                                NSValue::valueWithRect(CGRectMake(1, 2, 3, 4)), NSValue::valueWithPointer(nullptr),
+                                NSObject(asObject(classNamed("NSString")))});
+  for (const NSObject odd : items(kOdd)) {
     everything.addObject(element(odd, odd, odd, odd));
     everything.addObject(element(sized(5, 5), odd, {}, NSAccessibilityLayoutItemRole));
     everything.addObject(element(odd, placed(5, 5), {}, NSAccessibilityLayoutItemRole));
     everything.addObject(odd);
   }
   const Ref<NSObject> row = element({}, {}, everything);
-  const auto rows = NSMutableArray::array();
-  rows.addObject(row);
-  for (const NSObject children : {NSObject(everything), NSObject(rows), NSObject(), NSObject(string("no list"))}) {
+  for (const NSObject children :
+       {NSObject(everything), NSObject(arrayOf({row})), NSObject(), NSObject(string("no list"))}) {
     answer(children);
     EXPECT_TRUE(draws());
   }
@@ -126,28 +121,17 @@ TEST_F(HostileHost, MayNestItsElementsWithoutEnd) {
   const auto regionAtDepth = [&](int depth) {
     Ref<NSObject> inside = element(NSValue::valueWithSize(screen.size), NSValue::valueWithPoint(screen.origin), {},
                                    NSAccessibilityLayoutItemRole);
-    for (int i = 1; i < depth; ++i) {
-      const id only = inside.get().object;
-      inside = element({}, {}, NSArray::arrayWithObjects(&only, 1));
-    }
-    const id only = inside.get().object;
-    return Ref<NSArray>(NSArray::arrayWithObjects(&only, 1));
+    for (int i = 1; i < depth; ++i) inside = element({}, {}, arrayOf({inside}));
+    return arrayOf({inside});
   };
-  struct Case {
-    int depth;
-    bool found;
-  };
-  for (const Case& c : {Case{1, true}, Case{7, true}, Case{8, false}, Case{100, false}}) {
-    const auto children = regionAtDepth(c.depth);
-    answer(children.get());
+  for (const int depth : {1, 7, 8, 100}) {
+    answer(regionAtDepth(depth));
     EXPECT_TRUE(draws());
-    EXPECT_EQ(pixel(picture(), 321, 221).alpha == 0, c.found) << "a band stays off a region at depth " << c.depth;
+    EXPECT_EQ(pixel(picture(), 321, 221).alpha == 0, depth < 8) << "a band stays off a region at depth " << depth;
   }
   // Elements that hold themselves.
   const Ref<NSObject> loop = element();
-  const id self = loop.get().object;
-  const id twice[] = {self, self, self};
-  stateOf<OddElement>(loop).children = NSArray::arrayWithObjects(twice, 3);
+  stateOf<OddElement>(loop).children = arrayOf({loop, loop, loop});
   answer(stateOf<OddElement>(loop).children.get());
   EXPECT_TRUE(draws());
   stateOf<OddElement>(loop).children = Ref<NSObject>();

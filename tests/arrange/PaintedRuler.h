@@ -39,8 +39,8 @@ class PaintedRuler {
   }
 
   /// A tick that stands on the last row.
-  PaintedRuler& tick(long column, long height, RulerColour colour = {200, 200, 200}, long wide = 1) {
-    return fill(column, column + wide, height_ - height, height_, colour);
+  PaintedRuler& tick(long column, long height, RulerColour colour = {200, 200, 200}) {
+    return fill(column, column + 1, height_ - height, height_, colour);
   }
 
   [[nodiscard]] velura::RulerPixels pixels(double screenLeft = 0) const {

@@ -12,10 +12,18 @@ namespace {
 using namespace support;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using velura::detectTicks;
 using velura::RulerTicks;
 
 constexpr RulerColour kFaint{100, 100, 100};  // 40 above the background: below the first threshold only
+
+RulerTicks read(const PaintedRuler& ruler, double left = 0) { return velura::detectTicks(ruler.pixels(), left); }
+
+/// Ticks of one height every so many columns, from the first column to the end.
+PaintedRuler ticksEvery(long step, long first, long end, long height) {
+  PaintedRuler ruler(end, 38);
+  for (long x = first; x < end; x += step) ruler.tick(x, height);
+  return ruler;
+}
 
 /// Bars of 16 every 80 pixels, beats of 10, divisions of 5 every 10.
 PaintedRuler musicalRuler(RulerColour colour = {200, 200, 200}) {
@@ -25,7 +33,7 @@ PaintedRuler musicalRuler(RulerColour colour = {200, 200, 200}) {
 }
 
 TEST(TickDetection, TellsBarsBeatsAndDivisionsApartByHeight) {
-  const RulerTicks ticks = detectTicks(musicalRuler().pixels(1000), 1000);
+  const RulerTicks ticks = velura::detectTicks(musicalRuler().pixels(1000), 1000);
   EXPECT_THAT(ticks.bars, ElementsAre(1000, 1080, 1160));
   EXPECT_EQ(ticks.beats.size(), 9U);
   EXPECT_EQ(ticks.beats.front(), 1020);
@@ -34,22 +42,18 @@ TEST(TickDetection, TellsBarsBeatsAndDivisionsApartByHeight) {
 }
 
 TEST(TickDetection, LooksAgainForFaintTicks) {
-  EXPECT_EQ(detectTicks(musicalRuler(kFaint).pixels(), 0).count(), 24U);
-  // 27 above the background is too faint for the second look as well.
-  EXPECT_EQ(detectTicks(musicalRuler({87, 87, 87}).pixels(), 0).count(), 0U);
+  EXPECT_EQ(read(musicalRuler(kFaint)).count(), 24U);
+  EXPECT_EQ(read(musicalRuler({87, 87, 87})).count(), 0U) << "27 above the background is too faint then as well";
   // Three clear ticks end the search for faint ones.
   PaintedRuler mixed(120, 38);
   for (long x = 10; x < 40; x += 10) mixed.tick(x, 9);
   for (long x = 50; x < 110; x += 10) mixed.tick(x, 9, kFaint);
-  EXPECT_EQ(detectTicks(mixed.pixels(), 0).count(), 3U);
+  EXPECT_EQ(read(mixed).count(), 3U);
 }
 
 TEST(TickDetection, ToleratesThreePixelsOfBackgroundInATick) {
   const auto heightOver = [](long gap) {
-    PaintedRuler ruler(60, 38);
-    for (long x = 10; x < 60; x += 10) ruler.tick(x, 4);
-    ruler.tick(30, 4 + gap + 5).fill(30, 31, 38 - 4 - gap, 38 - 4, {60, 60, 60});
-    return detectTicks(ruler.pixels(), 0);
+    return read(ticksEvery(10, 10, 60, 4).tick(30, 4 + gap + 5).fill(30, 31, 38 - 4 - gap, 38 - 4, {60, 60, 60}));
   };
   // With the gap bridged, the tick is 9 high: a bar among beats.
   EXPECT_THAT(heightOver(3).bars, ElementsAre(30));
@@ -57,53 +61,50 @@ TEST(TickDetection, ToleratesThreePixelsOfBackgroundInATick) {
 }
 
 TEST(TickDetection, KeepsOneOfNeighbouringColumns) {
-  PaintedRuler wide(120, 38);
-  for (long x = 10; x < 120; x += 20) wide.tick(x, 8, {200, 200, 200}, 2);
-  EXPECT_THAT(detectTicks(wide.pixels(), 0).bars, ElementsAre(10, 30, 50, 70, 90, 110)) << "ties go to the left";
-  PaintedRuler uneven(120, 38);
-  for (long x = 10; x < 120; x += 20) uneven.tick(x, 8).tick(x + 1, 9);
-  EXPECT_THAT(detectTicks(uneven.pixels(), 0).bars, ElementsAre(11, 31, 51, 71, 91, 111));
+  PaintedRuler pairs = ticksEvery(20, 10, 120, 8);
+  for (long x = 11; x < 120; x += 20) pairs.tick(x, 8);
+  EXPECT_THAT(read(pairs).bars, ElementsAre(10, 30, 50, 70, 90, 110)) << "ties go to the left";
+  for (long x = 11; x < 120; x += 20) pairs.tick(x, 9);
+  EXPECT_THAT(read(pairs).bars, ElementsAre(11, 31, 51, 71, 91, 111));
   // At two pixels a point the reach is three columns.
   PaintedRuler dense(240, 76, {60, 60, 60}, 2);
   for (long x = 20; x < 240; x += 40) dense.tick(x, 16).tick(x + 3, 16).tick(x + 7, 16);
-  const auto bars = detectTicks(dense.pixels(), 0).bars;
+  const auto bars = read(dense).bars;
   EXPECT_EQ(bars.size(), 12U);
   EXPECT_EQ(bars[0], 10);
   EXPECT_EQ(bars[1], 13.5);
 }
 
 TEST(TickDetection, DropsWhatLiesLeftOfTheView) {
-  PaintedRuler ruler(120, 38);
-  for (long x = 1; x < 120; x += 10) ruler.tick(x, 8);
-  EXPECT_EQ(detectTicks(ruler.pixels(), 13).bars.front(), 11) << "two points of tolerance";
-  EXPECT_EQ(detectTicks(ruler.pixels(), 13.5).bars.front(), 21);
+  const PaintedRuler ruler = ticksEvery(10, 1, 120, 8);
+  EXPECT_EQ(read(ruler, 13).bars.front(), 11) << "two points of tolerance";
+  EXPECT_EQ(read(ruler, 13.5).bars.front(), 21);
 }
 
 TEST(TickDetection, SearchesTheUpperRowsAndHangingTicksWhenTheLowerRowsHaveFew) {
   PaintedRuler upper(120, 40);
   for (long x = 10; x < 120; x += 10) upper.fill(x, x + 1, 12, 20, {200, 200, 200});
-  EXPECT_EQ(detectTicks(upper.pixels(), 0).bars.size(), 11U) << "ticks that stand on the middle";
+  EXPECT_EQ(read(upper).bars.size(), 11U) << "ticks that stand on the middle";
   PaintedRuler hanging(120, 40);
   for (long x = 10; x < 120; x += 10) hanging.fill(x, x + 1, 18, 26, {200, 200, 200});
   hanging.fill(55, 56, 18, 40, {200, 200, 200});  // a line all through
-  const auto bars = detectTicks(hanging.pixels(), 0).bars;
+  const auto bars = read(hanging).bars;
   EXPECT_EQ(bars.size(), 11U);
   EXPECT_THAT(bars, testing::Not(testing::Contains(55)));
 }
 
 TEST(TickDetection, StrayMarksMakeNoLevelOfTheirOwn) {
-  PaintedRuler ruler(400, 38);
-  for (long x = 0; x < 400; x += 40) ruler.tick(x, 16);
+  PaintedRuler ruler = ticksEvery(40, 0, 400, 16);
   for (long x = 10; x < 400; x += 40) ruler.tick(x, 6);
   ruler.tick(205, 11);  // one mark of a height between the two
-  const RulerTicks ticks = detectTicks(ruler.pixels(), 0);
+  const RulerTicks ticks = read(ruler);
   EXPECT_THAT(ticks.bars, testing::Contains(205)) << "a tie goes to the taller level";
   EXPECT_EQ(ticks.beats.size(), 10U);
   EXPECT_THAT(ticks.divisions, IsEmpty());
   // A fourth level has no name: its ticks are left out.
   PaintedRuler four(400, 44);
   for (long x = 0; x < 400; x += 10) four.tick(x, x % 80 == 0 ? 18 : x % 40 == 0 ? 13 : x % 20 == 0 ? 8 : 4);
-  EXPECT_EQ(detectTicks(four.pixels(), 0).count(), 20U);
+  EXPECT_EQ(read(four).count(), 20U);
 }
 
 TEST(TickDetection, SurvivesAnyPixels) {
@@ -114,11 +115,11 @@ TEST(TickDetection, SurvivesAnyPixels) {
       for (auto& byte : bytes) byte = static_cast<std::uint8_t>(random());
       for (const double scale : {1e-9, 0.5, 2.0, 1e12}) {
         const velura::RulerPixels pixels{bytes.data(), width, height, width * 4, 4, scale, -50};
-        EXPECT_LE(detectTicks(pixels, -1e9).count(), static_cast<std::size_t>(width));
+        EXPECT_LE(velura::detectTicks(pixels, -1e9).count(), static_cast<std::size_t>(width));
       }
     }
   }
-  EXPECT_EQ(detectTicks({}, 0).count(), 0U);
+  EXPECT_EQ(velura::detectTicks({}, 0).count(), 0U);
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "cocoa/Call.h"
 #include "cocoa/ClassDefinition.h"
 #include "host/arrange/CLgSongDocument.h"
@@ -21,26 +23,26 @@ class TrackColourWarning : public HostTest {
  protected:
   /// Opens a song whose headers show colour bars or not, under a theme that asks for track colours or not.
   void open(bool bars, bool tracks = true) {
-    standin::setAlertAnswer([this](NSAlert alert) { return answer_(alert); });
+    standin::setAlertAnswer([this](NSAlert alert) {
+      ++alerts_;
+      whileItRuns_(alert);
+      return NSUInteger(0);
+    });
     standin::setOpenedURL([this](const std::string& address) { opened_.push_back(address); });
     host::Song song;
     song.arrange.headers.colourBars = bars;
     startWith(writeTheme(ThemeFile().flag("useTrackColorAsArrangeStripBackground", tracks).list()), song);
   }
-  /// How many alerts run now.
+  /// How many alerts have run since this was asked last, with those that are due now.
   int alerts() {
-    alerts_ = 0;
     standin::runMainQueue();
-    return alerts_;
+    return std::exchange(alerts_, 0);
   }
   void announce() const { host::announceOpened(application_->arrange().document()); }
 
   int alerts_ = 0;
   std::vector<std::string> opened_;
-  std::function<NSUInteger(NSAlert)> answer_ = [this](NSAlert) {
-    ++alerts_;
-    return NSUInteger(0);
-  };
+  std::function<void(NSAlert)> whileItRuns_ = [](NSAlert) {};
 };
 
 TEST_F(TrackColourWarning, ComesOnceForADocumentWithoutColourBars) {
@@ -57,30 +59,23 @@ TEST_F(TrackColourWarning, ComesOnceForARefreshOfSeveralWindows) {
   open(false);
   application_->openWindow(host::WindowKind::kLists);
   application_->openWindow(host::WindowKind::kLibrary);
-  static_cast<void>(alerts());
-  alerts_ = 0;
-  const auto loader = Ref<NSObject>::adopt(NSObject(call<"new", id>(asObject(classNamed("LoaderClass")))));
-  call<"refreshWindows">(loader.get());
-  standin::runMainQueue();
-  EXPECT_EQ(alerts_, 1) << "three windows hide their bars";
+  alerts();
+  call<"refreshWindows">(newObject("LoaderClass").get());
+  EXPECT_EQ(alerts(), 1) << "three windows hide their bars";
 }
 
 TEST_F(TrackColourWarning, StaysAwayWhereNothingIsWrong) {
-  struct Case {
-    bool bars;
-    bool tracks;
-  };
-  eachInChild({Case{true, true}, Case{false, false}, Case{true, false}}, [&](const Case& c) {
-    open(c.bars, c.tracks);
+  eachInChild({std::pair(true, true), std::pair(false, false), std::pair(true, false)}, [&](const auto& c) {
+    const auto [bars, tracks] = c;
+    open(bars, tracks);
     EXPECT_EQ(alerts(), 0);
     const NSObject view = application_->arrange().arrangeView();
-    EXPECT_EQ((call<"isArrangeColorBarVisible:", BOOL>(classNamed("Utility"), view)) != 0, c.bars);
+    EXPECT_EQ((call<"isArrangeColorBarVisible:", BOOL>(classNamed("Utility"), view)) != 0, bars);
   });
 }
 
 TEST_F(TrackColourWarning, SaysWhatToDo) {
-  answer_ = [this](NSAlert alert) {
-    ++alerts_;
+  whileItRuns_ = [](NSAlert alert) {
     EXPECT_EQ(alert.buttons().count(), 2U);
     EXPECT_EQ(toStdString(cast<NSButton>(alert.buttons().objectAtIndex(0)).title()), "Close");
     EXPECT_EQ(toStdString(cast<NSButton>(alert.buttons().objectAtIndex(1)).title()), "Help");
@@ -96,20 +91,17 @@ TEST_F(TrackColourWarning, SaysWhatToDo) {
     EXPECT_TRUE(alert.window().appearance().isEqual(NSAppearance::appearanceNamed(NSAppearanceNameVibrantDark)));
     EXPECT_TRUE(alert.showsSuppressionButton());
     EXPECT_EQ(toStdString(alert.suppressionButton().title()), "Don't show this again");
-    return NSUInteger(0);
   };
   open(false);
   EXPECT_EQ(alerts(), 1);
 }
 
 TEST_F(TrackColourWarning, HelpsAndStaysOpen) {
-  answer_ = [this](NSAlert alert) {
-    ++alerts_;
+  whileItRuns_ = [this](NSAlert alert) {
     const auto help = cast<NSButton>(alert.buttons().objectAtIndex(1));
     call<"performClick:">(help, NSObject());
     call<"performClick:">(help, NSObject());
     EXPECT_EQ(opened_.size(), 2U) << "while the alert runs";
-    return NSUInteger(0);
   };
   open(false);
   EXPECT_EQ(alerts(), 1);
@@ -118,11 +110,7 @@ TEST_F(TrackColourWarning, HelpsAndStaysOpen) {
 }
 
 TEST_F(TrackColourWarning, IsGivenNoMoreToWhoeverDoesNotWantIt) {
-  answer_ = [this](NSAlert alert) {
-    ++alerts_;
-    call<"performClick:">(alert.suppressionButton(), NSObject());
-    return NSUInteger(0);
-  };
+  whileItRuns_ = [](NSAlert alert) { call<"performClick:">(alert.suppressionButton(), NSObject()); };
   open(false);
   EXPECT_EQ(alerts(), 1);
   EXPECT_TRUE(defaults().boolForKey(skipKey()));
@@ -165,7 +153,7 @@ TEST_F(TrackColourWarning, IsNotMovedByOtherDocuments) {
   };
   post(NSObject());
   post(string("no document"));
-  const auto closed = Ref<NSObject>::adopt(NSObject(call<"new", id>(asObject(classNamed("CLgSongDocument")))));
+  const auto closed = newObject("CLgSongDocument");
   post(closed);
   EXPECT_EQ(alerts(), 0);
 }

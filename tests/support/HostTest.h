@@ -56,4 +56,20 @@ void eachInChild(std::initializer_list<Case> cases, const Body& body) {
   eachInChild<std::initializer_list<Case>, Body>(cases, body);
 }
 
+/// A new object of a class, and a view of one.
+inline cocoa::Ref<NSObject> newObject(const char* className) {
+  return cocoa::Ref<NSObject>::adopt(cocoa::call<"new", NSObject>(cocoa::classNamed(className)));
+}
+template <class View = NSView>
+cocoa::Ref<View> newView(const char* className, CGRect frame = CGRectMake(0, 0, 9, 9)) {
+  const id view = cocoa::call<"alloc", id>(cocoa::classNamed(className));
+  return cocoa::Ref<View>::adopt(cocoa::call<"initWithFrame:", View>(view, frame));
+}
+
+inline NSArray arrayOf(std::initializer_list<NSObject> objects) {
+  const auto array = NSMutableArray::array();
+  for (const NSObject each : objects) array.addObject(each);
+  return array;
+}
+
 }  // namespace support
