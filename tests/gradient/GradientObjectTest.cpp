@@ -29,7 +29,6 @@ class GradientObject : public testing::Test {
   static NSObject bevel(NSObject value) {
     return call<"bevelFromString:", NSObject>(classNamed("VLRStripBevel"), value);
   }
-  static NSString described(NSArray colours) { return colours.componentsJoinedByString(string("; ")); }
   AutoreleasePool pool_;
 };
 
@@ -76,15 +75,6 @@ TEST_F(GradientObject, NothingButAStringMakesOne) {
     EXPECT_FALSE(gradient(value));
     EXPECT_FALSE(bevel(value));
   }
-}
-
-TEST_F(GradientObject, ABevelMayTurnWhenSelected) {
-  const NSObject turning = bevel(string("Bevel:{R,2,30,D}"));
-  ASSERT_TRUE(turning);
-  EXPECT_EQ((call<"styleForHighlighted:", NSInteger>(turning, BOOL(0))), 1);
-  EXPECT_EQ((call<"styleForHighlighted:", NSInteger>(turning, BOOL(1))), 2);
-  EXPECT_EQ((call<"width", double>(turning)), 2);
-  EXPECT_EQ((call<"strength", double>(turning)), 30);
 }
 
 TEST(SwitchFile, IsTestedAtMostOnceASecond) {

@@ -112,68 +112,41 @@ TEST(GradientString, TheNumberOfStopsIs2To24) {
 }
 
 TEST(GradientString, RefusesEveryOtherText) {
-  const std::string cases[] = {
-      "",
-      "LinearGradient:",
-      "LinearGradient:{}",
-      "LinearGradient: {{1,1,1,1},{2,2,2,2},V}",
-      "linearGradient:{{1,1,1,1},{2,2,2,2},V}",
-      " LinearGradient:{{1,1,1,1},{2,2,2,2},V}",
-      "LinearGradient:{{1,1,1,1},{2,2,2,2},V} ",
-      "LinearGradient:{{1,1,1,1},{2,2,2,2},V}\n",
-      "LinearGradient:{{1,1,1,1},{2,2,2,2}}",
-      "LinearGradient:{{1,1,1,1},{2,2,2,2},}",
-      "LinearGradient:{{1,1,1,1}{2,2,2,2},V}",
-      "LinearGradient:{{1,1,1,1},{2,2,2,2}V}",
-      "LinearGradient:{{1,1,1,1}, {2,2,2,2},V}",
-      "LinearGradient:{{1,1,1,1},{2,2,2,2}, V}",
-      "LinearGradient:{{1,1,1,1},{2,2,2,2},v}",
-      "LinearGradient:{{1,1,1,1},{2,2,2,2},A}",
-      "LinearGradient:{{1,1,1,1},{2,2,2,2},A+9}",
-      "LinearGradient:{{1,1,1,1},{2,2,2,2},A1.5}",
-      "LinearGradient:{{1,1,1,1},{2,2,2,2},V,S}",
-      "LinearGradient:{{1,1,1,1},{2,2,2,2},V,S-1}",
-      "LinearGradient:{{1,1,1,1},{2,2,2,2},V,S4,}",
-      "LinearGradient:{{1,1,1,1},{},V}",
-      "LinearGradient:{{1,1,1,1},{2,2,2},V}",
-      "LinearGradient:{{1,1,1,1},{2,2,2,2,2,2},V}",
-      "LinearGradient:{{1,1,1,1},{2,2,2,2,50},V}",
-      "LinearGradient:{{1,1,1,1,0},{2,2,2,2,@Fader},V}",
-      "LinearGradient:{{1,1,1,1,0},{2,2,2,2,@fader },V}",
-      "LinearGradient:{{1,1,1,1,0},{2,2,2,2,@},V}",
-      "LinearGradient:{10,-10,V}",
-      "AutoGradient:{0,0,V}",
-      "AutoGradient:{-0,00,V}",
-      "AutoGradient:{{0},{0},{0},V}",
-      "AutoGradient:{{12},{0,40},{-18},V}",
-      "AutoGradient:{{1,2,3},{1},V}",
-      "AutoGradient:{1,V}",
-      "AutoGradient:{1,2}",
-      "AutoGradient:{1,2,V,S4}",
-      "AutoGradient:{+1,2,V}",
-      "AutoGradient:{1, 2,V}",
-      "AutoGradient:{--1,2,V}",
-      "AutoGradient:{,2,V}",
-      std::string("LinearGradient:{{1,1,1,1},{2,2,2,2},V}\0x", 40),
-  };
-  for (const std::string& text : cases) EXPECT_FALSE(parseGradient(text)) << text;
+  for (const std::string text :
+       {"", "LinearGradient:", "LinearGradient:{}", "LinearGradient: {{1,1,1,1},{2,2,2,2},V}",
+        "linearGradient:{{1,1,1,1},{2,2,2,2},V}", " LinearGradient:{{1,1,1,1},{2,2,2,2},V}",
+        "LinearGradient:{10,-10,V}", "LinearGradient:{{1,1,1,1,0},{2,2,2,2,@Fader},V}",
+        "LinearGradient:{{1,1,1,1,0},{2,2,2,2,@fader },V}", "LinearGradient:{{1,1,1,1,0},{2,2,2,2,@},V}"}) {
+    EXPECT_FALSE(parseGradient(text)) << text;
+  }
+  for (const std::string rest :
+       {",{2,2,2,2},V} ", ",{2,2,2,2},V}\n", ",{2,2,2,2}}", ",{2,2,2,2},}", "{2,2,2,2},V}", ",{2,2,2,2}V}",
+        ", {2,2,2,2},V}", ",{2,2,2,2}, V}", ",{2,2,2,2},v}", ",{2,2,2,2},A}", ",{2,2,2,2},A+9}", ",{2,2,2,2},A1.5}",
+        ",{2,2,2,2},V,S}", ",{2,2,2,2},V,S-1}", ",{2,2,2,2},V,S4,}", ",{},V}", ",{2,2,2},V}", ",{2,2,2,2,2,2},V}",
+        ",{2,2,2,2,50},V}"}) {
+    EXPECT_FALSE(parseGradient("LinearGradient:{{1,1,1,1}" + rest)) << rest;
+  }
+  for (const std::string rest : {"0,0,V}", "-0,00,V}", "{0},{0},{0},V}", "{12},{0,40},{-18},V}", "{1,2,3},{1},V}",
+                                 "1,V}", "1,2}", "1,2,V,S4}", "+1,2,V}", "1, 2,V}", "--1,2,V}", ",2,V}"}) {
+    EXPECT_FALSE(parseGradient("AutoGradient:{" + rest)) << rest;
+  }
+  EXPECT_FALSE(parseGradient(std::string("LinearGradient:{{1,1,1,1},{2,2,2,2},V}\0x", 40))) << "beyond a zero";
 }
 
 TEST(GradientString, AMegabyteParsesOrFailsAtOnce) {
-  const int megabyte = 1 << 20;
+  const auto megabyteOf = [](char byte) { return std::string(1 << 20, byte); };
+  const std::string nines = megabyteOf('9');
   std::string groups;
-  for (int i = 0; i < megabyte / 4; ++i) groups += "{1},";
+  for (int i = 0; i < 1 << 18; ++i) groups += "{1},";
   const std::string texts[] = {
-      "LinearGradient:{" + std::string(megabyte, '{'),
-      "LinearGradient:{" + std::string(megabyte, '}'),
-      "LinearGradient:{{" + std::string(megabyte, ',') + "},",
+      "LinearGradient:{" + megabyteOf('{'),
+      "LinearGradient:{" + megabyteOf('}'),
+      "LinearGradient:{{" + megabyteOf(',') + "},",
       "AutoGradient:{" + groups,
       "AutoGradient:{" + groups + "V}",
-      "AutoGradient:{" + std::string(megabyte, '-'),
-      "AutoGradient:{{" + std::string(megabyte, '9') + "},{" + std::string(megabyte, '{') + "},A" +
-          std::string(megabyte, '9') + "}",
-      "AutoGradient:{{1," + std::string(megabyte, '9') + "},{1,0." + std::string(megabyte, '9') + "},V,S" +
-          std::string(megabyte, '9') + "}",
+      "AutoGradient:{" + megabyteOf('-'),
+      "AutoGradient:{{" + nines + "},{" + megabyteOf('{') + "},A" + nines + "}",
+      "AutoGradient:{{1," + nines + "},{1,0." + nines + "},V,S" + nines + "}",
   };
   const auto start = std::chrono::steady_clock::now();
   int parsed = 0;
@@ -183,30 +156,20 @@ TEST(GradientString, AMegabyteParsesOrFailsAtOnce) {
 }
 
 TEST(BevelString, ReadsAndClamps) {
-  struct Case {
-    std::string text;
-    NSInteger style;
-    NSInteger selectedStyle;
-    double width;
-    double strength;
-  };
   const std::string digits(1000, '9');
-  const Case cases[] = {
-      {"Bevel:{R,2,30}", 1, 1, 2, 30},
-      {"Bevel:{R,2,30,D}", 1, 2, 2, 30},
-      {"Bevel:{D,2,30,R}", 2, 1, 2, 30},
-      {"Bevel:{D,9,150}", 2, 2, 6, 100},
-      {"Bevel:{R,0,20}", 1, 1, 1, 20},
-      {"Bevel:{R,003,020}", 1, 1, 3, 20},
-      {"Bevel:{D," + digits + "," + digits + ",D}", 2, 2, 6, 100},
+  const std::pair<std::string, std::tuple<NSInteger, NSInteger, double, double>> cases[] = {
+      {"Bevel:{R,2,30}", {1, 1, 2, 30}},
+      {"Bevel:{R,2,30,D}", {1, 2, 2, 30}},
+      {"Bevel:{D,2,30,R}", {2, 1, 2, 30}},
+      {"Bevel:{D,9,150}", {2, 2, 6, 100}},
+      {"Bevel:{R,0,20}", {1, 1, 1, 20}},
+      {"Bevel:{R,003,020}", {1, 1, 3, 20}},
+      {"Bevel:{D," + digits + "," + digits + ",D}", {2, 2, 6, 100}},
   };
-  for (const Case& c : cases) {
-    const auto bevel = parseBevel(c.text);
-    ASSERT_TRUE(bevel) << c.text;
-    EXPECT_EQ(bevel->style, c.style) << c.text;
-    EXPECT_EQ(bevel->selectedStyle, c.selectedStyle) << c.text;
-    EXPECT_EQ(bevel->width, c.width) << c.text;
-    EXPECT_EQ(bevel->strength, c.strength) << c.text;
+  for (const auto& [text, expected] : cases) {
+    const auto bevel = parseBevel(text);
+    ASSERT_TRUE(bevel) << text;
+    EXPECT_EQ(std::tuple(bevel->style, bevel->selectedStyle, bevel->width, bevel->strength), expected) << text;
   }
 }
 
