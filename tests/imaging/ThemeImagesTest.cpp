@@ -41,9 +41,6 @@ NSBitmapImageRep frameOf(NSImage image, NSUInteger index = 0) {
   return cast<NSBitmapImageRep>(image.representations().objectAtIndex(index));
 }
 
-/// Defines a class of the host, before any bundle is loaded.
-void defineHostClasses(const host::HostOptions& options) { const host::Application application(options); }
-
 class ThemeImages : public HostTest {
  protected:
   void start(const ThemeFile& list = {}, host::HostOptions options = {}) {
@@ -124,11 +121,6 @@ NSObject ruleFor(CGRect rect, NSColor source, NSColor suggested, double ignoreAl
       call<"initWithRect:sourceColor:suggestedColor:ignoreAlphaValue:compareAlphaValue:", NSObject>(
           made, rect, source, suggested, ignoreAlpha, BOOL(compareAlpha))));
 }
-NSArray listOf(std::initializer_list<NSObject> objects) {
-  const auto list = NSMutableArray::array();
-  for (const NSObject each : objects) list.addObject(each);
-  return list;
-}
 void transform(NSBitmapImageRep bitmap, NSArray rules) {
   call<"applyTransformationToBitMap:colorCollection:">(classNamed("Utility"), bitmap, rules);
 }
@@ -140,14 +132,11 @@ TEST_F(ThemeImages, ChangeColoursInBitmapsOfEveryFormat) {
     int samples;
     NSUInteger format;
   };
-  std::vector<Layout> layouts;
-  for (const NSUInteger format : {0U, 1U, 2U, 3U}) layouts.push_back({8, 4, format});
-  for (const NSUInteger format : {4U, 5U, 6U, 7U}) layouts.push_back({32, 4, format});
-  layouts.push_back({8, 3, 0});
-  layouts.push_back({32, 3, NSBitmapFormatFloatingPointSamples});
-  const NSArray rules = listOf({ruleFor(CGRectMake(0, 0, 1, 9), white(1), NSColor()),
-                                ruleFor(CGRectMake(0, 0, 9, 9), white(1), opaque(255, 0, 0), 0, true),
-                                ruleFor(CGRectMake(0, 0, 3, 9), white(0.4), opaque(0, 0, 255), 0.4)});
+  const Layout layouts[] = {{8, 4, 0},  {8, 4, 1},  {8, 4, 2},  {8, 4, 3}, {32, 4, 4},
+                            {32, 4, 5}, {32, 4, 6}, {32, 4, 7}, {8, 3, 0}, {32, 3, NSBitmapFormatFloatingPointSamples}};
+  const NSArray rules = arrayOf({ruleFor(CGRectMake(0, 0, 1, 9), white(1), NSColor()),
+                                 ruleFor(CGRectMake(0, 0, 9, 9), white(1), opaque(255, 0, 0), 0, true),
+                                 ruleFor(CGRectMake(0, 0, 3, 9), white(0.4), opaque(0, 0, 255), 0.4)});
   for (const Layout& l : layouts) {
     const bool alpha = l.samples == 4;
     const auto bitmap = NSBitmapImageRep::withBitmapDataPlanes(nullptr, 5, 2, l.bits, l.samples, alpha, false,
@@ -158,25 +147,22 @@ TEST_F(ThemeImages, ChangeColoursInBitmapsOfEveryFormat) {
       if (alpha) bitmap->setColor(white(x == 4 ? 0 : 0.4), x, 1);
     }
     transform(bitmap, rules);
-    const auto row = [&](long y) {
-      std::vector<Rgba> pixels;
-      for (long x = 0; x < 5; ++x) pixels.push_back(pixel(bitmap, x, y));
-      return pixels;
-    };
+    const auto shown = pixels(bitmap);
     const Rgba red{255, 0, 0};
-    EXPECT_THAT(row(0), ElementsAre(Rgba{255, 255, 255}, red, red, red, red)) << l.bits << "," << l.format;
+    EXPECT_THAT(std::vector(shown.begin(), shown.begin() + 5), ElementsAre(Rgba{255, 255, 255}, red, red, red, red))
+        << l.bits << "," << l.format;
     if (!alpha) continue;
-    EXPECT_EQ(row(1)[0], (Rgba{255, 255, 255, 40})) << "shielded, " << l.format;
-    EXPECT_TRUE(near(row(1)[1], {0, 0, 255, 100})) << row(1)[1] << l.format;
-    EXPECT_EQ(row(1)[3], (Rgba{255, 255, 255, 40})) << "outside of the rule";
-    EXPECT_EQ(row(1)[4].alpha, 0);
+    EXPECT_EQ(shown[5], (Rgba{255, 255, 255, 40})) << "shielded, " << l.format;
+    EXPECT_TRUE(near(shown[6], {0, 0, 255, 100})) << shown[6] << l.format;
+    EXPECT_EQ(shown[8], (Rgba{255, 255, 255, 40})) << "outside of the rule";
+    EXPECT_EQ(shown[9].alpha, 0);
   }
 }
 
 TEST_F(ThemeImages, LeaveBitmapsAloneThatHaveNoColours) {
   start();
-  const NSArray rules = listOf({ruleFor(CGRectMake(0, 0, 9, 9), white(1), opaque(255, 0, 0)), string("no rule"),
-                                ruleFor(CGRectMake(0, 0, 9, 9), NSColor(), opaque(255, 0, 0))});
+  const NSArray rules = arrayOf({ruleFor(CGRectMake(0, 0, 9, 9), white(1), opaque(255, 0, 0)), string("no rule"),
+                                 ruleFor(CGRectMake(0, 0, 9, 9), NSColor(), opaque(255, 0, 0))});
   const auto grey =
       NSBitmapImageRep::withBitmapDataPlanes(nullptr, 2, 1, 8, 1, false, false, NSCalibratedWhiteColorSpace, 0, 0);
   ASSERT_TRUE(grey);
@@ -195,7 +181,7 @@ TEST_F(ThemeImages, AnswerNewPictures) {
   const Ref<NSBitmapImageRep> bitmap = bitmapOf(3, 1);
   bitmap->setColor(white(1), 1, 0);
   bitmap->setColor(opaque(254, 255, 255), 2, 0);
-  const NSArray rules = listOf({ruleFor(CGRectMake(0, 0, 3, 1), white(1), opaque(1, 2, 3))});
+  const NSArray rules = arrayOf({ruleFor(CGRectMake(0, 0, 3, 1), white(1), opaque(1, 2, 3))});
   const CGImageRef original = bitmap->CGImage();
   const auto changed = CFRef<CGImageRef>::adopt(
       call<"applyTransformation:colorCollection:", CGImageRef>(classNamed("Utility"), original, rules));
@@ -250,18 +236,21 @@ TEST_F(ThemeImages, RememberTheNamesOfColourSpaces) {
 
 class ScalePictures : public ThemeImages {
  protected:
-  void startScales(const ThemeFile& theme, const char* version = "11.2") {
-    const host::HostOptions options{.version = version};
+  void startScales(const ThemeFile& theme) {
+    const host::HostOptions options{.version = "11.2"};
     defineHostClasses(options);
     start(theme, options);
   }
+  /// Defines a class of the host, before any bundle is loaded.
+  static void defineHostClasses(const host::HostOptions& options) { const host::Application application(options); }
   static Ref<NSObject>& contentsOf(NSObject node) { return stateOf<host::MAImageNode>(node).contents; }
-  static Ref<NSObject> scale(const char* name, CGImageRef picture, bool highlighted = false) {
+  /// A scale of the picture that the host has drawn.
+  [[nodiscard]] Ref<NSObject> scale(const char* name) const {
     const Ref<NSObject> node = host::makeNode(host::kDynamicScaleClass, name, CGRectMake(0, 0, 10, 10));
-    call<"setContents:">(node.get(), bridged(picture));
-    stateOf<host::MANode>(node.get()).highlightState = highlighted ? 1 : 0;
+    call<"setContents:">(node.get(), image_.get());
     return node;
   }
+  static void highlight(NSObject node, int state) { stateOf<host::MANode>(node).highlightState = state; }
   static NSBitmapImageRep shown(NSObject node) {
     return autoreleased(NSBitmapImageRep::withCGImage(bridged<CGImageRef>(contentsOf(node).get())));
   }
@@ -272,7 +261,7 @@ class ScalePictures : public ThemeImages {
     return layer.contents();
   }
   /// 100 by 2: white in the first row, white at alpha 0.4 in the second; alpha 0.2 and a near miss at its end.
-  static Ref<NSBitmapImageRep> picture() {
+  void SetUp() override {
     const Ref<NSBitmapImageRep> made = bitmapOf(100, 2);
     for (int x = 0; x < 100; ++x) {
       made->setColor(white(1), x, 0);
@@ -281,7 +270,7 @@ class ScalePictures : public ThemeImages {
     made->setColor(white(0.2), 50, 1);
     made->setColor(opaque(254, 255, 255), 51, 0);
     made->setColor(white(0), 52, 0);
-    return made;
+    image_ = bridged(made->CGImage());
   }
   static ThemeFile scaleColours() {
     return ThemeFile()
@@ -292,12 +281,13 @@ class ScalePictures : public ThemeImages {
         .text("scale0DBTickMarkHighlightColor", colour(120, 0, 0))
         .text("scaleNumberHighlightColor", colour(130, 0, 0));
   }
+
+  Ref<NSObject> image_;
 };
 
 TEST_F(ScalePictures, OfVolumesShowZeroDecibelsApart) {
   startScales(scaleColours());
-  const Ref<NSBitmapImageRep> original = picture();
-  const Ref<NSObject> node = scale("volumeScale", original->CGImage());
+  const Ref<NSObject> node = scale("volumeScale");
   const NSObject presented = update(node);
   EXPECT_EQ(presented, contentsOf(node).get()) << "the host updates as well";
   const NSBitmapImageRep drawn = shown(node);
@@ -310,8 +300,8 @@ TEST_F(ScalePictures, OfVolumesShowZeroDecibelsApart) {
 
 TEST_F(ScalePictures, OfLevelsShowNumbersLeftOfTicks) {
   startScales(scaleColours());
-  const Ref<NSBitmapImageRep> original = picture();
-  const Ref<NSObject> node = scale("levelScale", original->CGImage(), true);
+  const Ref<NSObject> node = scale("levelScale");
+  highlight(node, 1);
   update(node);
   EXPECT_EQ(pixel(shown(node), 79, 1), (Rgba{130, 0, 0}));
   EXPECT_EQ(pixel(shown(node), 80, 1), (Rgba{110, 0, 0}));
@@ -320,44 +310,39 @@ TEST_F(ScalePictures, OfLevelsShowNumbersLeftOfTicks) {
 
 TEST_F(ScalePictures, AreMadeOncePerPictureAndChosenByTheHighlight) {
   startScales(scaleColours());
-  const Ref<NSBitmapImageRep> original = picture();
-  const Ref<NSObject> image = bridged(original->CGImage());
-  const auto imageRef = bridged<CGImageRef>(image.get());
-  const Ref<NSObject> first = scale("volumeScale", imageRef);
-  const Ref<NSObject> second = scale("volumeScale", imageRef);
+  const Ref<NSObject> first = scale("volumeScale");
+  const Ref<NSObject> second = scale("volumeScale");
   update(first);
   update(second);
-  const auto contents = [](NSObject node) { return contentsOf(node).get(); };
-  EXPECT_NE(contents(first), image.get());
-  EXPECT_EQ(contents(first), contents(second));
-  const NSObject normal = contents(first);
-  contentsOf(first) = image;
-  stateOf<host::MANode>(first.get()).highlightState = 2;
+  const NSObject normal = contentsOf(first).get();
+  EXPECT_NE(normal, image_.get());
+  EXPECT_EQ(normal, contentsOf(second).get());
+  contentsOf(first) = image_;
+  highlight(first, 2);
   update(first);
-  EXPECT_NE(contents(first), normal);
+  EXPECT_NE(contentsOf(first).get(), normal);
   EXPECT_EQ(pixel(shown(first), 3, 1), (Rgba{110, 0, 0}));
   update(first);
   EXPECT_EQ(pixel(shown(first), 3, 1), (Rgba{110, 0, 0})) << "also when the host has left its contents";
-  stateOf<host::MANode>(first.get()).highlightState = 0;
+  highlight(first, 0);
   update(first);
-  EXPECT_EQ(contents(first), normal);
+  EXPECT_EQ(contentsOf(first).get(), normal);
 }
 
 TEST_F(ScalePictures, StayTheHostsWhereNothingIsThemed) {
   startScales(ThemeFile().text("scaleTickMarkColor", colour(10, 0, 0)));
-  const Ref<NSBitmapImageRep> original = picture();
-  const auto image = Ref<NSObject>(bridged(original->CGImage()));
-  const Ref<NSObject> other = scale("panScale", bridged<CGImageRef>(image.get()));
+  const Ref<NSObject> other = scale("panScale");
   update(other);
-  EXPECT_EQ(contentsOf(other).get(), image.get());
-  const Ref<NSObject> empty = scale("volumeScale", nullptr);
+  EXPECT_EQ(contentsOf(other).get(), image_.get());
+  const Ref<NSObject> empty = scale("volumeScale");
+  contentsOf(empty) = Ref<NSObject>();
   update(empty);
   EXPECT_FALSE(contentsOf(empty).get());
-  const Ref<NSObject> node = scale("volumeScale", bridged<CGImageRef>(image.get()));
+  const Ref<NSObject> node = scale("volumeScale");
   update(node);
   EXPECT_EQ(pixel(shown(node), 3, 0), (Rgba{255, 255, 255})) << "the missing 0 dB colour shields its pixels";
   EXPECT_EQ(pixel(shown(node), 3, 1), (Rgba{10, 0, 0}));
-  stateOf<host::MANode>(node.get()).highlightState = 1;
+  highlight(node, 1);
   update(node);
   EXPECT_EQ(pixel(shown(node), 3, 1), (Rgba{255, 255, 255, 40})) << "no highlighted colour";
 }
@@ -367,11 +352,9 @@ TEST_F(ScalePictures, StayTheHostsInOlderHosts) {
   ASSERT_EQ(classNamed(host::kDynamicScaleClass), nullptr);
   host::defineMADynamicScaleNode();  // a class of that name does not make a host a newer one
   start(scaleColours(), {.version = "11.1.9"});
-  const Ref<NSBitmapImageRep> original = picture();
-  const auto image = Ref<NSObject>(bridged(original->CGImage()));
-  const Ref<NSObject> node = scale("volumeScale", bridged<CGImageRef>(image.get()));
+  const Ref<NSObject> node = scale("volumeScale");
   update(node);
-  EXPECT_EQ(contentsOf(node).get(), image.get());
+  EXPECT_EQ(contentsOf(node).get(), image_.get());
 }
 
 }  // namespace

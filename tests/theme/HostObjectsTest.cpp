@@ -76,18 +76,15 @@ TEST_F(HostObjects, TitlesOfWindowsAndPanelsTakeTheirColour) {
 
 TEST_F(HostObjects, OnlyTheHostsOwnWindowsChange) {
   setColour("windowTitleColor", NSColor::colorWithSRGBRed(1, 0, 0, 1));
-  for (const char* kind : {"NSWindow", "MAKitWindow"}) {
-    const auto window = Ref<NSWindow>::adopt(NSWindow(call<"initWithContentRect:styleMask:backing:defer:", id>(
-        call<"alloc", id>(classNamed(kind)), CGRectMake(0, 0, 100, 100), NSWindowStyleMaskTitled,
-        NSBackingStoreBuffered, BOOL(0))));
+  const auto updated = [](const char* kind, NSUInteger style) {
+    const auto window = Ref<NSWindow>::adopt(call<"initWithContentRect:styleMask:backing:defer:", NSWindow>(
+        call<"alloc", id>(classNamed(kind)), CGRectMake(0, 0, 100, 100), style, NSBackingStoreBuffered, BOOL(0)));
     window->update();
-    const bool host = std::string_view(kind) == "MAKitWindow";
-    EXPECT_EQ(rgba(titleColour(window)) == (Rgba{255, 0, 0}), host) << kind;
-  }
-  const auto bare = Ref<NSWindow>::adopt(NSWindow(call<"initWithContentRect:styleMask:backing:defer:", id>(
-      call<"alloc", id>(classNamed("MAKitWindow")), CGRectMake(0, 0, 100, 100), NSWindowStyleMaskBorderless,
-      NSBackingStoreBuffered, BOOL(0))));
-  bare->update();  // a window without a title bar
+    return window;
+  };
+  EXPECT_NE(rgba(titleColour(updated("NSWindow", NSWindowStyleMaskTitled))), (Rgba{255, 0, 0}));
+  EXPECT_EQ(rgba(titleColour(updated("MAKitWindow", NSWindowStyleMaskTitled))), (Rgba{255, 0, 0}));
+  updated("MAKitWindow", NSWindowStyleMaskBorderless);  // without a title bar
   NSNotificationCenter::defaultCenter().postNotificationName(NSWindowDidUpdateNotification, string("no window"));
   NSNotificationCenter::defaultCenter().postNotificationName(NSWindowDidUpdateNotification, NSObject());
 }

@@ -59,9 +59,9 @@ class BinaryList {
   std::vector<std::size_t> offsets_;
 };
 
-std::string nestedBinary(unsigned depth) {
+std::string nestedBinary(int depth) {
   BinaryList list;
-  for (unsigned i = 1; i <= depth; ++i) list.add("\xA1" + BinaryList::number(i, 2));
+  for (int i = 1; i <= depth; ++i) list.add("\xA1" + BinaryList::number(static_cast<std::uint64_t>(i), 2));
   return list.add("\x51x").list(2);
 }
 
@@ -101,66 +101,34 @@ TEST(PropertyList, ReadsEveryForm) {
 }
 
 TEST(PropertyList, RefusesWhatIsMalformed) {
+  testing::internal::CaptureStderr();
+  for (const std::string text : {"",          "\x02\x01\x02\x03", "hello there",  "\"open",      "( a, b",
+                                 "( a b )",   "{ a = b }",        "{ a; }",       "(a) b",       "( <012> )",
+                                 "( <*I5> )", "/* open",          "( \"\xFF\" )", "( \"a\\",     "<!DOCTYPE plist",
+                                 "<?xml",     "<plist a",         "<plist a=",    "<plist a=\"", "<plist a=\"b\"/>"}) {
+    EXPECT_EQ(descriptionOf(text), "null") << text;
+  }
+  for (const char* value : {"", "<true/><true/>", "<array>", "</array>", "<array></dict>", "<array>text</array>",
+                            "<array><key>a</key></array>", "<dict><string>a</string></dict>",
+                            "<dict><key>a</key></dict>", "<dict><key>a</key><key>b</key></dict>", "<bogus/>",
+                            "<plist/>", "<integer>abc</integer>", "<integer/>", "<real>one</real>", "<date/>",
+                            "<date>2001-02-29T00:00:00Z</date>", "<date>yesterday</date>", "<data>!!</data>"}) {
+    EXPECT_EQ(descriptionOf(xml(value)), "null") << value;
+  }
+  for (const std::string content : {"\xED\xA0\x80", "\xC0\x80", "\xFF", "\x01", "&#0;", "&#xD800;", "&#x110000;",
+                                    "&name;", "&", "<![CDATA[x", "a<b/>"}) {
+    EXPECT_EQ(descriptionOf(xml("<string>" + content + "</string>")), "null") << content;
+  }
   const std::string surrogate("\x61\xD8\x00", 3);
   const std::string good = BinaryList().add("\xD1\1\2").add("\x51k").add("\x51v").list();
-  const std::string cases[] = {
-      "",
+  const std::string others[] = {
       std::string(1, '\0'),
-      "\x02\x01\x02\x03",
-      "hello there",
-      "\"open",
-      "( a, b",
-      "( a b )",
-      "{ a = b }",
-      "{ a; }",
-      "(a) b",
-      "( <012> )",
-      "( <*I5> )",
-      "/* open",
-      "( \"\xFF\" )",
-      "( \"a\\",
       std::string("( \"a\0b\" )", 9),
-      xml(""),
-      xml("<true/><true/>"),
-      xml("<array>"),
-      xml("</array>"),
-      xml("<array></dict>"),
-      xml("<dict><string>a</string></dict>"),
-      xml("<dict><key>a</key></dict>"),
-      xml("<dict><key>a</key><key>b</key></dict>"),
-      xml("<array><key>a</key></array>"),
-      xml("<array>text</array>"),
-      xml("<bogus/>"),
-      xml("<plist/>"),
-      xml("<string>\xED\xA0\x80</string>"),
-      xml("<string>\xC0\x80</string>"),
-      xml("<string>\xFF</string>"),
-      xml("<string>\x01</string>"),
-      xml("<string>&#0;</string>"),
-      xml("<string>&#xD800;</string>"),
-      xml("<string>&#x110000;</string>"),
-      xml("<string>&name;</string>"),
-      xml("<string>&</string>"),
-      xml("<string><![CDATA[x</string>"),
-      xml("<string>a<b/></string>"),
-      xml("<integer>abc</integer>"),
-      xml("<integer/>"),
-      xml("<real>one</real>"),
-      xml("<date/>"),
-      xml("<date>2001-02-29T00:00:00Z</date>"),
-      xml("<date>yesterday</date>"),
-      xml("<data>!!</data>"),
       xml("<true/>").substr(0, 20),
       xml("<true/>") + "x",
       "<dict><key>a</key><string>b</string></dict>",
       "<!DOCTYPE plist [<!ENTITY a SYSTEM \"file:///etc/passwd\">]>" + xml("<string>&a;</string>"),
       "<!DOCTYPE plist [<!ENTITY a \"&a;&a;\">]>" + xml("<string>&a;</string>"),
-      "<!DOCTYPE plist",
-      "<?xml",
-      "<plist a",
-      "<plist a=",
-      "<plist a=\"",
-      "<plist a=\"b\"/>",
       "bplist00",
       "bplist00" + std::string(32, '\0'),
       "bplist00" + std::string(32, '\xFF'),
@@ -182,8 +150,7 @@ TEST(PropertyList, RefusesWhatIsMalformed) {
       BinaryList().add(surrogate).list(),
       BinaryList().add(std::string("\x62\xDC\0\xD8\0", 5)).list(),
   };
-  testing::internal::CaptureStderr();
-  for (const std::string& bytes : cases) EXPECT_EQ(descriptionOf(bytes), "null") << bytes;
+  for (const std::string& bytes : others) EXPECT_EQ(descriptionOf(bytes), "null") << testing::PrintToString(bytes);
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << "malformed lists are not worth a log line";
 }
 
@@ -206,27 +173,21 @@ TEST(PropertyList, DepthEndsAt64InEveryForm) {
   EXPECT_NE(descriptionOf(nestedXML(64)), "null");
   EXPECT_NE(descriptionOf(nestedText(64)), "null");
   EXPECT_NE(descriptionOf(nestedBinary(64)), "null");
-  for (const int depth : {65, 200'000}) {
+  for (const int depth : {65, 60'000}) {
     EXPECT_EQ(descriptionOf(nestedXML(depth)), "null");
     EXPECT_EQ(descriptionOf(nestedText(depth)), "null");
     EXPECT_EQ(descriptionOf(repeated("{a=", depth)), "null");
+    EXPECT_EQ(descriptionOf(nestedBinary(depth)), "null");
   }
-  EXPECT_EQ(descriptionOf(nestedBinary(65)), "null");
-  EXPECT_EQ(descriptionOf(nestedBinary(60'000)), "null");
 }
 
 TEST(PropertyList, ExpansionIsCountedWithSharing) {
   EXPECT_LT(expandingBinary().size(), 200U);
   EXPECT_EQ(descriptionOf(expandingBinary()), "null");
   // 300 references to one string of 128 KiB.
-  BinaryList shared;
-  shared.add("\xAF\x11\x01\x2C" + std::string(300, '\1'));
-  shared.add("\x5F\x12" + BinaryList::number(128 << 10, 4) + std::string(128 << 10, 'x'));
-  EXPECT_FALSE(isSoundBinaryList(shared.list()));
-  // Objects whose bytes overlap are each counted.
-  BinaryList small;
-  small.add("\xA3\1\1\1").add("\x51x");
-  EXPECT_TRUE(isSoundBinaryList(small.list()));
+  const std::string text = "\x5F\x12" + BinaryList::number(128 << 10, 4) + std::string(128 << 10, 'x');
+  EXPECT_FALSE(isSoundBinaryList(BinaryList().add("\xAF\x11\x01\x2C" + std::string(300, '\1')).add(text).list()));
+  EXPECT_TRUE(isSoundBinaryList(BinaryList().add("\xA3\1\1\1").add("\x51x").list()));
   EXPECT_EQ(descriptionOf(xml("<array>" + repeated("<true/>", 200'000) + "</array>")), "null");
   EXPECT_EQ(descriptionOf("(" + repeated("a,", 200'000) + ")"), "null");
 }
@@ -266,8 +227,7 @@ TEST(PropertyList, OnlyRegularFilesOfABearableSizeAreRead) {
   for (const char* name : {"/folder", "/large", "/overPadded", "/pipe", "/loop", "/absent", ""}) {
     EXPECT_FALSE(readPropertyList((folder + name).c_str())) << name;
   }
-  EXPECT_FALSE(readPropertyList(""));
-  EXPECT_FALSE(readPropertyList("/dev/zero"));
+  for (const char* path : {"", "/dev/zero"}) EXPECT_FALSE(readPropertyList(path)) << path;
 }
 
 TEST(PropertyList, ContainersAreMutableWhenAskedFor) {

@@ -8,8 +8,7 @@
 #include "cocoa/Exception.h"
 #include "plugin/theme/SelectedTheme.h"
 #include "plugin/theme/Utility.h"
-#include "tests/support/Colours.h"
-#include "tests/support/Theme.h"
+#include "tests/support/HostTest.h"
 
 namespace velura {
 namespace {
@@ -40,7 +39,7 @@ class Theme : public testing::Test {
   }
   ThemeUtility& load(const ThemeFile& settings) { return load(settings.list()); }
   ThemeUtility& make() {
-    theme_ = Ref<NSObject>::adopt(NSObject(call<"init", id>(call<"alloc", id>(classNamed("ThemeUtility")))));
+    theme_ = newObject("ThemeUtility");
     return stateOf<ThemeUtility>(theme_.get());
   }
 
@@ -80,14 +79,6 @@ TEST_F(Theme, WithoutAFileHasTheStatedValues) {
   EXPECT_FALSE((call<"pluginGroupsMap", NSDictionary>(theme_.get())));
   EXPECT_FALSE((call<"mixerStripBevel", NSObject>(theme_.get())));
   EXPECT_FALSE((call<"vlrMixerBackgroundColor", NSColor>(theme_.get())));
-}
-
-TEST_F(Theme, IsMadeOnceAndShared) {
-  const auto shared = call<"sharedInstance", NSObject>(classNamed("ThemeUtility"));
-  EXPECT_EQ(shared.object, ThemeUtility::shared().self);
-  EXPECT_EQ(shared, (call<"sharedInstance", NSObject>(classNamed("ThemeUtility"))));
-  EXPECT_EQ((call<"sharedInstance", NSObject>(classNamed("Utility"))),
-            (call<"sharedInstance", NSObject>(classNamed("Utility"))));
 }
 
 TEST_F(Theme, TakesFlagsAndNumbersOfAnyKindThatAnswersForOne) {
@@ -189,6 +180,7 @@ TEST_F(Theme, KeepsOnlyTheColoursThatDifferFromTheHosts) {
 TEST_F(Theme, TheColourCollectionIsReadAnewAtEachCall) {
   load(ThemeFile().text("a", colour(1, 2, 3)).text("b", "x"), ThemeFile().text("b", "x"));
   const auto utility = call<"sharedInstance", NSObject>(classNamed("Utility"));
+  EXPECT_EQ((call<"sharedInstance", NSObject>(classNamed("Utility"))), utility);
   const auto first = call<"getColorCollection", NSMutableDictionary>(utility);
   EXPECT_EQ(first.count(), 1U);
   first.removeAllObjects();
