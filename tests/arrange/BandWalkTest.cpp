@@ -3,8 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "tests/arrange/PaintedRuler.h"
 
 namespace {
@@ -132,18 +130,9 @@ TEST(BandWalk, SignatureRoundsPositionsAndColours) {
 }
 
 TEST(BandWalk, SurvivesAnyPixels) {
-  std::mt19937 random(11);
-  for (const long width : {1L, 2L, 5L, 333L, 20'000L}) {
-    for (const long height : {1L, 2L, 30L, 400L}) {
-      if (width * height > 2'000'000) continue;
-      std::vector<std::uint8_t> bytes(static_cast<std::size_t>(width * height * 4));
-      for (auto& byte : bytes) byte = static_cast<std::uint8_t>(random());
-      for (const double scale : {1e-9, 1.0, 1e15}) {
-        const velura::RulerPixels pixels{bytes.data(), width, height, width * 4, 4, scale, 3};
-        EXPECT_LE(readMarkerLane(pixels, 0).segments.size(), static_cast<std::size_t>(width) * 2 + 2);
-      }
-    }
-  }
+  forAnyPixels([](const velura::RulerPixels& pixels) {
+    EXPECT_LE(readMarkerLane(pixels, -50).segments.size(), static_cast<std::size_t>(pixels.width) * 2 + 2);
+  });
   EXPECT_THAT(velura::VLRMBWalkBand(blank().pixels(), {-1, 5}, 0), IsEmpty());
   EXPECT_THAT(velura::VLRMBWalkBand(blank().pixels(), {5, 60}, 0), IsEmpty());
 }

@@ -195,6 +195,13 @@ TEST_F(MarkerBands, FollowTheirSwitchTheButtonAndTheirOpacity) {
   EXPECT_EQ(pixel(picture(), 80, 100), kClear);
 }
 
+TEST_F(MarkerBands, StayAwayUnderTheDefaultTheme) {
+  const std::string state = writeList("state.plist", ThemeFile().flag("isDefaultTheme", true));
+  startWith(writeTheme(ThemeFile().list()), songOfMarkers(), {},
+            {.grid = writeList("grid.plist", bands()), .state = state});
+  EXPECT_FALSE(shows());
+}
+
 TEST_F(MarkerBands, OutliveTheirMarkersByASecond) {
   start(bands(), songOfMarkers());
   EXPECT_TRUE(shows());

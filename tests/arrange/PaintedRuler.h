@@ -2,6 +2,7 @@
 // A ruler painted pixel by pixel, for what reads rulers.
 
 #include <cstdint>
+#include <random>
 #include <vector>
 
 #include "plugin/arrange/RulerPixels.h"
@@ -59,5 +60,20 @@ class PaintedRuler {
   double pixelsPerPoint_;
   std::vector<std::uint8_t> bytes_;
 };
+
+/// Calls a function with noise in rulers of many sizes and scales.
+template <class Function>
+void forAnyPixels(const Function& function) {
+  std::mt19937 random(11);
+  for (const long width : {1L, 2L, 3L, 5L, 40L, 333L, 20'000L}) {
+    for (const long height : {1L, 2L, 9L, 11L, 30L, 76L}) {
+      std::vector<std::uint8_t> bytes(static_cast<std::size_t>(width * height * 4));
+      for (auto& byte : bytes) byte = static_cast<std::uint8_t>(random());
+      for (const double scale : {1e-9, 0.5, 1.0, 2.0, 1e15}) {
+        function(velura::RulerPixels{bytes.data(), width, height, width * 4, 4, scale, -50});
+      }
+    }
+  }
+}
 
 }  // namespace support

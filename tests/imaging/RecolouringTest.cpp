@@ -37,6 +37,10 @@ class Picture {
     std::ranges::transform(bytes, at(x, y), [](int byte) { return static_cast<std::uint8_t>(byte); });
     return *this;
   }
+  Picture& whiten() {
+    std::ranges::fill(bytes_, std::uint8_t{255});
+    return *this;
+  }
   [[nodiscard]] std::vector<int> bytes(long x, long y) { return {at(x, y), at(x, y) + bytesPerPixel_}; }
 
   void paint(const Colour& colour, long x, long y) {
@@ -99,9 +103,8 @@ TEST(Recolouring, DividesEveryPremultipliedPairAsDoublesDo) {
 
 TEST(Recolouring, FirstMatchingRuleDecidesAndNilShields) {
   Picture picture(4, 1);
-  for (long x = 0; x < 4; ++x) picture.store(x, 0, {255, 255, 255, 255});
-  picture.recolour({rule(CGRectMake(0, 0, 1, 1), kWhite, std::nullopt), rule(CGRectMake(0, 0, 2, 1), kWhite, kRed),
-                    rule(CGRectMake(0, 0, 3, 1), kWhite, kBlue)});
+  picture.whiten().recolour({rule(CGRectMake(0, 0, 1, 1), kWhite, std::nullopt),
+                             rule(CGRectMake(0, 0, 2, 1), kWhite, kRed), rule(CGRectMake(0, 0, 3, 1), kWhite, kBlue)});
   EXPECT_THAT(picture.bytes(0, 0), ElementsAre(255, 255, 255, 255));
   EXPECT_THAT(picture.bytes(1, 0), ElementsAre(255, 0, 0, 255));
   EXPECT_THAT(picture.bytes(2, 0), ElementsAre(0, 0, 255, 255));
@@ -110,12 +113,10 @@ TEST(Recolouring, FirstMatchingRuleDecidesAndNilShields) {
 
 TEST(Recolouring, RectanglesTakeTheirLowEdgesAndLeaveTheirHighOnes) {
   Picture picture(6, 6);
-  for (long y = 0; y < 6; ++y) {
-    for (long x = 0; x < 6; ++x) picture.store(x, y, {255, 255, 255, 255});
-  }
   const double nan = std::nan("");
-  picture.recolour({rule(CGRectMake(1, 0.5, 2.5, 2), kWhite, kRed), rule(CGRectMake(nan, 0, 9, 9), kWhite, kBlue),
-                    rule(CGRectMake(5, 5, 1e300, 1e300), kWhite, kBlue), rule(CGRectMake(4, 4, -3, 2), kWhite, kBlue)});
+  picture.whiten().recolour(
+      {rule(CGRectMake(1, 0.5, 2.5, 2), kWhite, kRed), rule(CGRectMake(nan, 0, 9, 9), kWhite, kBlue),
+       rule(CGRectMake(5, 5, 1e300, 1e300), kWhite, kBlue), rule(CGRectMake(4, 4, -3, 2), kWhite, kBlue)});
   const auto isRed = [&](long x, long y) { return picture.bytes(x, y)[1] == 0 && picture.bytes(x, y)[0] == 255; };
   for (long y = 0; y < 6; ++y) {
     for (long x = 0; x < 6; ++x) EXPECT_EQ(isRed(x, y), x >= 1 && x <= 3 && y >= 1 && y <= 2) << x << "," << y;
@@ -224,27 +225,24 @@ TEST(Recolouring, AgreesWithThePlainWayOnRandomPicturesOfEveryFormat) {
 
 TEST(Recolouring, AsksForEachColourOnce) {
   Picture picture(500, 4);
-  for (long y = 0; y < 4; ++y) {
-    for (long x = 0; x < 500; ++x) picture.store(x, y, {255, 255, 255, 255});
-  }
-  picture.recolour({rule(everything(), kWhite, kRed)});
+  picture.whiten().recolour({rule(everything(), kWhite, kRed)});
   EXPECT_EQ(picture.painted(), 1);
   EXPECT_THAT(picture.bytes(499, 3), ElementsAre(255, 0, 0, 255));
 }
 
 TEST(Recolouring, LeavesLayoutsAloneThatHoldTooFewBytes) {
   std::vector<std::uint8_t> bytes(8, 255);
-  const auto untouched = [&](BitmapPixels pixels) {
-    int painted = 0;
-    velura::recolour(pixels, std::vector{rule(everything(), kWhite, kRed)},
-                     [&](const Colour&, long, long) { ++painted; });
-    return painted == 0;
+  const BitmapPixels kLayouts[] = {
+      {.bytes = bytes.data(), .width = 8, .height = 1, .bytesPerRow = 8, .bitsPerPixel = 8},
+      {.bytes = bytes.data(), .width = 4, .height = 1, .bytesPerRow = 8, .bitsPerPixel = 16},
+      {.bytes = bytes.data(), .width = 4, .height = 1, .bytesPerRow = 8, .bitsPerPixel = 32},
+      {.bytes = nullptr, .width = 1, .height = 1, .bytesPerRow = 4, .bitsPerPixel = 32},
+      {.bytes = bytes.data(), .width = 0, .height = 1, .bytesPerRow = 0, .bitsPerPixel = 32},
   };
-  EXPECT_TRUE(untouched({.bytes = bytes.data(), .width = 8, .height = 1, .bytesPerRow = 8, .bitsPerPixel = 8}));
-  EXPECT_TRUE(untouched({.bytes = bytes.data(), .width = 4, .height = 1, .bytesPerRow = 8, .bitsPerPixel = 16}));
-  EXPECT_TRUE(untouched({.bytes = bytes.data(), .width = 4, .height = 1, .bytesPerRow = 8, .bitsPerPixel = 32}));
-  EXPECT_TRUE(untouched({.bytes = nullptr, .width = 1, .height = 1, .bytesPerRow = 4, .bitsPerPixel = 32}));
-  EXPECT_TRUE(untouched({.bytes = bytes.data(), .width = 0, .height = 1, .bytesPerRow = 0, .bitsPerPixel = 32}));
+  for (const BitmapPixels& pixels : kLayouts) {
+    velura::recolour(pixels, std::vector{rule(everything(), kWhite, kRed)},
+                     [&](const Colour&, long, long) { ADD_FAILURE() << pixels.bitsPerPixel << "," << pixels.width; });
+  }
 }
 
 TEST(Recolouring, ByColoursFollowsTheSameRules) {
