@@ -163,24 +163,17 @@ TEST_F(HeaderStrips, SampleTheHostsColourBarsWhereTheyAre) {
   };
   const auto surfaces = [](int bars) { return host::HeaderSetup{.controlSurfaceBars = bars}; };
   const std::vector<Rgba> kTracks{trackColour(0), trackColour(1), trackColour(2), trackColour(3), kEmpty};
-  const Case kCases[] = {
+  std::vector<Case> cases = {
       {{.trackNumbers = true, .colourBars = false}, {}, 0, false},
       {{.colourBars = false, .controlSurfaceBars = 3}, {}, 0, false},
       {{}, {}, 2, true},
       {{.trackNumbers = false}, {}, 2, true},
-      {surfaces(0), {}, 1, true},
-      {surfaces(1), {}, 6, true},
-      {surfaces(2), {}, 11, true},
-      {surfaces(3), {}, 16, true},
-      {surfaces(4), {}, 21, true},
-      {surfaces(5), {}, 26, true},
-      {surfaces(6), {}, 31, true},
-      {surfaces(7), {}, 36, false},
       {surfaces(3), {.adapterBySong = true}, 16, true},
       {surfaces(3), {.modelAdapter = false}, 9, true},
       {{.trackNumbers = false, .controlSurfaceBars = 3}, {.modelAdapter = false}, 6, true},
   };
-  eachInChild(kCases, [&](const Case& c) {
+  for (int bars = 0; bars <= 7; ++bars) cases.push_back({surfaces(bars), {}, 1 + 5 * bars, bars < 7});
+  eachInChild(cases, [&](const Case& c) {
     host::Song song = fourTracks();
     song.arrange.headers = c.setup;
     start(ThemeFile().flag("useTrackColorAsArrangeStripBackground", true).text("EmptyAreaBelow", colour(8, 16, 24)),

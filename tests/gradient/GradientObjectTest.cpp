@@ -77,6 +77,14 @@ TEST_F(GradientObject, NothingButAStringMakesOne) {
   }
 }
 
+TEST_F(GradientObject, ABevelTellsItsStylesWidthAndStrength) {
+  const NSObject turning = bevel(string("Bevel:{R,2,30,D}"));
+  EXPECT_EQ((call<"styleForHighlighted:", NSInteger>(turning, BOOL(0))), 1);
+  EXPECT_EQ((call<"styleForHighlighted:", NSInteger>(turning, BOOL(1))), 2);
+  EXPECT_EQ((call<"width", double>(turning)), 2);
+  EXPECT_EQ((call<"strength", double>(turning)), 30);
+}
+
 TEST(SwitchFile, IsTestedAtMostOnceASecond) {
   constexpr const char* kFile = "/tmp/vlr_gradients_off";
   std::filesystem::remove(kFile);

@@ -143,24 +143,19 @@ TEST_F(Theme, EveryTrackTypeHasItsBitInBothRecords) {
 }
 
 TEST_F(Theme, KeepsOnlyTheColoursThatDifferFromTheHosts) {
-  ThemeUtility& theme = load(ThemeFile()
-                                 .text("mixerBackgroundColor", colour(1, 2, 3))
-                                 .text("emptySlotBGColor", colour(1, 2, 3))
-                                 .text("stripBackgroundColor", colour(1, 2, 4))
-                                 .text("stripBorderColor", "sRGBColor:{1,2,3,100}")
-                                 .text("mixerStripBevel", "Bevel:{R,2,30}")
-                                 .text("RunTimeName", "sRGBColor:{9, 9, 9, 50}")
-                                 .text("solid", "solid")
-                                 .flag("mixerBGMatchGradient", false)
-                                 .integer("UseTrackColor_MixerOpacity", 50),
-                             ThemeFile()
-                                 .text("mixerBackgroundColor", colour(1, 2, 3))
-                                 .text("emptySlotBGColor", colour(1, 2, 3))
-                                 .text("stripBackgroundColor", colour(1, 2, 3))
-                                 .text("stripBorderColor", colour(1, 2, 3))
-                                 .text("mixerStripBevel", "Bevel:{R,2,30}")
-                                 .flag("mixerBGMatchGradient", false)
-                                 .integer("UseTrackColor_MixerOpacity", 50));
+  const ThemeFile same = ThemeFile()
+                             .text("mixerBackgroundColor", colour(1, 2, 3))
+                             .text("emptySlotBGColor", colour(1, 2, 3))
+                             .text("mixerStripBevel", "Bevel:{R,2,30}")
+                             .flag("mixerBGMatchGradient", false)
+                             .integer("UseTrackColor_MixerOpacity", 50);
+  ThemeUtility& theme =
+      load(ThemeFile(same)
+               .text("stripBackgroundColor", colour(1, 2, 4))
+               .text("stripBorderColor", "sRGBColor:{1,2,3,100}")
+               .text("RunTimeName", "sRGBColor:{9, 9, 9, 50}")
+               .text("solid", "solid"),
+           ThemeFile(same).text("stripBackgroundColor", colour(1, 2, 3)).text("stripBorderColor", colour(1, 2, 3)));
   EXPECT_FALSE(theme.colorForKey(ThemeKey::kMixerBackgroundColor));
   EXPECT_EQ(rgba(theme.colorForKey(ThemeKey::kEmptySlotBGColor)), (Rgba{1, 2, 3})) << "a kept key";
   EXPECT_EQ(rgba(theme.colorForKey(ThemeKey::kStripBackgroundColor)), (Rgba{1, 2, 4}));
