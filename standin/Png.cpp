@@ -4,17 +4,26 @@
 
 #include <cmath>
 #include <csetjmp>
+#include <cstdlib>
 #include <cstring>
 
 namespace standin {
 
 namespace {
 
-/// What the decoder reads from, and the largest picture that a few bytes may blow up into.
+/// What the decoder reads from.
 struct Source {
   std::span<const std::uint8_t> rest;
 };
-constexpr std::size_t kLargestPicture = std::size_t{1} << 28U;  // pixels
+
+constexpr png_alloc_size_t kLargestChunk = png_alloc_size_t{4} << 20U;
+
+/// The decoder's memory. A chunk may claim any length, and the library asks for it all before it reads:
+/// it passes over the chunk when there is none.
+png_voidp allocate(png_structp, png_alloc_size_t size) {
+  return size <= 2 * kLargestChunk ? std::malloc(size) : nullptr;
+}
+void release(png_structp, png_voidp memory) { std::free(memory); }
 
 void readFrom(png_structp png, png_bytep to, png_size_t count) {
   auto* source = static_cast<Source*>(png_get_io_ptr(png));
@@ -42,12 +51,12 @@ bool decode(png_structp png, png_infop info, Source& source, std::shared_ptr<Sur
   if (setjmp(png_jmpbuf(png)) != 0) return false;
   png_set_user_limits(png, static_cast<png_uint_32>(kLongestSide), static_cast<png_uint_32>(kLongestSide));
   png_set_chunk_cache_max(png, 64);
-  png_set_chunk_malloc_max(png, 4U << 20U);
+  png_set_chunk_malloc_max(png, kLargestChunk);
   png_set_read_fn(png, &source, readFrom);
   png_read_info(png, info);
   const png_uint_32 width = png_get_image_width(png, info);
   const png_uint_32 height = png_get_image_height(png, info);
-  if (std::size_t{width} * height > kLargestPicture) return false;
+  if (!isDecodable(width, height)) return false;
   askForRgba(png);
   png_read_update_info(png, info);
   if (png_get_rowbytes(png, info) != std::size_t{width} * 4) return false;
@@ -118,7 +127,8 @@ void straightRow(const Pixel* from, int width, bool native, std::uint8_t* to) {
 std::shared_ptr<Surface> decodedPng(std::span<const std::uint8_t> bytes, double* dpiWidth, double* dpiHeight) {
   constexpr std::size_t kSignature = 8;
   if (bytes.size() < kSignature || png_sig_cmp(bytes.data(), 0, kSignature) != 0) return nullptr;
-  png_structp png = png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, leave, ignoreWarning);
+  png_structp png =
+      png_create_read_struct_2(PNG_LIBPNG_VER_STRING, nullptr, leave, ignoreWarning, nullptr, allocate, release);
   if (png == nullptr) return nullptr;
   png_infop info = png_create_info_struct(png);
   Source source{bytes};

@@ -24,6 +24,12 @@ inline constexpr int kLongestSide = 16384;
 inline constexpr int kTallest = 1'000'000;
 inline constexpr std::ptrdiff_t kMostMemory = std::ptrdiff_t{256} << 20U;
 
+/// Whether a file's picture may become a raster: a few bytes can claim to be any size.
+inline constexpr bool isDecodable(std::uint32_t width, std::uint32_t height) {
+  constexpr std::uint64_t kMostPixels = kMostMemory / 4;
+  return width <= kLongestSide && height <= kLongestSide && std::uint64_t{width} * height <= kMostPixels;
+}
+
 /// Red, green and blue from 0 to 1, not premultiplied.
 struct Rgba {
   double red = 0;

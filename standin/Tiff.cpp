@@ -10,7 +10,6 @@ namespace standin {
 namespace {
 
 constexpr std::size_t kMostFrames = 256;
-constexpr std::size_t kMostPixels = std::size_t{64} << 20U;  // that a few bytes may blow up into
 constexpr double kCentimetersPerInch = 2.54;
 
 /// What the library reads from, or writes to, as it would a file.
@@ -87,6 +86,19 @@ bool hasAlpha(TIFF* tiff) {
   return TIFFGetField(tiff, TIFFTAG_EXTRASAMPLES, &count, &kinds) != 0 && count > 0;
 }
 
+struct Extent {
+  std::uint32_t width = 0;
+  std::uint32_t height = 0;
+};
+
+/// Of the directory that is current.
+Extent extentOf(TIFF* tiff) {
+  Extent extent;
+  TIFFGetField(tiff, TIFFTAG_IMAGEWIDTH, &extent.width);
+  TIFFGetField(tiff, TIFFTAG_IMAGELENGTH, &extent.height);
+  return extent;
+}
+
 void writeFrame(TIFF* tiff, const ImageFrame& frame) {
   const Surface& pixels = *frame.pixels;
   const std::uint16_t samples = frame.hasAlpha ? 4 : 3;
@@ -124,8 +136,15 @@ std::size_t tiffFrameCount(FileBytes bytes) {
   MemoryFile file{bytes, {}, 0};
   const Tiff tiff = opened(file, "rm");
   if (tiff == nullptr) return 0;
-  std::size_t count = 1;
-  while (count < kMostFrames && TIFFReadDirectory(tiff.get()) != 0) ++count;
+  // Frames may share their bytes: together they may claim what one may.
+  std::ptrdiff_t memory = 0;
+  std::size_t count = 0;
+  do {
+    const Extent extent = extentOf(tiff.get());
+    if (!isDecodable(extent.width, extent.height)) continue;
+    memory += std::ptrdiff_t{extent.width} * extent.height * 4;
+    if (memory > kMostMemory) break;
+  } while (++count < kMostFrames && TIFFReadDirectory(tiff.get()) != 0);
   return count;
 }
 
@@ -134,11 +153,8 @@ std::optional<ImageFrame> decodedTiffFrame(FileBytes bytes, std::size_t index) {
   const Tiff tiff = opened(file, "rm");
   if (tiff == nullptr || index >= kMostFrames) return std::nullopt;
   if (TIFFSetDirectory(tiff.get(), static_cast<tdir_t>(index)) == 0) return std::nullopt;
-  std::uint32_t width = 0;
-  std::uint32_t height = 0;
-  TIFFGetField(tiff.get(), TIFFTAG_IMAGEWIDTH, &width);
-  TIFFGetField(tiff.get(), TIFFTAG_IMAGELENGTH, &height);
-  if (width > kLongestSide || height > kLongestSide || std::size_t{width} * height > kMostPixels) return std::nullopt;
+  const auto [width, height] = extentOf(tiff.get());
+  if (!isDecodable(width, height)) return std::nullopt;
   const auto surface = Surface::make(static_cast<int>(width), static_cast<int>(height), PixelOrder::kRgba);
   if (surface == nullptr) return std::nullopt;
   std::uint16_t orientation = ORIENTATION_TOPLEFT;

@@ -143,6 +143,33 @@ TEST(Tiff, SurvivesHostileBytes) {
   EXPECT_FALSE(NSBitmapImageRep::imageRepWithData(dataOf(huge)));
 }
 
+TEST(Tiff, HoldsNoMoreFramesThanOneMayClaim) {
+  const AutoreleasePool pool;
+  const auto image = NSImage::withSize({3, 3});
+  for (const char color : {'R', 'G', 'B'}) image->addRepresentation(plain(3, color, {3, 3}));
+  const auto framesOfSide = [&](unsigned char bitOfSide) {
+    Bytes bytes = bytesOf(image->TIFFRepresentation());
+    const auto number = [&](std::size_t at, int size) {
+      std::size_t value = 0;
+      for (int i = size; i-- > 0;) value = value << 8U | bytes.at(at + std::size_t(i));
+      return value;
+    };
+    for (std::size_t folder = number(4, 4), entries = 0; folder != 0; folder = number(folder + 2 + 12 * entries, 4)) {
+      entries = number(folder, 2);
+      for (std::size_t at = folder + 2; at < folder + 2 + 12 * entries; at += 12) {
+        if (number(at, 2) == 256 || number(at, 2) == 257) bytes[at + 9] = bitOfSide;  // width and height, by 256
+      }
+    }
+    const auto source =
+        CFRef<CGImageSourceRef>::adopt(CGImageSourceCreateWithData(bridged<CFDataRef>(dataOf(bytes)), nullptr));
+    return CGImageSourceGetCount(source);
+  };
+  EXPECT_EQ(framesOfSide(0), 3U);
+  EXPECT_EQ(framesOfSide(16), 3U) << "64 MiB each";
+  EXPECT_EQ(framesOfSide(22), 2U) << "121 MiB each";
+  EXPECT_EQ(framesOfSide(64), 3U) << "16,387 pixels wide: never decoded";
+}
+
 TEST(ImageIO, WritesFramesWithTheirProperties) {
   const AutoreleasePool pool;
   struct Type {
