@@ -107,7 +107,7 @@ void recolourPlainly(NSBitmapImageRep bitmap, NSArray rules) {
   }
 }
 
-Body recolours(const ScalePicture& picture, NSArray rules) {
+Side recolours(const ScalePicture& picture, NSArray rules) {
   return timed([&picture] { picture.restore(); },
                [&picture, rules] {
                  const AutoreleasePool pool;
@@ -115,13 +115,12 @@ Body recolours(const ScalePicture& picture, NSArray rules) {
                });
 }
 
-Body copies(const std::vector<unsigned char>& source) {
-  return timed([] {},
-               [&source, copy = std::make_shared<std::vector<unsigned char>>(source.size())] {
-                 std::memcpy(copy->data(), source.data(), source.size());
-                 benchmark::DoNotOptimize(copy->data());
-                 benchmark::ClobberMemory();
-               });
+Side copies(const std::vector<unsigned char>& source) {
+  return repeated([&source, copy = std::make_shared<std::vector<unsigned char>>(source.size())] {
+    std::memcpy(copy->data(), source.data(), source.size());
+    benchmark::DoNotOptimize(copy->data());
+    benchmark::ClobberMemory();
+  });
 }
 
 // ---- Rulers -------------------------------------------------------------------------------------------
@@ -259,13 +258,10 @@ void addRecolouringRows() {
   static const Ref<NSArray> rules = scaleRules(kWidth, kHeight);
   static const Ref<NSArray> smallRules = scaleRules(kWidth / 10, kHeight / 10);
   constexpr auto kPixels = static_cast<double>(kWidth * kHeight);
-  addRow({"recolouring 2560 x 1600, 4 rules, 5 % matching", 4}, recolours(sparse, rules), copies(sparse.original),
-         Timing::kByTheBody);
-  addRow({"recolouring the same, every pixel matching", 12}, recolours(full, rules), copies(full.original),
-         Timing::kByTheBody);
+  addRow({"recolouring 2560 x 1600, 4 rules, 5 % matching", 4}, recolours(sparse, rules), copies(sparse.original));
+  addRow({"recolouring the same, every pixel matching", 12}, recolours(full, rules), copies(full.original));
   addRow({"the same rules, per pixel, against a colour object each", 0.02, kPixels, kPixels / 100},
-         recolours(sparse, rules), timed([] { small.restore(); }, [] { recolourPlainly(small.bitmap, smallRules); }),
-         Timing::kByTheBody);
+         recolours(sparse, rules), timed([] { small.restore(); }, [] { recolourPlainly(small.bitmap, smallRules); }));
 }
 
 void addRulerRows(host::Application& application) {
@@ -276,25 +272,22 @@ void addRulerRows(host::Application& application) {
   }
   static const std::vector<unsigned char> original(
       ruler->pixels.bytes, ruler->pixels.bytes + ruler->pixels.bytesPerRow * ruler->pixels.height);
-  addRow({"tick detection, 5,120 x 152 pixels, both strips", 12},
-         timed([] {},
-               [] {
-                 benchmark::DoNotOptimize(velura::detectTicks(stripOf(ruler->pixels, 0, 76), -1e9).count());
-                 benchmark::DoNotOptimize(velura::detectTicks(stripOf(ruler->pixels, 38, 76), -1e9).count());
-               }),
-         copies(original), Timing::kByTheBody);
+  addRow({"tick detection, 5,120 x 152 pixels, both strips", 12}, repeated([] {
+           benchmark::DoNotOptimize(velura::detectTicks(stripOf(ruler->pixels, 0, 76), -1e9).count());
+           benchmark::DoNotOptimize(velura::detectTicks(stripOf(ruler->pixels, 38, 76), -1e9).count());
+         }),
+         copies(original));
   addRow({"reading the marker bands of the same ruler", 12},
-         timed([] {}, [] { benchmark::DoNotOptimize(velura::readMarkerLane(ruler->pixels, -1e9).segments.size()); }),
-         copies(original), Timing::kByTheBody);
+         repeated([] { benchmark::DoNotOptimize(velura::readMarkerLane(ruler->pixels, -1e9).segments.size()); }),
+         copies(original));
 }
 
 void addArrangeRows(const ArrangeWorkers& workers) {
   addRow({"an arrange frame, 64 tracks, 500 regions, bands and grid", 2}, inWorker(workers.themedFrame),
-         inWorker(workers.plainFrame), Timing::kByTheBody);
+         inWorker(workers.plainFrame));
   addRow({"the same with 1,000 tracks, per track", 1.25, 1000, 64}, inWorker(workers.manyTracks),
-         inWorker(workers.themedFrame), Timing::kByTheBody);
-  addRow({"from a saved settings file to the main thread", 2}, inWorker(workers.watched), inWorker(workers.bareWatch),
-         Timing::kByTheBody);
+         inWorker(workers.themedFrame));
+  addRow({"from a saved settings file to the main thread", 2}, inWorker(workers.watched), inWorker(workers.bareWatch));
 }
 
 }  // namespace bench

@@ -191,15 +191,14 @@ ControlWorkers::ControlWorkers()
 
 void addControlRows(const ControlWorkers& workers) {
   addRow({"a frame of 128 full strips, every meter moving, gradient theme", 1.4}, inWorker(workers.gradientFrame),
-         inWorker(workers.plainFrame), Timing::kByTheBody);
-  addRow({"the same in image mode", 1.4}, inWorker(workers.imageFrame), inWorker(workers.plainFrame),
-         Timing::kByTheBody);
+         inWorker(workers.plainFrame));
+  addRow({"the same in image mode", 1.4}, inWorker(workers.imageFrame), inWorker(workers.plainFrame));
   addRow({"a button title through the override, group found", 1.3, kTitles, kTitles}, inWorker(workers.themedTitle),
-         inWorker(workers.plainTitle), Timing::kByTheBody);
+         inWorker(workers.plainTitle));
   addRow({"a cached meter texture", 0.05, kTextures, kTextures}, inWorker(workers.cachedTexture),
-         inWorker(workers.freshTexture), Timing::kByTheBody);
+         inWorker(workers.freshTexture));
   addRow({"start-up with 400 keys and an open window of 64 strips", 1}, inWorker(workers.startUp),
-         inWorker(workers.firstDrawing), Timing::kByTheBody);
+         inWorker(workers.firstDrawing));
 }
 
 }  // namespace bench

@@ -1,48 +1,117 @@
 #include "bench/Rows.h"
 
-#include <chrono>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <memory>
+#include <utility>
 
 namespace bench {
 
-using benchmark::State;
+namespace {
 
-std::vector<Row>& rows() {
-  static std::vector<Row> all;
+/// A row's sides, and what each turn of them took for each thing done.
+struct Measurement {
+  Row row;
+  Side ours;
+  Side baseline;
+  std::vector<Result> turns;
+};
+
+std::vector<std::unique_ptr<Measurement>>& measurements() {
+  static std::vector<std::unique_ptr<Measurement>> all;
   return all;
 }
 
-void addRow(const Row& row, const Body& ours, const Body& baseline, Timing timing) {
-  rows().push_back(row);
-  for (const auto& [side, body] : {std::pair("ours", &ours), std::pair("baseline", &baseline)}) {
-    auto* registered = benchmark::RegisterBenchmark((row.name + "/" + side).c_str(), *body);
-    registered->MinTime(0.1);
-    if (timing == Timing::kByTheBody) registered->UseManualTime();
+/// How many runs make a turn that a clock can tell.
+unsigned runsOfATurn(const Side& side) {
+  constexpr double kTurn = 0.02;  // seconds
+  for (unsigned count = 1;; count *= 2) {
+    const auto start = Clock::now();
+    side(count);
+    if (secondsSince(start) >= kTurn) return count;
   }
 }
 
-Body inWorker(const Worker& worker) {
-  return [&worker](State& state) {
-    for (auto iteration : state) {
-      static_cast<void>(iteration);
-      state.SetIterationTime(worker.run(1));
+void takeTurns(benchmark::State& state, Measurement& measurement) {
+  const unsigned oursCount = runsOfATurn(measurement.ours);
+  const unsigned baselineCount = runsOfATurn(measurement.baseline);
+  bool oursFirst = true;
+  for (auto turn : state) {
+    static_cast<void>(turn);
+    Result result{measurement.row};
+    for (const bool isOurs : {oursFirst, !oursFirst}) {
+      if (isOurs) {
+        result.ours = measurement.ours(oursCount) / oursCount / measurement.row.perOurs;
+      } else {
+        result.baseline = measurement.baseline(baselineCount) / baselineCount / measurement.row.perBaseline;
+      }
     }
-  };
+    state.SetIterationTime(result.ours);
+    measurement.turns.push_back(result);
+    oursFirst = !oursFirst;
+  }
 }
 
-Body timed(std::function<void()> prepare, std::function<void()> work) {
-  return [prepare = std::move(prepare), work = std::move(work)](State& state) {
-    using Clock = std::chrono::steady_clock;
-    for (auto iteration : state) {
-      static_cast<void>(iteration);
+/// Leaves the printing to whoever has the ratios.
+class NoReport : public benchmark::BenchmarkReporter {
+ public:
+  bool ReportContext(const Context& /*context*/) override { return true; }
+  void ReportRuns(const std::vector<Run>& /*runs*/) override {}
+};
+
+}  // namespace
+
+void addRow(const Row& row, Side ours, Side baseline) {
+  constexpr int kTurns = 31;
+  auto& added = *measurements().emplace_back(
+      std::make_unique<Measurement>(Measurement{row, std::move(ours), std::move(baseline), {}}));
+  benchmark::RegisterBenchmark(row.name.c_str(), [&added](benchmark::State& state) { takeTurns(state, added); })
+      ->Iterations(kTurns)
+      ->UseManualTime();
+}
+
+std::vector<Result> measured(const std::string& filter) {
+  NoReport none;
+  benchmark::RunSpecifiedBenchmarks(&none, filter);
+  std::vector<Result> results;
+  for (const auto& measurement : measurements()) {
+    auto& turns = measurement->turns;
+    if (turns.empty()) continue;
+    // The turn with the median ratio stands for all.
+    const auto middle = turns.begin() + static_cast<std::ptrdiff_t>(turns.size() / 2);
+    std::ranges::nth_element(turns, middle, {}, &Result::ratio);
+    results.push_back(*middle);
+  }
+  return results;
+}
+
+Side timed(std::function<void()> prepare, std::function<void()> work) {
+  return [prepare = std::move(prepare), work = std::move(work)](unsigned count) {
+    double seconds = 0;
+    for (unsigned i = 0; i < count; ++i) {
       prepare();
       const auto start = Clock::now();
       work();
-      state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count());
+      seconds += secondsSince(start);
     }
+    return seconds;
+  };
+}
+
+Side inWorker(const Worker& worker) {
+  return [&worker](unsigned count) {
+    worker.run(1);
+    return worker.run(count);
+  };
+}
+
+Side difference(Side more, Side less) {
+  return [more = std::move(more), less = std::move(less)](unsigned count) {
+    const double seconds = more(count);
+    return std::max(0.0, seconds - less(count));
   };
 }
 

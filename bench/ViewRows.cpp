@@ -129,11 +129,11 @@ ViewWorkers::ViewWorkers()
 
 void addViewRows(const ViewWorkers& workers) {
   addRow({"a Live Loops frame of 32 x 32 cells, themed", 1.2}, inWorker(workers.themedLoops),
-         inWorker(workers.plainLoops), Timing::kByTheBody);
+         inWorker(workers.plainLoops));
   addRow({"refreshing all windows, against drawing them once", 1.5}, inWorker(workers.refresh),
-         inWorker(workers.drawing), Timing::kByTheBody);
+         inWorker(workers.drawing));
   addRow({"installing everything, against 100 bare exchanges", 3}, inWorker(workers.installing),
-         inWorker(workers.exchanging), Timing::kByTheBody);
+         inWorker(workers.exchanging));
 }
 
 }  // namespace bench

@@ -7,8 +7,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <map>
-#include <optional>
+#include <memory>
 #include <sstream>
 
 #include "bench/ArrangeRows.h"
@@ -31,13 +30,12 @@ namespace {
 
 using namespace cocoa;
 using bench::addRow;
-using bench::Body;
+using bench::difference;
 using bench::inWorker;
-using bench::Row;
-using bench::rows;
-using bench::Timing;
+using bench::repeated;
+using bench::Result;
+using bench::Side;
 using bench::writeFile;
-using benchmark::State;
 
 // ---- Messages and look-ups -------------------------------------------------------------------------
 
@@ -45,50 +43,33 @@ constexpr int kInner = 64;  // repetitions in one iteration of what takes a few 
 
 void addMessageRow() {
   static const Ref<NSNumber> receiver = NSNumber::numberWithLong(7);
-  addRow(
-      {"a message through send", 1.25, kInner, kInner},
-      [](State& state) {
-        for (auto i : state) {
-          static_cast<void>(i);
-          for (int n = 0; n < kInner; ++n) {
-            benchmark::DoNotOptimize(send<NSInteger>(receiver.get().object, selector<"integerValue">()));
-          }
-        }
-      },
-      [](State& state) {
-        const SEL sel = sel_registerName("integerValue");
-        using F = NSInteger (*)(id, SEL);
-        for (auto i : state) {
-          static_cast<void>(i);
-          for (int n = 0; n < kInner; ++n) {
-            const id object = receiver.get().object;
-            benchmark::DoNotOptimize(
-                reinterpret_cast<F>(reinterpret_cast<void (*)()>(objc_msg_lookup(object, sel)))(object, sel));
-          }
-        }
-      });
+  addRow({"a message through send", 1.25, kInner, kInner}, repeated([] {
+           for (int n = 0; n < kInner; ++n) {
+             benchmark::DoNotOptimize(send<NSInteger>(receiver.get().object, selector<"integerValue">()));
+           }
+         }),
+         repeated([sel = sel_registerName("integerValue")] {
+           using F = NSInteger (*)(id, SEL);
+           for (int n = 0; n < kInner; ++n) {
+             const id object = receiver.get().object;
+             benchmark::DoNotOptimize(
+                 reinterpret_cast<F>(reinterpret_cast<void (*)()>(objc_msg_lookup(object, sel)))(object, sel));
+           }
+         }));
 }
 
 void addLookUpRow() {
   static const Ref<NSDictionary> dictionary = velura::ThemeUtility::shared().colorCollection();
   static const Ref<NSString> key = makeString("stripBackgroundColor");
-  addRow(
-      {"a colour by its key in the table", 0.3, kInner, kInner},
-      [](State& state) {
-        for (auto i : state) {
-          static_cast<void>(i);
-          for (int n = 0; n < kInner; ++n) {
-            benchmark::DoNotOptimize(
-                velura::ThemeUtility::shared().colorForKey(velura::ThemeKey::kStripBackgroundColor).object);
-          }
-        }
-      },
-      [](State& state) {
-        for (auto i : state) {
-          static_cast<void>(i);
-          for (int n = 0; n < kInner; ++n) benchmark::DoNotOptimize(dictionary->objectForKey(key.get()).object);
-        }
-      });
+  addRow({"a colour by its key in the table", 0.3, kInner, kInner}, repeated([] {
+           for (int n = 0; n < kInner; ++n) {
+             benchmark::DoNotOptimize(
+                 velura::ThemeUtility::shared().colorForKey(velura::ThemeKey::kStripBackgroundColor).object);
+           }
+         }),
+         repeated([] {
+           for (int n = 0; n < kInner; ++n) benchmark::DoNotOptimize(dictionary->objectForKey(key.get()).object);
+         }));
 }
 
 // ---- Patterns --------------------------------------------------------------------------------------
@@ -115,70 +96,60 @@ NSColor drawPattern(const PatternCase& c) {
                                 .bevelStyle = c.bevel != nullptr ? 1 : 0});
 }
 
-void fresh(State& state, const PatternCase& c) {
-  const NSMutableDictionary cache = velura::ThemeUtility::shared().gradientPatternCache;
-  for (auto i : state) {
-    static_cast<void>(i);
+Side fresh(const PatternCase& c) {
+  return repeated([&c] {
     const AutoreleasePool pool;
     benchmark::DoNotOptimize(drawPattern(c).object);
-    cache.removeAllObjects();
-  }
+    velura::ThemeUtility::shared().gradientPatternCache.get().removeAllObjects();
+  });
 }
 
-void cached(State& state, const PatternCase& c) {
-  const AutoreleasePool pool;
-  static_cast<void>(drawPattern(c));
-  for (auto i : state) {
-    static_cast<void>(i);
-    const AutoreleasePool inner;
-    benchmark::DoNotOptimize(drawPattern(c).object);
-  }
+Side cached(const PatternCase& c) {
+  return [&c, again = repeated([&c] {
+                const AutoreleasePool pool;
+                benchmark::DoNotOptimize(drawPattern(c).object);
+              })](unsigned count) {
+    const AutoreleasePool pool;
+    static_cast<void>(drawPattern(c));
+    return again(count);
+  };
 }
 
 /// Cairo's own gradient, and for the oblique case its two fills, into a surface of the same size.
-void cairoPattern(State& state, const PatternCase& c, int width) {
+void drawWithCairo(const PatternCase& c, int width) {
   const auto height = static_cast<int>(c.size.height);
-  for (auto i : state) {
-    static_cast<void>(i);
-    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height);
-    cairo_t* cr = cairo_create(surface);
-    cairo_pattern_t* gradient = cairo_pattern_create_linear(0, 0, c.angle == 180 ? 0 : width, height);
-    cairo_pattern_add_color_stop_rgba(gradient, 0, 0.3, 0.3, 0.35, 1);
-    cairo_pattern_add_color_stop_rgba(gradient, 0.6, 0.2, 0.22, 0.25, 1);
-    cairo_pattern_add_color_stop_rgba(gradient, 1, 0.1, 0.1, 0.12, 1);
-    cairo_set_source(cr, gradient);
-    cairo_paint(cr);
-    if (c.bevel != nullptr) {
-      for (const double x : {0.0, width - 2.0}) {
-        cairo_set_source_rgba(cr, x == 0 ? 1 : 0, x == 0 ? 1 : 0, x == 0 ? 1 : 0, 0.3);
-        cairo_rectangle(cr, x, 0, 2, height);
-        cairo_fill(cr);
-      }
+  cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height);
+  cairo_t* cr = cairo_create(surface);
+  cairo_pattern_t* gradient = cairo_pattern_create_linear(0, 0, c.angle == 180 ? 0 : width, height);
+  cairo_pattern_add_color_stop_rgba(gradient, 0, 0.3, 0.3, 0.35, 1);
+  cairo_pattern_add_color_stop_rgba(gradient, 0.6, 0.2, 0.22, 0.25, 1);
+  cairo_pattern_add_color_stop_rgba(gradient, 1, 0.1, 0.1, 0.12, 1);
+  cairo_set_source(cr, gradient);
+  cairo_paint(cr);
+  if (c.bevel != nullptr) {
+    for (const double x : {0.0, width - 2.0}) {
+      cairo_set_source_rgba(cr, x == 0 ? 1 : 0, x == 0 ? 1 : 0, x == 0 ? 1 : 0, 0.3);
+      cairo_rectangle(cr, x, 0, 2, height);
+      cairo_fill(cr);
     }
-    cairo_pattern_destroy(gradient);
-    cairo_destroy(cr);
-    cairo_surface_flush(surface);
-    benchmark::DoNotOptimize(cairo_image_surface_get_data(surface));
-    cairo_surface_destroy(surface);
   }
+  cairo_pattern_destroy(gradient);
+  cairo_destroy(cr);
+  cairo_surface_flush(surface);
+  benchmark::DoNotOptimize(cairo_image_surface_get_data(surface));
+  cairo_surface_destroy(surface);
 }
 
 void addPatternRows() {
   static const Ref<NSObject> bevel = velura::VLRStripBevel::bevelFromString(literal<"Bevel:{R,4,30}">());
   static const PatternCase vertical{{84, 600}};
   static const PatternCase oblique{{90, 600}, 135, &stateOf<velura::VLRStripBevel>(bevel.get())};
-  addRow(
-      {"a fresh vertical pattern, 8 x 600, 3 stops", 0.7}, [](State& s) { fresh(s, vertical); },
-      [](State& s) { cairoPattern(s, vertical, 8); });
-  addRow(
-      {"a fresh oblique pattern with bevel, 90 x 600", 1.2}, [](State& s) { fresh(s, oblique); },
-      [](State& s) { cairoPattern(s, oblique, 90); });
-  addRow(
-      {"a cached pattern, vertical", 0.25}, [](State& s) { cached(s, vertical); },
-      [](State& s) { fresh(s, vertical); });
-  addRow(
-      {"a cached pattern, oblique with bevel", 0.02}, [](State& s) { cached(s, oblique); },
-      [](State& s) { fresh(s, oblique); });
+  addRow({"a fresh vertical pattern, 8 x 600, 3 stops", 0.7}, fresh(vertical),
+         repeated([] { drawWithCairo(vertical, 8); }));
+  addRow({"a fresh oblique pattern with bevel, 90 x 600", 1.2}, fresh(oblique),
+         repeated([] { drawWithCairo(oblique, 90); }));
+  addRow({"a cached pattern, vertical", 0.25}, cached(vertical), fresh(vertical));
+  addRow({"a cached pattern, oblique with bevel", 0.02}, cached(oblique), fresh(oblique));
 }
 
 // ---- Themes ----------------------------------------------------------------------------------------
@@ -225,26 +196,21 @@ void addLoadRow() {
     std::exit(1);
   }
   addRow(
-      {"loading a theme of 400 keys with its reference", 1.5},
-      [](State& state) {
-        for (auto i : state) {
-          static_cast<void>(i);
-          const AutoreleasePool pool;
-          const auto loaded =
-              Ref<NSObject>::adopt(NSObject(call<"init", id>(call<"alloc", id>(classNamed("ThemeUtility")))));
-          NSNotificationCenter::defaultCenter().removeObserver(loaded);
-          if (call<"colorCollection", NSDictionary>(loaded.get()).count() != 200) state.SkipWithError("not loaded");
+      {"loading a theme of 400 keys with its reference", 1.5}, repeated([] {
+        const AutoreleasePool pool;
+        const auto loaded =
+            Ref<NSObject>::adopt(NSObject(call<"init", id>(call<"alloc", id>(classNamed("ThemeUtility")))));
+        NSNotificationCenter::defaultCenter().removeObserver(loaded);
+        if (call<"colorCollection", NSDictionary>(loaded.get()).count() == 200) return;
+        std::fprintf(stderr, "the theme was not loaded\n");
+        std::exit(1);
+      }),
+      repeated([] {
+        const AutoreleasePool pool;
+        for (const auto& path : {theme, reference}) {
+          benchmark::DoNotOptimize(call<"dictionaryWithContentsOfFile:", id>(classNamed("NSDictionary"), path.get()));
         }
-      },
-      [](State& state) {
-        for (auto i : state) {
-          static_cast<void>(i);
-          const AutoreleasePool pool;
-          for (const auto& path : {theme, reference}) {
-            benchmark::DoNotOptimize(call<"dictionaryWithContentsOfFile:", id>(classNamed("NSDictionary"), path.get()));
-          }
-        }
-      });
+      }));
 }
 
 // ---- Frames ----------------------------------------------------------------------------------------
@@ -356,84 +322,40 @@ struct Workers {
   bench::Worker looksMany{strips, songOfStrips(1024), {}, presentAndDrawStrips};
 };
 
-constexpr const char* kFrameRow = "a frame of 128 strips, gradient theme, warm";
-constexpr const char* kAddedRow = "what theming adds to that frame";
-
 /// Fills the areas of 128 strips once, each in a colour of its own.
-void fillStripAreas(State& state) {
+Side fillStripAreas() {
   const double height = host::stripHeight(host::Song());
-  cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, static_cast<int>(128 * host::kStripWidth),
-                                                        static_cast<int>(height));
-  cairo_t* cr = cairo_create(surface);
-  for (auto iteration : state) {
-    static_cast<void>(iteration);
+  const std::shared_ptr<cairo_surface_t> surface(
+      cairo_image_surface_create(CAIRO_FORMAT_ARGB32, static_cast<int>(128 * host::kStripWidth),
+                                 static_cast<int>(height)),
+      cairo_surface_destroy);
+  const std::shared_ptr<cairo_t> context(cairo_create(surface.get()), cairo_destroy);
+  return repeated([surface, context, height] {
+    cairo_t* cr = context.get();
     for (int strip = 0; strip < 128; ++strip) {
       cairo_set_source_rgb(cr, strip / 128.0, 0.3, 0.4);
       cairo_rectangle(cr, strip * host::kStripWidth, 0, host::kStripWidth, height);
       cairo_fill(cr);
     }
-    cairo_surface_flush(surface);
-    benchmark::DoNotOptimize(cairo_image_surface_get_data(surface));
-  }
-  cairo_destroy(cr);
-  cairo_surface_destroy(surface);
+    cairo_surface_flush(surface.get());
+    benchmark::DoNotOptimize(cairo_image_surface_get_data(surface.get()));
+  });
 }
 
 void addFrameRows(const Workers& workers) {
   addRow({"an override whose key is absent (strip borderColor)", 4, 4096, 4096}, inWorker(workers.themedBorder),
-         inWorker(workers.plainBorder), Timing::kByTheBody);
-  addRow({kFrameRow, 1.3}, inWorker(workers.themedFrame), inWorker(workers.plainFrame), Timing::kByTheBody);
-  rows().push_back({kAddedRow, 1});
-  benchmark::RegisterBenchmark((std::string(kAddedRow) + "/baseline").c_str(), fillStripAreas)->MinTime(0.05);
+         inWorker(workers.plainBorder));
+  addRow({"a frame of 128 strips, gradient theme, warm", 1.3}, inWorker(workers.themedFrame),
+         inWorker(workers.plainFrame));
+  addRow({"what theming adds to that frame", 1},
+         difference(inWorker(workers.themedFrame), inWorker(workers.plainFrame)), fillStripAreas());
   addRow({"time per strip at 1,024 strips of one height", 1.25, 1024, 128}, inWorker(workers.looksMany),
-         inWorker(workers.looksFew), Timing::kByTheBody);
+         inWorker(workers.looksFew));
   addRow({"time per strip at 1,024 strips of eight heights, anchored gradient", 3, 1024, 128},
-         inWorker(workers.heights), inWorker(workers.few), Timing::kByTheBody);
+         inWorker(workers.heights), inWorker(workers.few));
 }
 
 // ---- Results ---------------------------------------------------------------------------------------
-
-/// Keeps the median of each benchmark, in nanoseconds.
-class MedianReporter : public benchmark::BenchmarkReporter {
- public:
-  bool ReportContext(const Context& /*context*/) override { return true; }
-  void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& run : runs) {
-      if (run.error_occurred) std::fprintf(stderr, "%s: %s\n", run.benchmark_name().c_str(), run.error_message.c_str());
-      if (run.run_type == Run::RT_Aggregate && run.aggregate_name == "median") {
-        medians_[run.run_name.function_name] = run.GetAdjustedRealTime();
-      }
-    }
-  }
-  [[nodiscard]] std::optional<double> median(const std::string& name) const {
-    const auto found = medians_.find(name);
-    return found == medians_.end() ? std::nullopt : std::optional(found->second);
-  }
-
- private:
-  std::map<std::string, double> medians_;
-};
-
-struct Result {
-  Row row;
-  double ours = 0;
-  double baseline = 0;
-};
-
-std::vector<Result> results(const MedianReporter& reporter) {
-  std::vector<Result> all;
-  for (const Row& row : rows()) {
-    const auto side = [&](const char* name) { return reporter.median(row.name + "/" + name); };
-    auto ours = side("ours");
-    if (row.name == kAddedRow) {
-      const auto with = reporter.median(std::string(kFrameRow) + "/ours");
-      const auto without = reporter.median(std::string(kFrameRow) + "/baseline");
-      if (with && without) ours = std::max(0.0, *with - *without);
-    }
-    if (ours && side("baseline")) all.push_back({row, *ours / row.perOurs, *side("baseline") / row.perBaseline});
-  }
-  return all;
-}
 
 bool print(const std::vector<Result>& all, const std::string& path) {
   std::ofstream json(path);
@@ -442,11 +364,13 @@ bool print(const std::vector<Result>& all, const std::string& path) {
   std::printf("%-68s %13s %13s %7s %6s\n", "row", "ours", "baseline", "ratio", "limit");
   for (std::size_t i = 0; i < all.size(); ++i) {
     const Result& r = all[i];
-    const double ratio = r.ours / r.baseline;
+    const double ratio = r.ratio();
+    const double ours = r.ours * 1e9;
+    const double baseline = r.baseline * 1e9;
     within = within && ratio <= r.row.limit;
-    std::printf("%-68s %10.1f ns %10.1f ns %7.3f %6.2f %s\n", r.row.name.c_str(), r.ours, r.baseline, ratio,
-                r.row.limit, ratio <= r.row.limit ? "" : "over");
-    json << "  {\"name\": \"" << r.row.name << "\", \"ours_ns\": " << r.ours << ", \"baseline_ns\": " << r.baseline
+    std::printf("%-68s %10.1f ns %10.1f ns %7.3f %6.2f %s\n", r.row.name.c_str(), ours, baseline, ratio, r.row.limit,
+                ratio <= r.row.limit ? "" : "over");
+    json << "  {\"name\": \"" << r.row.name << "\", \"ours_ns\": " << ours << ", \"baseline_ns\": " << baseline
          << ", \"ratio\": " << ratio << ", \"limit\": " << r.row.limit << "}" << (i + 1 < all.size() ? "," : "")
          << "\n";
   }
@@ -491,16 +415,7 @@ int main(int argc, char** argv) {
   bench::addControlRows(controlWorkers);
   bench::addViewRows(viewWorkers);
 
-  std::vector<std::string> options{argv[0], "--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=11",
-                                   "--benchmark_report_aggregates_only=true"};
-  if (const char* filter = std::getenv("BENCH_FILTER"); filter != nullptr) {
-    options.push_back(std::string("--benchmark_filter=") + filter);
-  }
-  std::vector<char*> arguments;
-  for (std::string& option : options) arguments.push_back(option.data());
-  int count = static_cast<int>(arguments.size());
-  benchmark::Initialize(&count, arguments.data());
-  MedianReporter reporter;
-  benchmark::RunSpecifiedBenchmarks(&reporter);
-  return print(results(reporter), out) ? 0 : 1;
+  benchmark::Initialize(&argc, argv);
+  const char* filter = std::getenv("BENCH_FILTER");
+  return print(bench::measured(filter != nullptr ? filter : "."), out) ? 0 : 1;
 }
