@@ -45,7 +45,7 @@ Side timed(std::function<void()> prepare, std::function<void()> work);
 /// Runs of a worker's task, after one that is not counted: what others did in between has cooled its caches.
 Side inWorker(const Worker& worker);
 
-/// What one takes longer than the other.
+/// What one takes longer than the other: the median of a few alternations.
 Side difference(Side more, Side less);
 
 struct Result {
