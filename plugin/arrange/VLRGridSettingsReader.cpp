@@ -140,10 +140,11 @@ void VLRGridSettingsReader::armWatchSource() {
   dispatch_source_set_event_handler_f(watchSource_, fileChanged);
   dispatch_source_set_cancel_handler_f(watchSource_, watchCancelled);
   dispatch_resume(watchSource_);
-  if (leadsTo(path, watchFd_)) return;
-  // Replaced between its being opened and its being watched: nobody will tell of that.
-  async(watchQueue_, [reader = Ref<NSObject>(NSObject(self))] {
+  // Replaced between its being opened and its being watched: nobody will tell of that. From here on the source's
+  // handlers run, which may arm again: only their own queue can look.
+  async(watchQueue_, [path, reader = Ref<NSObject>(NSObject(self))] {
     auto& state = stateOf<VLRGridSettingsReader>(reader.get());
+    if (state.watchFd_ < 0 || leadsTo(path, state.watchFd_)) return;
     state.reloadSettings();
     state.armWatchSource();
   });
