@@ -7,7 +7,9 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <mutex>
 #include <new>
+#include <utility>
 
 #include "cocoa/Encoding.h"
 #include "cocoa/Foundation.h"
@@ -167,6 +169,32 @@ struct FieldAccess<Field> {
   }
 };
 
+/// Objects that threads may exchange: what the getter answers outlives the next setter.
+template <auto Field>
+struct AtomicAccess;
+template <class State, class T, Ref<T> State::*Field>
+struct AtomicAccess<Field> {
+  using Crosses = T;
+  template <class Defined>
+  static T get(id self, SEL) {
+    Ref<T> value;
+    {
+      const std::lock_guard lock(mutex);
+      value = stateOf<Defined>(self).*Field;
+    }
+    return autoreleased(std::move(value));
+  }
+  template <class Defined>
+  static void set(id self, SEL, T value) {
+    Ref<T> old(value);  // released after the lock: a release may run anything
+    const std::lock_guard lock(mutex);
+    std::swap(stateOf<Defined>(self).*Field, old);
+  }
+
+ private:
+  inline static std::mutex mutex;
+};
+
 }  // namespace detail
 
 /// Defines a class whose instances each hold a `State`, constructed when the object is allocated and
@@ -213,11 +241,15 @@ class ClassDefinition {
   }
 
   /// A getter and a setter of a field of the state.
-  template <FixedString Getter, FixedString Setter, auto Field>
+  template <FixedString Getter, FixedString Setter, auto Field, class Access = detail::FieldAccess<Field>>
   ClassDefinition& property() {
-    using Access = detail::FieldAccess<Field>;
-    getter<Getter, Field>();
+    addRaw<Getter>(cls_, &Access::template get<State>, methodEncoding<typename Access::Crosses>());
     return addRaw<Setter>(cls_, &Access::template set<State>, methodEncoding<void, typename Access::Crosses>());
+  }
+  /// The same for an object, from any thread.
+  template <FixedString Getter, FixedString Setter, auto Field>
+  ClassDefinition& atomicProperty() {
+    return property<Getter, Setter, Field, detail::AtomicAccess<Field>>();
   }
 
   /// An instance variable that others find by its name: zero at first, and no object that is to be retained. No class

@@ -30,8 +30,8 @@ void defineRectToSourceColorData() {
   ClassDefinition<Data>("RectToSourceColorData", "NSObject")
       .method<"initWithRect:sourceColor:suggestedColor:ignoreAlphaValue:compareAlphaValue:", &Data::init>()
       .property<"mRect", "setMRect:", &Data::mRect>()
-      .property<"sourceColor", "setSourceColor:", &Data::sourceColor>()
-      .property<"suggestedColor", "setSuggestedColor:", &Data::suggestedColor>()
+      .atomicProperty<"sourceColor", "setSourceColor:", &Data::sourceColor>()
+      .atomicProperty<"suggestedColor", "setSuggestedColor:", &Data::suggestedColor>()
       .property<"ignoreAlphaValue", "setIgnoreAlphaValue:", &Data::ignoreAlphaValue>()
       .property<"compareAlphaValue", "setCompareAlphaValue:", &Data::compareAlphaValue>()
       .registered();

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <thread>
 
 #include "host/mixer/MADynamicScaleNode.h"
 #include "host/mixer/MAImageNode.h"
@@ -123,6 +124,25 @@ NSObject ruleFor(CGRect rect, NSColor source, NSColor suggested, double ignoreAl
 }
 void transform(NSBitmapImageRep bitmap, NSArray rules) {
   call<"applyTransformationToBitMap:colorCollection:">(classNamed("Utility"), bitmap, rules);
+}
+
+TEST_F(ThemeImages, ExchangeTheColoursOfARuleFromAnyThread) {
+  start();
+  const Ref<NSObject> rule = ruleFor(CGRectMake(0, 0, 1, 1), white(1), opaque(255, 0, 0));
+  const NSColor former = call<"suggestedColor", NSColor>(rule.get());
+  std::thread setting([&] {
+    for (int i = 0; i < 2'000; ++i) {
+      const AutoreleasePool pool;
+      call<"setSuggestedColor:">(rule.get(), opaque(0, 0, i % 256));
+    }
+  });
+  for (int i = 0; i < 2'000; ++i) {
+    const AutoreleasePool pool;
+    const auto current = call<"suggestedColor", NSColor>(rule.get());
+    EXPECT_TRUE(current.colorUsingColorSpace(NSColorSpace::sRGBColorSpace()));
+  }
+  setting.join();
+  EXPECT_TRUE(former.isEqual(opaque(255, 0, 0))) << "outlives its place";
 }
 
 TEST_F(ThemeImages, ChangeColoursInBitmapsOfEveryFormat) {
