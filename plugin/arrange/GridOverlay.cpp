@@ -103,12 +103,22 @@ bool drawsAnyLines(const VLRGridSettings& settings) {
   return settings.barEnabled || settings.beatEnabled || settings.divEnabled;
 }
 
+/// What a query of the host finds: nothing when the host raises an exception in it.
+template <class Query>
+auto foundBy(Query query) {
+  decltype(query()) found{};
+  static_cast<void>(guarded([&] { found = query(); }));
+  return found;
+}
+
 void takeSnapshot(NSView view, const VLRGridSettings& settings) {
   gVBGSectionLeft = screenLeftOf(view);
-  gVBGRegions = regionsOf(view);
-  const NSView ruler = ArrangeSection(view.object).sibling(kRulerSection);
-  RulerTicks ticks;
-  if (ruler && ruler.window() && drawsAnyLines(settings)) ticks = ticksOf(ruler, gVBGSectionLeft);
+  gVBGRegions = foundBy([&] { return regionsOf(view); });
+  RulerTicks ticks = foundBy([&] {
+    const NSView ruler = ArrangeSection(view.object).sibling(kRulerSection);
+    const bool isWanted = ruler && ruler.window() && drawsAnyLines(settings);
+    return isWanted ? ticksOf(ruler, gVBGSectionLeft) : RulerTicks();
+  });
   gVBGBarXs = std::move(ticks.bars);
   gVBGBeatXs = std::move(ticks.beats);
   gVBGDivXs = std::move(ticks.divisions);
@@ -148,7 +158,9 @@ NSColor lineColour(const LineColour& region, const VLRGridSettings& settings) {
   const LineColour colour = GridColourMode(settings.colorMode) == GridColourMode::kTint
                                 ? tintOf(region, settings.tintVibrance)
                                 : adaptiveGrey(region, settings.adaptiveStrength);
-  return NSColor::colorWithSRGBRed(colour.red, colour.green, colour.blue, 1);
+  const bool isGrey = colour.red == colour.green && colour.green == colour.blue;  // as the one of all regions is
+  return isGrey ? NSColor::colorWithWhite(colour.red, 1)
+                : NSColor::colorWithSRGBRed(colour.red, colour.green, colour.blue, 1);
 }
 
 /// Null for a region of which too little is to be seen, or that the host raises an exception about.
@@ -158,9 +170,7 @@ Ref<NSColor> sampledColour(NSView view, CGRect region, CGRect visible, const VLR
   if (seen.size.width < kSmallest || seen.size.height < kSmallest) return {};
   const AutoreleasePool pool;
   // Caught inside of the pool: an exception is autoreleased itself, and would be gone outside.
-  std::optional<LineColour> colour;
-  const auto raised = guarded([&] { colour = middleColour(view, seen); });
-  static_cast<void>(raised);
+  const auto colour = foundBy([&] { return middleColour(view, seen); });
   return colour ? Ref<NSColor>(lineColour(*colour, settings)) : Ref<NSColor>();
 }
 

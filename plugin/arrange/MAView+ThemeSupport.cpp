@@ -184,14 +184,12 @@ NSColor workspaceColour() {
 void customArrangeContentsDrawRect(NSView view, CGRect dirty) {
   if (const NSColor workspace = workspaceColour()) fill(dirty, workspace);
   ContentsDrawRect::callHost(view, dirty);
-  const auto raised = guarded([&] {
-    if (!gVBGSampling) {
-      VLRMarkerBandsDraw(view, dirty);
-      VLRBundleGridPostDraw(view, dirty);
-    }
-    VLRMarkerProbe(view);
-  });
-  static_cast<void>(raised);  // what the host has drawn stays
+  // When the host raises in one of them, what it has drawn stays, and the others draw.
+  if (!gVBGSampling) {
+    static_cast<void>(guarded([&] { VLRMarkerBandsDraw(view, dirty); }));
+    static_cast<void>(guarded([&] { VLRBundleGridPostDraw(view, dirty); }));
+  }
+  static_cast<void>(guarded([&] { VLRMarkerProbe(view); }));
 }
 
 /// The key under which a view records that it listens: the selector's own address.

@@ -186,6 +186,24 @@ TEST_F(HostileHost, MayRaiseWhileItsColoursAreRead) {
   EXPECT_FALSE(areSame(window, without)) << "grid and bands are still drawn";
 }
 
+NSString raisedRole(NSObject /*self*/) {
+  NSException::raise(literal<"Refused">(), literal<"no role now">());
+  return {};
+}
+
+TEST_F(HostileHost, MayRaiseWhileItsMarkersAreFound) {
+  open(sampleSong());
+  const ThemeFile gridAlone = ThemeFile().flag("enabled", true).integer("colorMode", 0);
+  set(ThemeFile(gridAlone).flag("markerBandsEnabled", true));
+  const NSBitmapImageRep both = picture();
+  set(gridAlone);
+  const NSBitmapImageRep lines = picture();
+  EXPECT_FALSE(areSame(lines, both));
+  detail::replaceFunction<"accessibilityRole", raisedRole>(classNamed("MAAccessibilityElement"));
+  set(ThemeFile(gridAlone).flag("markerBandsEnabled", true));
+  EXPECT_TRUE(areSame(picture(), lines)) << "the grid needs no roles";
+}
+
 TEST_F(HostileHost, MayShowThousandsOfTracksAndRegions) {
   host::Song song;
   std::mt19937 random(5);
