@@ -85,4 +85,12 @@ std::optional<Raised> guarded(F&& f) {
   return Raised{toStdString(exception->name()), toStdString(exception->reason())};
 }
 
+/// What a query of the host finds; an empty value when the host raises an exception in it.
+template <class Query>
+auto foundBy(Query query) {
+  decltype(query()) found{};
+  static_cast<void>(guarded([&] { found = query(); }));
+  return found;
+}
+
 }  // namespace cocoa

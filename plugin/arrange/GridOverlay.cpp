@@ -103,14 +103,6 @@ bool drawsAnyLines(const VLRGridSettings& settings) {
   return settings.barEnabled || settings.beatEnabled || settings.divEnabled;
 }
 
-/// What a query of the host finds: nothing when the host raises an exception in it.
-template <class Query>
-auto foundBy(Query query) {
-  decltype(query()) found{};
-  static_cast<void>(guarded([&] { found = query(); }));
-  return found;
-}
-
 void takeSnapshot(NSView view, const VLRGridSettings& settings) {
   gVBGSectionLeft = screenLeftOf(view);
   gVBGRegions = foundBy([&] { return regionsOf(view); });

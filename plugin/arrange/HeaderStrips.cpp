@@ -19,19 +19,23 @@ using namespace cocoa;
 
 // ---- Where the host shows its colour bars -------------------------------------------------------------
 
+/// What an adapter is made with is asked for first: the host may raise, and nothing is allocated then.
+Ref<NSObject> newMixerAdapter(Class adapterClass, NSView header) {
+  if (class_getInstanceMethod(adapterClass, selector<"initWithSongID:">()) != nullptr) {
+    const auto document = call<"songDocument", NSObject>(call<"docManager", NSObject>(header));
+    const auto song = call<"songID", NSInteger>(document);
+    return Ref<NSObject>::adopt(call<"initWithSongID:", NSObject>(call<"alloc", id>(adapterClass), song));
+  }
+  const auto song = call<"song", NSObject>(header);
+  return Ref<NSObject>::adopt(call<"initWithSong:", NSObject>(call<"alloc", id>(adapterClass), song));
+}
+
 /// Asks the host's mixer model for its number of control-surface bars; below zero where it cannot be asked.
 NSInteger controlSurfaceBars(NSView header) {
   constexpr NSInteger kUnknown = -1;
   const Class adapterClass = classNamed("MAMixerModelAdapter");
   if (adapterClass == nullptr) return kUnknown;
-  const id made = call<"alloc", id>(adapterClass);
-  Ref<NSObject> adapter;
-  if (respondsTo(made, selector<"initWithSongID:">())) {
-    const auto document = call<"songDocument", NSObject>(call<"docManager", NSObject>(header));
-    adapter = Ref<NSObject>::adopt(call<"initWithSongID:", NSObject>(made, call<"songID", NSInteger>(document)));
-  } else {
-    adapter = Ref<NSObject>::adopt(call<"initWithSong:", NSObject>(made, call<"song", NSObject>(header)));
-  }
+  const auto adapter = newMixerAdapter(adapterClass, header);
   if (!adapter->respondsToSelector(selector<"numberOfControlSurfaceBars">())) return kUnknown;
   return std::max<NSInteger>(call<"numberOfControlSurfaceBars", NSInteger>(adapter), 0);
 }
@@ -46,10 +50,10 @@ NSInteger columnBesideSurfaceBars(NSView header, bool areTrackNumbersShown) {
   return bars < 1 ? 1 : kBarWidth * std::min(bars, kMostBars) + 1;
 }
 
-ColourBar askedOfHost(NSView header) {
-  ColourBar bar{.column = 1};
+/// Fills in `bar` as far as the host can be asked.
+void askHost(NSView header, ColourBar& bar) {
   const NSDictionary configuration = headerConfigurationOf(ArrangeSection(header.object).parentView());
-  if (!configuration) return bar;
+  if (!configuration) return;
   const auto shows = cast<NSArray>(configuration.objectForKey(literal<"trackelemShow">()));
   const auto isShown = [&](NSUInteger element) { return asks<"boolValue">(shows.objectAtIndex(element).object); };
   bar.areTrackNumbersShown = asks<"boolValue">(configuration.objectForKey(literal<"isshowtrnums">()).object);
@@ -61,7 +65,6 @@ ColourBar askedOfHost(NSView header) {
   } else {
     bar.column = areSurfaceBarsShown ? columnBesideSurfaceBars(header, bar.areTrackNumbersShown) : kAlone;
   }
-  return bar;
 }
 
 // ---- Colours ------------------------------------------------------------------------------------------
@@ -267,9 +270,9 @@ void paintStrip(CGContextRef context, const HeaderStrip& strip, bool flipped) {
 
 ColourBar colourBarOf(NSView header) {
   if (!ThemeUtility::shared().useTrackColorAsArrangeStripBackground) return {};
-  ColourBar bar;
-  const auto raised = guarded([&] { bar = askedOfHost(header); });
-  return raised ? ColourBar{.column = 1} : bar;
+  ColourBar bar{.column = 1};
+  static_cast<void>(guarded([&] { askHost(header, bar); }));
+  return bar;
 }
 
 std::vector<HeaderStrip> stripsOf(const HeaderColumn& column, CGRect dirty) {

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <string_view>
 
+#include "cocoa/Exception.h"
 #include "plugin/arrange/GridOverlay.h"
 #include "plugin/files/AtomicWrite.h"
 #include "plugin/files/FileExists.h"
@@ -75,16 +76,18 @@ void writePng(const char* path, NSBitmapImageRep bitmap) {
   if (png) writeAtomically(path, {static_cast<const char*>(png.bytes()), png.length()});
 }
 
-/// A regular file's contents as they are, "" for anything else. Links are not followed.
-std::string contentsOf(const char* path) {
+/// The end of a regular file as it is, "" of anything else. Links are not followed.
+std::string endOf(const char* path) {
   constexpr std::size_t kLargest = std::size_t{4} << 20U;
   const int descriptor = ::open(path, O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC);
   if (descriptor < 0) return {};
   std::string contents;
   struct stat status {};
   if (::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode)) {
-    contents.resize(std::min(kLargest, static_cast<std::size_t>(status.st_size)));
-    const ssize_t length = ::read(descriptor, contents.data(), contents.size());
+    const auto size = static_cast<std::size_t>(status.st_size);
+    contents.resize(std::min(kLargest, size));
+    const auto start = static_cast<off_t>(size - contents.size());
+    const ssize_t length = ::pread(descriptor, contents.data(), contents.size(), start);
     contents.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
   }
   ::close(descriptor);
@@ -134,7 +137,7 @@ void addChildren(NSView view, Report& report) {
   report.add("AX: section children=%lu\n", static_cast<unsigned long>(children.count()));
   for (const NSObject child : items(children)) {
     if (count++ == kMost) return report.add("  …\n");
-    const NSString role = accessibilityText(child, literal<"AXRole">());
+    const NSString role = accessibilityRole(child);
     report.add("  child role=%s kids=%lu\n", role ? toStdString(role).c_str() : "?",
                static_cast<unsigned long>(accessibilityChildrenOf(child).count()));
   }
@@ -150,7 +153,7 @@ void addViews(NSView view, Report& report) {
   const ArrangeSection section(view.object);
   report.add("parent=%s\n", described(section.parentView()).c_str());
   for (int number = 0; number < kMostSections; ++number) {
-    const NSView sibling = section.sibling(number);
+    const NSView sibling = foundBy([&] { return section.sibling(number); });
     if (!sibling) continue;
     report.add("  sectionView:%d = %s frame=%s flipped=%d\n", number, described(sibling).c_str(),
                rectText(sibling.frame()).c_str(), int{sibling.isFlipped()});
@@ -234,7 +237,7 @@ void appendBandReport(const BandReport& found) {
   report.add("region rects (section-local) count=%lu:\n", static_cast<unsigned long>(found.regions.size()));
   for (const CGRect region : found.regions) report.add("  %s\n", rectText(region).c_str());
   addChildren(found.view, report);
-  writeAtomically(kFile, contentsOf(kFile) + report.text());
+  writeAtomically(kFile, endOf(kFile) + report.text());
 }
 
 void VLRMarkerProbe(NSView view) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "cocoa/Dispatch.h"
+#include "cocoa/Exception.h"
 #include "plugin/arrange/GridOverlay.h"
 #include "plugin/arrange/MarkerBandDiagnostics.h"
 #include "plugin/arrange/VLRGridSettingsReader.h"
@@ -110,10 +111,8 @@ constexpr int kMostElements = 1 << 18;
 void collectRegions(NSObject element, NSView view, int depth, std::vector<CGRect>& regions, int& elementsLeft) {
   constexpr int kDeepest = 7;
   if (depth > kDeepest || --elementsLeft < 0) return;
-  const auto role = element.respondsToSelector(selector<"accessibilityRole">())
-                        ? as<NSString>(call<"accessibilityRole", NSObject>(element))
-                        : NSString();
-  if (!role.isEqualToString(NSAccessibilityLayoutItemRole)) {
+  if (!accessibilityRole(element).isEqualToString(NSAccessibilityLayoutItemRole)) {
+    if (depth == kDeepest) return;
     for (const NSObject child : items(accessibilityChildrenOf(element))) {
       collectRegions(child, view, depth + 1, regions, elementsLeft);
     }
@@ -152,13 +151,15 @@ void VLRMarkerBandsDraw(NSView view, CGRect dirty) {
   gVMBSectionLeft = screenLeftOf(view);
   const NSView ruler = ArrangeSection(view.object).sibling(kRulerSection);
   watchRulerHeight(view, ruler);
-  auto read = VLRMarkerBandsReadRuler(ruler, gVMBSectionLeft);
-  std::vector<CGRect> regions;
-  VLRMBCollectRegionsRec(view, view, 0, regions);
+  auto read = foundBy([&] { return VLRMarkerBandsReadRuler(ruler, gVMBSectionLeft); });
+  gVMBRegions = foundBy([&] {
+    std::vector<CGRect> regions;
+    VLRMBCollectRegionsRec(view, view, 0, regions);
+    return regions;
+  });
   takeOver(view, read ? std::move(read->lane.segments) : std::vector<BandSegment>());
-  gVMBRegions = std::move(regions);
   gVMBOwner = view.object;
-  appendBandReport({view, ruler, gVMBSectionLeft, gVMBSegments, gVMBRegions});
+  static_cast<void>(guarded([&] { appendBandReport({view, ruler, gVMBSectionLeft, gVMBSegments, gVMBRegions}); }));
   repaintIfChanged(view);
   drawBands(view, dirty, settings.markerBandsOpacity);
 }

@@ -75,7 +75,8 @@ void showArrangeUseTrackColorAlert() {
 }
 
 void checkOpenedDocument(NSNotification notification) {
-  const NSObject arrangeView = arrangeViewOf(notification.userInfo().objectForKey(literal<"CLgSongDocument">()));
+  const auto arrangeView =
+      foundBy([&] { return arrangeViewOf(notification.userInfo().objectForKey(literal<"CLgSongDocument">())); });
   if (!arrangeView || isArrangeColorBarVisible(arrangeView)) return;
   if (ThemeUtility::shared().useTrackColorAsArrangeStripBackground) showArrangeUseTrackColorAlert();
 }

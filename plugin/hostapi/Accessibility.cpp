@@ -34,6 +34,11 @@ NSObject accessibilityAttribute(NSObject element, NSString attribute) {
              : NSObject();
 }
 
+NSString accessibilityRole(NSObject element) {
+  if (!element.respondsToSelector(selector<"accessibilityRole">())) return {};
+  return as<NSString>(call<"accessibilityRole", NSObject>(element));
+}
+
 NSString accessibilityText(NSObject element, NSString attribute) {
   return as<NSString>(accessibilityAttribute(element, attribute));
 }

@@ -15,6 +15,8 @@ NSObject accessibilityAttribute(NSObject element, NSString attribute);
 
 /// Nothing unless it is a string.
 NSString accessibilityText(NSObject element, NSString attribute);
+/// Nil where the element has none.
+NSString accessibilityRole(NSObject element);
 
 std::optional<CGSize> accessibilitySize(NSObject element);
 

@@ -15,7 +15,8 @@ using namespace cocoa;
 /// Variadic, as the method that it stands in for.
 id customLocalizedStringWithFormat(id self, SEL /*selector*/, id format, ...) {
   const id made = call<"alloc", id>(self);
-  if (ThemeUtility::shared().isInDrawingMode) {
+  // The mode is the main thread's: texts that others format meanwhile are wanted.
+  if (NSThread::isMainThread() && ThemeUtility::shared().isInDrawingMode) {
     return autoreleased(Ref<NSString>::adopt(call<"init", NSString>(made))).object;
   }
   using InitWithFormat = id (*)(id, SEL, id, id, va_list);

@@ -191,17 +191,17 @@ NSString raisedRole(NSObject /*self*/) {
   return {};
 }
 
-TEST_F(HostileHost, MayRaiseWhileItsMarkersAreFound) {
+TEST_F(HostileHost, MayRaiseWhileItsRegionsAreFound) {
   open(sampleSong());
-  const ThemeFile gridAlone = ThemeFile().flag("enabled", true).integer("colorMode", 0);
-  set(ThemeFile(gridAlone).flag("markerBandsEnabled", true));
-  const NSBitmapImageRep both = picture();
-  set(gridAlone);
-  const NSBitmapImageRep lines = picture();
-  EXPECT_FALSE(areSame(lines, both));
+  const auto shown = [&](bool grid, bool bands) {
+    set(ThemeFile().flag("enabled", grid).flag("markerBandsEnabled", bands).integer("colorMode", 0));
+    return picture();
+  };
+  const NSBitmapImageRep lines = shown(true, false);
   detail::replaceFunction<"accessibilityRole", raisedRole>(classNamed("MAAccessibilityElement"));
-  set(ThemeFile(gridAlone).flag("markerBandsEnabled", true));
-  EXPECT_TRUE(areSame(picture(), lines)) << "the grid needs no roles";
+  EXPECT_TRUE(areSame(shown(true, false), lines)) << "the grid asks for no roles";
+  EXPECT_FALSE(areSame(shown(true, true), lines)) << "bands without regions";
+  EXPECT_FALSE(areSame(shown(true, true), shown(false, true))) << "and the grid over them";
 }
 
 TEST_F(HostileHost, MayShowThousandsOfTracksAndRegions) {
