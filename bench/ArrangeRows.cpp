@@ -19,10 +19,10 @@
 #include "plugin/arrange/BandWalk.h"
 #include "plugin/arrange/OffScreen.h"
 #include "plugin/arrange/TickDetection.h"
-#include "plugin/arrange/VLRGridSettings.h"
 #include "plugin/imaging/MyNSBitmapImageRep.h"
 #include "plugin/imaging/RectToSourceColorData.h"
-#include "plugin/imaging/Utility+Recolouring.h"
+#include "plugin/imaging/Utility+Recoloring.h"
+#include "plugin/language/VLRGridSettings.h"
 #include "standin/RunLoop.h"
 
 namespace bench {
@@ -86,20 +86,20 @@ bool contains(CGRect rect, double x, double y) {
 }
 
 /// The plain way: a colour object for every pixel.
-void recolourPlainly(NSBitmapImageRep bitmap, NSArray rules) {
+void recolorPlainly(NSBitmapImageRep bitmap, NSArray rules) {
   for (NSInteger y = 0; y < bitmap.pixelsHigh(); ++y) {
     const AutoreleasePool pool;
     for (NSInteger x = 0; x < bitmap.pixelsWide(); ++x) {
-      const NSColor colour = bitmap.colorAtX(x, y);
+      const NSColor color = bitmap.colorAtX(x, y);
       for (const NSObject each : items(rules)) {
         const auto& rule = stateOf<velura::RectToSourceColorData>(each);
         if (!contains(rule.mRect, static_cast<double>(x), static_cast<double>(y))) continue;
         const NSColor source = rule.sourceColor;
-        if (colour.redComponent() != source.redComponent() || colour.greenComponent() != source.greenComponent() ||
-            colour.blueComponent() != source.blueComponent()) {
+        if (color.redComponent() != source.redComponent() || color.greenComponent() != source.greenComponent() ||
+            color.blueComponent() != source.blueComponent()) {
           continue;
         }
-        if (rule.compareAlphaValue && colour.alphaComponent() != source.alphaComponent()) continue;
+        if (rule.compareAlphaValue && color.alphaComponent() != source.alphaComponent()) continue;
         bitmap.setColor(rule.suggestedColor, x, y);
         break;
       }
@@ -107,7 +107,7 @@ void recolourPlainly(NSBitmapImageRep bitmap, NSArray rules) {
   }
 }
 
-Side recolours(const ScalePicture& picture, NSArray rules) {
+Side recolors(const ScalePicture& picture, NSArray rules) {
   return timed([&picture] { picture.restore(); },
                [&picture, rules] {
                  const AutoreleasePool pool;
@@ -251,17 +251,17 @@ ArrangeWorkers::ArrangeWorkers()
         saveAndRead(application, path);
       }) {}
 
-void addRecolouringRows() {
+void addRecoloringRows() {
   static const ScalePicture sparse(kWidth, kHeight, 5);
   static const ScalePicture full(kWidth, kHeight, 100);
   static const ScalePicture small(kWidth / 10, kHeight / 10, 5);
   static const Ref<NSArray> rules = scaleRules(kWidth, kHeight);
   static const Ref<NSArray> smallRules = scaleRules(kWidth / 10, kHeight / 10);
   constexpr auto kPixels = static_cast<double>(kWidth * kHeight);
-  addRow({"recolouring 2560 x 1600, 4 rules, 5 % matching", 4}, recolours(sparse, rules), copies(sparse.original));
-  addRow({"recolouring the same, every pixel matching", 12}, recolours(full, rules), copies(full.original));
+  addRow({"recolouring 2560 x 1600, 4 rules, 5 % matching", 4}, recolors(sparse, rules), copies(sparse.original));
+  addRow({"recolouring the same, every pixel matching", 12}, recolors(full, rules), copies(full.original));
   addRow({"the same rules, per pixel, against a colour object each", 0.02, kPixels, kPixels / 100},
-         recolours(sparse, rules), timed([] { small.restore(); }, [] { recolourPlainly(small.bitmap, smallRules); }));
+         recolors(sparse, rules), timed([] { small.restore(); }, [] { recolorPlainly(small.bitmap, smallRules); }));
 }
 
 void addRulerRows(host::Application& application) {

@@ -21,7 +21,7 @@ struct ArrangeWorkers {
   Worker bareWatch;
 };
 
-void addRecolouringRows();
+void addRecoloringRows();
 /// `application` shows `wideSong` at two pixels a point.
 void addRulerRows(host::Application& application);
 void addArrangeRows(const ArrangeWorkers& workers);

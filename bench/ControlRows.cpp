@@ -74,14 +74,14 @@ void askTitles(host::Application& application) {
 }
 
 /// The least that it takes: the host's title, a copy of it, another colour.
-void copyAndColourTitles(host::Application& application) {
+void copyAndColorTitles(host::Application& application) {
   const NSObject insert = insertOf(application);
-  const NSColor colour = NSColor::colorWithSRGBRed(0.9, 0.4, 0.1, 1);
+  const NSColor color = NSColor::colorWithSRGBRed(0.9, 0.4, 0.1, 1);
   for (int i = 0; i < kTitles; ++i) {
     const AutoreleasePool pool;
     const auto title = call<"attributedTitleForState:", NSAttributedString>(insert, NSInteger(1));
     const auto copy = Ref<NSMutableAttributedString>::adopt(call<"mutableCopy", NSMutableAttributedString>(title));
-    copy->addAttribute(NSForegroundColorAttributeName, colour, {0, copy->length()});
+    copy->addAttribute(NSForegroundColorAttributeName, color, {0, copy->length()});
     benchmark::DoNotOptimize(copy.get().object);
   }
 }
@@ -182,7 +182,7 @@ ControlWorkers::ControlWorkers()
       gradientFrame("themes/prism", fullStrips(128), {}, drawPlayingFrame),
       imageFrame("themes/ember", fullStrips(128), {}, drawPlayingFrame),
       themedTitle(groupTheme(), oneInsert(), {}, askTitles),
-      plainTitle("", oneInsert(), {}, copyAndColourTitles),
+      plainTitle("", oneInsert(), {}, copyAndColorTitles),
       cachedTexture(meterTheme(), oneInsert(), {}, askOneTexture),
       freshTexture(meterTheme(), oneInsert(), {}, askManyTextures),
       startUp(

@@ -64,7 +64,7 @@ void addLookUpRow() {
   addRow({"a colour by its key in the table", 0.3, kInner, kInner}, repeated([] {
            for (int n = 0; n < kInner; ++n) {
              benchmark::DoNotOptimize(
-                 velura::ThemeUtility::shared().colorForKey(velura::ThemeKey::kStripBackgroundColor).object);
+                 velura::ThemeUtility::shared().colorForKey(velura::key<"stripBackgroundColor">).object);
            }
          }),
          repeated([] {
@@ -81,19 +81,19 @@ struct PatternCase {
 };
 
 NSColor drawPattern(const PatternCase& c) {
-  static const Ref<NSColor> colours[] = {NSColor::colorWithSRGBRed(0.3, 0.3, 0.35, 1),
-                                         NSColor::colorWithSRGBRed(0.2, 0.22, 0.25, 1),
-                                         NSColor::colorWithSRGBRed(0.1, 0.1, 0.12, 1)};
+  static const Ref<NSColor> colors[] = {NSColor::colorWithSRGBRed(0.3, 0.3, 0.35, 1),
+                                        NSColor::colorWithSRGBRed(0.2, 0.22, 0.25, 1),
+                                        NSColor::colorWithSRGBRed(0.1, 0.1, 0.12, 1)};
   velura::GradientStops stops;
-  stops.append(colours[0], 0);
-  stops.append(colours[1], 0.6);
-  stops.append(colours[2], 1);
-  return velura::patternColour({.base = colours[0],
-                                .size = c.size,
-                                .stops = &stops,
-                                .angleDegrees = c.angle,
-                                .bevel = c.bevel,
-                                .bevelStyle = c.bevel != nullptr ? 1 : 0});
+  stops.append(colors[0], 0);
+  stops.append(colors[1], 0.6);
+  stops.append(colors[2], 1);
+  return velura::patternColor({.base = colors[0],
+                               .size = c.size,
+                               .stops = &stops,
+                               .angleDegrees = c.angle,
+                               .bevel = c.bevel,
+                               .bevelStyle = c.bevel != nullptr ? 1 : 0});
 }
 
 Side fresh(const PatternCase& c) {
@@ -173,7 +173,7 @@ std::string text(const std::string& key, const std::string& value) {
 }
 
 /// 400 colours, the first half of them as in the reference.
-std::string fourHundredColours(bool reference) {
+std::string fourHundredColors(bool reference) {
   std::ostringstream entries;
   for (int i = 0; i < 400; ++i) {
     const int blue = i < 200 || reference ? 10 : 20;
@@ -184,7 +184,7 @@ std::string fourHundredColours(bool reference) {
 }
 
 void addLoadRow() {
-  static const std::string folder = writeTheme("load", fourHundredColours(false), fourHundredColours(true));
+  static const std::string folder = writeTheme("load", fourHundredColors(false), fourHundredColors(true));
   static const Ref<NSString> theme = makeString(folder + "/PluginHelper.plist");
   static const Ref<NSString> reference = makeString(folder + "/Companion.bundle/Contents/Resources/PluginHelper.plist");
   session::SessionOptions options;
@@ -409,7 +409,7 @@ int main(int argc, char** argv) {
   addPatternRows();
   addLoadRow();
   addFrameRows(workers);
-  bench::addRecolouringRows();
+  bench::addRecoloringRows();
   bench::addRulerRows(application);
   bench::addArrangeRows(arrangeWorkers);
   bench::addControlRows(controlWorkers);

@@ -10,9 +10,9 @@
 #include <optional>
 
 #include "cocoa/Call.h"
-#include "plugin/arrange/VLRGridSettings.h"
 #include "plugin/files/AtomicWrite.h"
-#include "plugin/theme/PropertyListReader.h"
+#include "plugin/language/VLRGridSettings.h"
+#include "plugin/plist/PropertyListReader.h"
 
 namespace session {
 namespace {

@@ -131,7 +131,7 @@ const std::vector<std::string>& windowsFor(ThemeSection section) {
   static const std::vector<SectionWindows> others{
       {ThemeSection::kGeneral, {"mixer", "arrange"}},
       {ThemeSection::kText, {"mixer", "arrange"}},
-      {ThemeSection::kTrackColours, {"mixer", "arrange"}},
+      {ThemeSection::kTrackColors, {"mixer", "arrange"}},
       {ThemeSection::kButtons, {"mixer", "library"}},
       {ThemeSection::kArrange, {"arrange", "step-sequencer"}},
       {ThemeSection::kLiveLoops, {"live-loops"}},

@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "cli/KeyPictures.h"
-#include "plugin/theme/ThemeKeys.h"
+#include "plugin/language/ThemeKeys.h"
 
 namespace session {
 namespace {
@@ -19,7 +19,7 @@ struct SectionTitle {
 constexpr SectionTitle kSections[] = {
     {ThemeSection::kGeneral, "General"},
     {ThemeSection::kMixerStrips, "Mixer strips"},
-    {ThemeSection::kTrackColours, "Track colours"},
+    {ThemeSection::kTrackColors, "Track colours"},
     {ThemeSection::kEmptySlots, "Empty slots"},
     {ThemeSection::kText, "Text"},
     {ThemeSection::kButtons, "Buttons and plug-in slots"},
@@ -36,7 +36,7 @@ struct KindName {
   const char* name;
 };
 constexpr KindName kKinds[] = {
-    {ThemeKeyKind::kColour, "colour"},
+    {ThemeKeyKind::kColor, "colour"},
     {ThemeKeyKind::kGradient, "gradient"},
     {ThemeKeyKind::kBevel, "bevel"},
     {ThemeKeyKind::kFlag, "true or false"},

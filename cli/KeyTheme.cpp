@@ -1,14 +1,14 @@
 #include "cli/KeyTheme.h"
 
-#include "plugin/theme/TrackTypes.h"
+#include "plugin/language/TrackTypes.h"
 
 namespace session {
 namespace {
 
+using velura::key;
 using velura::ThemeKey;
 using velura::ThemeKeyKind;
 using velura::ThemeKeyRow;
-using enum velura::ThemeKey;
 
 constexpr const char* kOn = "<true/>";
 constexpr const char* kOff = "<false/>";
@@ -34,7 +34,7 @@ struct KindValue {
   const char* value;
 };
 constexpr KindValue kValues[] = {
-    {ThemeKeyKind::kColour, kVivid},
+    {ThemeKeyKind::kColor, kVivid},
     {ThemeKeyKind::kGradient, kStripGradient},
     {ThemeKeyKind::kBevel, "<string>Bevel:{R,6,80}</string>"},
     {ThemeKeyKind::kFlag, kOn},
@@ -49,10 +49,10 @@ struct KeyValue {
 };
 /// Values other than those of their kinds.
 constexpr KeyValue kOwnValues[] = {
-    {kMixerBGMatchGradient, kOff},
-    {kUseTrackColorGradientMixer, kAutoGradient},
-    {kArrangeStripBGGradient, kHeaderGradient},
-    {kArrangeStripHighlightBGGradient, kHeaderGradient},
+    {key<"mixerBGMatchGradient">, kOff},
+    {key<"UseTrackColorGradient_Mixer">, kAutoGradient},
+    {key<"arrangeStripBGGradient">, kHeaderGradient},
+    {key<"arrangeStripHighlightBGGradient">, kHeaderGradient},
 };
 
 struct Partner {
@@ -61,46 +61,46 @@ struct Partner {
   const char* value;
 };
 constexpr Partner kPartners[] = {
-    {kUseCalibratedColor, kStripBackgroundColor, "<string>sRGBColor:{60, 120, 200, 100}</string>"},
-    {kMixerBGMatchGradient, kMixerStripBGGradient, kHeaderGradient},
-    {kMixerBGMatchGradient, kMixerBackgroundColor, kOtherVivid},
-    {kUseTrackColorMixerOpacity, kUseTrackColorAsStripBackground, kOn},
-    {kUseTrackColorMixerHighlightedOpacity, kUseTrackColorAsStripBackground, kOn},
-    {kUseTrackColorMixerFolderOpacity, kUseTrackColorAsStripBackground, kOn},
-    {kUseTrackColorMixerFolderHighlightedOpacity, kUseTrackColorAsStripBackground, kOn},
-    {kUseTrackColorMixerAuxOpacity, kUseTrackColorAsStripBackground, kOn},
-    {kUseTrackColorMixerAuxHighlightedOpacity, kUseTrackColorAsStripBackground, kOn},
-    {kUseTrackColorGradientMixer, kUseTrackColorAsStripBackground, kOn},
-    {kUseTrackColorArrangeOpacity, kUseTrackColorAsArrangeStripBackground, kOn},
-    {kUseTrackColorArrangeHighlightedOpacity, kUseTrackColorAsArrangeStripBackground, kOn},
-    {kUseTrackColorArrangeFolderOpacity, kUseTrackColorAsArrangeStripBackground, kOn},
-    {kUseTrackColorArrangeFolderHighlightedOpacity, kUseTrackColorAsArrangeStripBackground, kOn},
-    {kArrangeStripBGGradient, kArrangeStripBackgroundColor, kQuiet},
-    {kArrangeStripHighlightBGGradient, kArrangeStripHighlightBackgroundColor, kQuiet},
-    {kArrangeStripBevel, kArrangeStripBackgroundColor, kQuiet},
-    {kEmptyAreaBelow, kArrangeStripBackgroundColor, kQuiet},
-    {kEmptyAreaBelow, kArrangeStripHighlightBackgroundColor, kQuiet},
-    {kEmptyAreaBelow, kArrangeFolderStripBackgroundColor, kQuiet},
-    {kEmptyAreaBelow, kArrangeFolderSelectedStripBackgroundColor, kQuiet},
-    {kEmptySlotBGCornerRadius, kEmptySlotBGColor, kVivid},
-    {kSurroundPannerKnobBackgroundColor, kSurroundPannerKnobGridColor, kQuiet},
-    {kSurroundPannerKnobGridColor, kSurroundPannerKnobBackgroundColor, kQuiet},
+    {key<"useCalibratedColor">, key<"stripBackgroundColor">, "<string>sRGBColor:{60, 120, 200, 100}</string>"},
+    {key<"mixerBGMatchGradient">, key<"mixerStripBGGradient">, kHeaderGradient},
+    {key<"mixerBGMatchGradient">, key<"mixerBackgroundColor">, kOtherVivid},
+    {key<"UseTrackColor_MixerOpacity">, key<"useTrackColorAsStripBackground">, kOn},
+    {key<"UseTrackColor_MixerHighlightedOpacity">, key<"useTrackColorAsStripBackground">, kOn},
+    {key<"UseTrackColor_MixerFolderOpacity">, key<"useTrackColorAsStripBackground">, kOn},
+    {key<"UseTrackColor_MixerFolderHighlightedOpacity">, key<"useTrackColorAsStripBackground">, kOn},
+    {key<"UseTrackColor_MixerAuxOpacity">, key<"useTrackColorAsStripBackground">, kOn},
+    {key<"UseTrackColor_MixerAuxHighlightedOpacity">, key<"useTrackColorAsStripBackground">, kOn},
+    {key<"UseTrackColorGradient_Mixer">, key<"useTrackColorAsStripBackground">, kOn},
+    {key<"UseTrackColor_ArrangeOpacity">, key<"useTrackColorAsArrangeStripBackground">, kOn},
+    {key<"UseTrackColor_ArrangeHighlightedOpacity">, key<"useTrackColorAsArrangeStripBackground">, kOn},
+    {key<"UseTrackColor_ArrangeFolderOpacity">, key<"useTrackColorAsArrangeStripBackground">, kOn},
+    {key<"UseTrackColor_ArrangeFolderHighlightedOpacity">, key<"useTrackColorAsArrangeStripBackground">, kOn},
+    {key<"arrangeStripBGGradient">, key<"arrangeStripBackgroundColor">, kQuiet},
+    {key<"arrangeStripHighlightBGGradient">, key<"arrangeStripHighlightBackgroundColor">, kQuiet},
+    {key<"arrangeStripBevel">, key<"arrangeStripBackgroundColor">, kQuiet},
+    {key<"EmptyAreaBelow">, key<"arrangeStripBackgroundColor">, kQuiet},
+    {key<"EmptyAreaBelow">, key<"arrangeStripHighlightBackgroundColor">, kQuiet},
+    {key<"EmptyAreaBelow">, key<"arrangeFolderStripBackgroundColor">, kQuiet},
+    {key<"EmptyAreaBelow">, key<"arrangeFolderSelectedStripBackgroundColor">, kQuiet},
+    {key<"emptySlotBGCornerRadius">, key<"emptySlotBGColor">, kVivid},
+    {key<"surroundPannerKnobBackgroundColor">, key<"surroundPannerKnobGridColor">, kQuiet},
+    {key<"surroundPannerKnobGridColor">, key<"surroundPannerKnobBackgroundColor">, kQuiet},
 };
 
 std::string name(ThemeKey key) { return std::string(rowOf(key).name); }
 
 /// Keys that exist once for each kind of strip.
 void addPartnersOfKind(ThemeKey key, const velura::TrackTypeRow& kind, KeyTheme& theme) {
-  constexpr std::size_t kMeterColours = 5;
-  const bool isMeterColour =
-      indexOf(key) >= indexOf(kind.lowestMeterColour) && indexOf(key) < indexOf(kind.lowestMeterColour) + kMeterColours;
-  if (key == kind.sharedPanner) theme.without[name(kUseImagesToDrawKnob)] = kOn;
+  constexpr std::size_t kMeterColors = 5;
+  const bool isMeterColor =
+      indexOf(key) >= indexOf(kind.lowestMeterColor) && indexOf(key) < indexOf(kind.lowestMeterColor) + kMeterColors;
+  if (key == kind.sharedPanner) theme.without[name(velura::key<"useImagesToDrawKnob">)] = kOn;
   if (key == kind.sharedMeter) theme.with[name(key)] = kOff;
-  if (isMeterColour) theme.without[name(kind.sharedMeter)] = kOff;
-  if (key != kind.sharedMeter && !isMeterColour) return;
-  for (std::size_t i = 0; i < kMeterColours; ++i) {
-    const auto colour = ThemeKey(indexOf(kind.lowestMeterColour) + i);
-    theme.without[name(colour)] = isMeterColour || i % 2 != 0 ? kQuiet : kVivid;
+  if (isMeterColor) theme.without[name(kind.sharedMeter)] = kOff;
+  if (key != kind.sharedMeter && !isMeterColor) return;
+  for (std::size_t i = 0; i < kMeterColors; ++i) {
+    const auto color = ThemeKey(indexOf(kind.lowestMeterColor) + i);
+    theme.without[name(color)] = isMeterColor || i % 2 != 0 ? kQuiet : kVivid;
   }
 }
 
@@ -110,16 +110,16 @@ KeyTheme themeShowing(const ThemeKeyRow& row) {
   KeyTheme theme;
   theme.with[std::string(row.name)] = std::ranges::find(kValues, row.kind, &KindValue::kind)->value;
   for (const KeyValue& own : kOwnValues) {
-    if (own.key == row.key) theme.with[std::string(row.name)] = own.value;
+    if (own.key == keyOf(row)) theme.with[std::string(row.name)] = own.value;
   }
   for (const Partner& partner : kPartners) {
-    if (partner.of == row.key) theme.without[name(partner.key)] = partner.value;
+    if (partner.of == keyOf(row)) theme.without[name(partner.key)] = partner.value;
   }
-  for (const velura::TrackTypeRow& kind : velura::kTrackTypes) addPartnersOfKind(row.key, kind, theme);
+  for (const velura::TrackTypeRow& kind : velura::kTrackTypes) addPartnersOfKind(keyOf(row), kind, theme);
   theme.with.insert(theme.without.begin(), theme.without.end());
   theme.needsImages = row.section == velura::ThemeSection::kImages;
-  if (row.key == kArrangeWorkspaceBrightColor) theme.renderOptions = {"--tracks-background", "1"};
-  if (row.key == kSendsOnFaderPopupMenuArrowColorOn) theme.song = "songs/night-drive.json";
+  if (keyOf(row) == key<"ArrangeWorkspaceBrightColor">) theme.renderOptions = {"--tracks-background", "1"};
+  if (keyOf(row) == key<"sendsOnFaderPopupMenuArrowColorOn">) theme.song = "songs/night-drive.json";
   return theme;
 }
 

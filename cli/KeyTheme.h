@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "plugin/theme/ThemeKeys.h"
+#include "plugin/language/ThemeKeys.h"
 
 namespace session {
 

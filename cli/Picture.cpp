@@ -10,15 +10,13 @@
 namespace session {
 namespace {
 
-constexpr std::size_t kMostColours = 256;
+constexpr std::size_t kMostColors = 256;
 
-using Colour = std::uint32_t;  // 0xRRGGBB
+using Color = std::uint32_t;  // 0xRRGGBB
 
-Colour colourAt(const std::uint8_t* pixel) {
-  return Colour{pixel[0]} << 16U | Colour{pixel[1]} << 8U | Colour{pixel[2]};
-}
+Color colorAt(const std::uint8_t* pixel) { return Color{pixel[0]} << 16U | Color{pixel[1]} << 8U | Color{pixel[2]}; }
 
-int distance(Colour a, Colour b) {
+int distance(Color a, Color b) {
   int sum = 0;
   for (const unsigned shift : {0U, 8U, 16U}) {
     const int difference = static_cast<int>(a >> shift & 0xFFU) - static_cast<int>(b >> shift & 0xFFU);
@@ -28,7 +26,7 @@ int distance(Colour a, Colour b) {
 }
 
 /// Colours that are shown as one.
-struct ColourGroup {
+struct ColorGroup {
   std::array<std::uint64_t, 3> sums{};
   std::uint64_t count = 0;
 
@@ -36,33 +34,33 @@ struct ColourGroup {
     for (std::size_t i = 0; i < sums.size(); ++i) sums[i] += pixel[i];
     ++count;
   }
-  [[nodiscard]] Colour mean() const {
-    Colour colour = 0;
-    for (const std::uint64_t sum : sums) colour = colour << 8U | static_cast<Colour>((sum + count / 2) / count);
-    return colour;
+  [[nodiscard]] Color mean() const {
+    Color color = 0;
+    for (const std::uint64_t sum : sums) color = color << 8U | static_cast<Color>((sum + count / 2) / count);
+    return color;
   }
 };
 
 /// All colours of a picture; similar ones count as one, ever more of them until a palette holds all.
-std::vector<Colour> paletteOf(const Picture& picture) {
+std::vector<Color> paletteOf(const Picture& picture) {
   constexpr unsigned kMostIgnoredBits = 6;
-  std::map<Colour, ColourGroup> groups;
+  std::map<Color, ColorGroup> groups;
   for (unsigned ignoredBits = 0; ignoredBits <= kMostIgnoredBits; ++ignoredBits) {
-    const Colour kept = 0x010101U * (0xFFU << ignoredBits & 0xFFU);
+    const Color kept = 0x010101U * (0xFFU << ignoredBits & 0xFFU);
     groups.clear();
     for (std::size_t i = 0; i < picture.samples.size(); i += 3) {
-      groups[colourAt(&picture.samples[i]) & kept].add(&picture.samples[i]);
+      groups[colorAt(&picture.samples[i]) & kept].add(&picture.samples[i]);
     }
-    if (groups.size() <= kMostColours) break;
+    if (groups.size() <= kMostColors) break;
   }
-  std::vector<Colour> palette;
+  std::vector<Color> palette;
   for (const auto& [key, group] : groups) palette.push_back(group.mean());
   return palette;
 }
 
-std::uint8_t nearest(const std::vector<Colour>& palette, Colour colour) {
+std::uint8_t nearest(const std::vector<Color>& palette, Color color) {
   const auto closest = std::min_element(palette.begin(), palette.end(),
-                                        [&](Colour a, Colour b) { return distance(a, colour) < distance(b, colour); });
+                                        [&](Color a, Color b) { return distance(a, color) < distance(b, color); });
   return static_cast<std::uint8_t>(closest - palette.begin());
 }
 
@@ -160,16 +158,16 @@ Picture cut(const Picture& whole, PixelRect part) {
 }
 
 std::string palettePng(const Picture& picture) {
-  const std::vector<Colour> palette = paletteOf(picture);
+  const std::vector<Color> palette = paletteOf(picture);
   std::vector<std::uint8_t> entries, indices;
-  for (const Colour colour : palette) {
-    for (const unsigned shift : {16U, 8U, 0U}) entries.push_back(static_cast<std::uint8_t>(colour >> shift & 0xFFU));
+  for (const Color color : palette) {
+    for (const unsigned shift : {16U, 8U, 0U}) entries.push_back(static_cast<std::uint8_t>(color >> shift & 0xFFU));
   }
-  std::map<Colour, std::uint8_t> known;
+  std::map<Color, std::uint8_t> known;
   for (std::size_t i = 0; i < picture.samples.size(); i += 3) {
-    const Colour colour = colourAt(&picture.samples[i]);
-    const auto found = known.find(colour);
-    indices.push_back(found != known.end() ? found->second : known[colour] = nearest(palette, colour));
+    const Color color = colorAt(&picture.samples[i]);
+    const auto found = known.find(color);
+    indices.push_back(found != known.end() ? found->second : known[color] = nearest(palette, color));
   }
   png_image image{};
   image.version = PNG_IMAGE_VERSION;

@@ -9,11 +9,11 @@
 #include <cstring>
 
 #include "cocoa/Foundation.h"
-#include "plugin/gradient/VLRStripBevel.h"
-#include "plugin/gradient/VLRStripGradient.h"
-#include "plugin/theme/ColourString.h"
-#include "plugin/theme/PropertyListReader.h"
-#include "plugin/theme/ThemeKeys.h"
+#include "plugin/language/ColorString.h"
+#include "plugin/language/ThemeKeys.h"
+#include "plugin/plist/PropertyListReader.h"
+#include "plugin/theme/VLRStripBevel.h"
+#include "plugin/theme/VLRStripGradient.h"
 
 namespace session {
 namespace {
@@ -30,8 +30,8 @@ std::string fileProblem(const std::string& path) {
   return {};
 }
 
-bool isColour(NSObject value) {
-  return as<NSString>(value) && velura::parseColourString(toStdString(as<NSString>(value)));
+bool isColor(NSObject value) {
+  return as<NSString>(value) && velura::parseColorString(toStdString(as<NSString>(value)));
 }
 bool isGradient(NSObject value) {
   return as<NSString>(value) && velura::parseGradient(toStdString(as<NSString>(value)));
@@ -46,7 +46,7 @@ struct KindCheck {
   const char* expected;
 };
 constexpr KindCheck kChecks[] = {
-    {velura::ThemeKeyKind::kColour, isColour, "a colour such as sRGBColor:{255, 128, 0, 100}"},
+    {velura::ThemeKeyKind::kColor, isColor, "a colour such as sRGBColor:{255, 128, 0, 100}"},
     {velura::ThemeKeyKind::kGradient, isGradient,
      "a gradient such as LinearGradient:{{62,62,66,100},{40,40,44,100},V}"},
     {velura::ThemeKeyKind::kBevel, isBevel, "a bevel such as Bevel:{R,2,30}"},

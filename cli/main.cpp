@@ -16,8 +16,8 @@
 #include "cli/ThemeCheck.h"
 #include "cli/Watch.h"
 #include "plugin/files/AtomicWrite.h"
-#include "plugin/theme/PropertyListReader.h"
-#include "plugin/theme/ThemeKeys.h"
+#include "plugin/language/ThemeKeys.h"
+#include "plugin/plist/PropertyListReader.h"
 #include "standin/Desk.h"
 #include "standin/Mouse.h"
 

@@ -41,9 +41,7 @@ struct CALayer : NSObject {
   [[nodiscard]] CGAffineTransform affineTransform() const {
     return cocoa::call<"affineTransform", CGAffineTransform>(object);
   }
-  void setAffineTransform(CGAffineTransform transform) const {
-    cocoa::call<"setAffineTransform:">(object, transform);
-  }
+  void setAffineTransform(CGAffineTransform transform) const { cocoa::call<"setAffineTransform:">(object, transform); }
   [[nodiscard]] CGFloat zPosition() const { return cocoa::call<"zPosition", CGFloat>(object); }
   void setZPosition(CGFloat z) const { cocoa::call<"setZPosition:">(object, z); }
   [[nodiscard]] bool isGeometryFlipped() const { return cocoa::asks<"isGeometryFlipped">(object); }

@@ -4,23 +4,12 @@
 
 #include <objc/runtime.h>
 
-#include <algorithm>
 #include <atomic>
-#include <cstddef>
 #include <string_view>
 
-namespace cocoa {
+#include "cocoa/FixedString.h"
 
-template <std::size_t N>
-struct FixedString {
-  char text[N]{};
-  // NOLINTNEXTLINE(google-explicit-constructor): a string literal is meant to become a template argument
-  consteval FixedString(const char (&literal)[N]) { std::copy_n(literal, N, text); }
-  [[nodiscard]] constexpr std::string_view view() const { return {text, N - 1}; }
-  [[nodiscard]] constexpr std::size_t arguments() const {
-    return static_cast<std::size_t>(std::count(text, text + N - 1, ':'));
-  }
-};
+namespace cocoa {
 
 namespace detail {
 template <FixedString Name>

@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "fuzz/Fuzzing.h"
-#include "plugin/gradient/VLRStripBevel.h"
-#include "plugin/gradient/VLRStripGradient.h"
+#include "plugin/theme/VLRStripBevel.h"
+#include "plugin/theme/VLRStripGradient.h"
 
 namespace {
 
@@ -13,7 +13,7 @@ using fuzzing::require;
 
 void check(const velura::GradientData& gradient) {
   const bool linear = gradient.mode == velura::GradientMode::kLinear;
-  const std::size_t stops = linear ? gradient.colours.size() : gradient.deltas.size();
+  const std::size_t stops = linear ? gradient.colors.size() : gradient.deltas.size();
   require(stops >= velura::kFewestStops && stops <= velura::kMostStops);
   require(gradient.locations.size() == stops && gradient.anchors.size() == stops);
   require(linear || std::ranges::any_of(gradient.deltas, [](std::int64_t delta) { return delta != 0; }));

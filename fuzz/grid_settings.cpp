@@ -1,8 +1,8 @@
 // Any bytes as a grid settings file: what is limited stays within its limits.
 
 #include "fuzz/Fuzzing.h"
-#include "plugin/arrange/VLRGridSettings.h"
-#include "plugin/theme/PropertyListReader.h"
+#include "plugin/language/VLRGridSettings.h"
+#include "plugin/plist/PropertyListReader.h"
 
 namespace {
 

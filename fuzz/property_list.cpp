@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "fuzz/Fuzzing.h"
-#include "plugin/theme/PropertyListCheck.h"
-#include "plugin/theme/PropertyListReader.h"
+#include "plugin/plist/PropertyListCheck.h"
+#include "plugin/plist/PropertyListReader.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "fuzz/Fuzzing.h"
-#include "plugin/theme/PropertyListReader.h"
+#include "plugin/plist/PropertyListReader.h"
 #include "plugin/theme/ThemeUtility.h"
 
 namespace {
@@ -13,8 +13,8 @@ using velura::ThemeUtility;
 
 void ask(const ThemeUtility& theme) {
   for (const velura::ThemeKeyRow& row : velura::kThemeKeys) {
-    const NSColor colour = theme.colorForKey(row.key);
-    if (colour) fuzzing::require(std::isfinite(colour.alphaComponent()));
+    const NSColor color = theme.colorForKey(keyOf(row));
+    if (color) fuzzing::require(std::isfinite(color.alphaComponent()));
   }
   for (long type = -1; type <= 100; ++type) {
     static_cast<void>(theme.useSharedPannerType(type));

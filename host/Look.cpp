@@ -95,7 +95,7 @@ constexpr std::array<Row, kCount> kRows{{
     {Look::kEqualizerCurve, 120, 190, 232, 100, nullptr},
     {Look::kEqualizerTitle, 128, 130, 136, 100, nullptr},
     {Look::kNameText, 230, 231, 234, 100, nullptr},
-    {Look::kNameTextOnColour, 16, 16, 18, 100, nullptr},
+    {Look::kNameTextOnColor, 16, 16, 18, 100, nullptr},
     {Look::kNumberText, 168, 170, 176, 100, nullptr},
     {Look::kLabelText, 150, 152, 158, 100, nullptr},
     {Look::kReadoutText, 196, 198, 203, 100, nullptr},
@@ -119,7 +119,7 @@ constexpr std::array<Row, kCount> kRows{{
     {Look::kArrangeHeaderLine, 40, 41, 43, 100, nullptr},
     {Look::kArrangeRowLine, 34, 35, 37, 100, nullptr},
     {Look::kArrangeGridLine, 255, 255, 255, 4, nullptr},
-    {Look::kArrangeNoColour, 124, 124, 124, 100, nullptr},
+    {Look::kArrangeNoColor, 124, 124, 124, 100, nullptr},
     {Look::kArrangeVolumeTrack, 34, 35, 37, 100, nullptr},
     {Look::kArrangeVolume, 108, 186, 120, 100, nullptr},
     {Look::kArrangePlayhead, 240, 240, 242, 100, nullptr},
@@ -198,15 +198,15 @@ Ref<NSColor> made(const Row& row) {
 }  // namespace
 
 NSColor look(Look which) {
-  static const std::array<Ref<NSColor>, kCount> colours = [] {
+  static const std::array<Ref<NSColor>, kCount> colors = [] {
     std::array<Ref<NSColor>, kCount> all;
     for (std::size_t i = 0; i < kCount; ++i) all[i] = made(kRows[i]);
     return all;
   }();
-  return colours[static_cast<std::size_t>(which)];
+  return colors[static_cast<std::size_t>(which)];
 }
 
-NSColor catalogueColour(Look which) {
+NSColor catalogueColor(Look which) {
   return NSColor::colorWithCatalogName(literal<"#$assets-mainBundleID">(), string(catalogueName(which)));
 }
 

@@ -81,7 +81,7 @@ enum class Look : std::size_t {
   kEqualizerCurve,
   kEqualizerTitle,
   kNameText,
-  kNameTextOnColour,
+  kNameTextOnColor,
   kNumberText,
   kLabelText,
   kReadoutText,
@@ -105,7 +105,7 @@ enum class Look : std::size_t {
   kArrangeHeaderLine,
   kArrangeRowLine,
   kArrangeGridLine,
-  kArrangeNoColour,
+  kArrangeNoColor,
   kArrangeVolumeTrack,
   kArrangeVolume,
   kArrangePlayhead,
@@ -173,7 +173,7 @@ enum class Look : std::size_t {
 NSColor look(Look which);
 
 /// The colour as the host's asset catalogue has it, which anyone may have changed by name.
-NSColor catalogueColour(Look which);
+NSColor catalogueColor(Look which);
 
 /// The name under which the host's asset catalogue lists a colour, or null when it is drawn from code.
 const char* catalogueName(Look which);

@@ -101,7 +101,7 @@ class Fields {
 
 std::string indexed(const std::string& place, std::size_t index) { return place + "[" + std::to_string(index) + "]"; }
 
-void readColour(const Fields& fields, const char* name, std::optional<SongColour>& out) {
+void readColor(const Fields& fields, const char* name, std::optional<SongColor>& out) {
   std::string text;
   fields.read(name, text);
   if (text.empty()) return;
@@ -109,7 +109,7 @@ void readColour(const Fields& fields, const char* name, std::optional<SongColour
       text.size() == 7 && text[0] == '#' && text.find_first_not_of("0123456789abcdefABCDEF", 1) == std::string::npos;
   if (!wellFormed) throw SongError{fields.where(name) + ": expected a colour like \"#4A90D9\""};
   const auto byte = [&](std::size_t at) { return std::stoi(text.substr(at, 2), nullptr, 16); };
-  out = SongColour{byte(1), byte(3), byte(5)};
+  out = SongColor{byte(1), byte(3), byte(5)};
 }
 
 unsigned readCode(const Fields& fields, const char* name) {
@@ -240,7 +240,7 @@ void readRegions(const Fields& fields, std::vector<Region>& out) {
     entry.read("name", region.name);
     entry.read("start", region.start, 1, kFurthestBar);
     entry.read("length", region.length, 0, kFurthestBar);
-    readColour(entry, "colour", region.colour);
+    readColor(entry, "colour", region.color);
     entry.read("selected", region.selected);
     entry.read("muted", region.muted);
     entry.read("loop", region.loop);
@@ -257,7 +257,7 @@ void readMarkers(const Fields& fields, std::vector<Marker>& out) {
     entry.read("start", marker.start, 1, kFurthestBar);
     marker.end = marker.start + 1;
     entry.read("end", marker.end, marker.start, kFurthestBar);
-    readColour(entry, "colour", marker.colour);
+    readColor(entry, "colour", marker.color);
   }
   std::stable_sort(out.begin(), out.end(), kByStart);
 }
@@ -278,7 +278,7 @@ void readHeaders(const Fields& fields, HeaderSetup& headers) {
   if (value == nullptr) return;
   const Fields entry(*value, fields.where("headers"));
   entry.read("trackNumbers", headers.trackNumbers);
-  entry.read("colourBars", headers.colourBars);
+  entry.read("colourBars", headers.colorBars);
   entry.read("controlSurfaceBars", headers.controlSurfaceBars, 0, kMostBars);
 }
 
@@ -304,7 +304,7 @@ Track readTrack(const json& value, const std::string& place) {
   const Fields fields(value, place);
   Track track;
   readType(fields, track);
-  readColour(fields, "colour", track.colour);
+  readColor(fields, "colour", track.color);
   fields.read("name", track.name);
   fields.read("selected", track.selected);
   fields.read("setting", track.setting);
@@ -346,7 +346,7 @@ Song readWhole(const json& value) {
   fields.read("title", song.title);
   fields.read("audioRows", song.audioRows, 1, static_cast<int>(kMostSlots));
   fields.read("sendRows", song.sendRows, 1, static_cast<int>(kMostSlots));
-  fields.read("trackColours", song.trackColours);
+  fields.read("trackColours", song.trackColors);
   fields.read("legend", song.legend);
   readWord(fields, "faders", kFaderLengths, song.faderLength);
   const json* tracks = fields.array("tracks", kMostTracks);

@@ -9,7 +9,7 @@
 
 namespace host {
 
-struct SongColour {
+struct SongColor {
   int red = 0;
   int green = 0;
   int blue = 0;
@@ -71,7 +71,7 @@ struct Region {
   std::string name;
   double start = 1;
   double length = 4;
-  std::optional<SongColour> colour;  // the track's when there is none
+  std::optional<SongColor> color;  // the track's when there is none
   bool selected = false;
   bool muted = false;
   bool loop = false;
@@ -83,7 +83,7 @@ struct Marker {
   std::string name;
   double start = 1;
   double end = 2;
-  std::optional<SongColour> colour;  // grey when there is none
+  std::optional<SongColor> color;  // grey when there is none
 };
 
 struct Cycle {
@@ -95,7 +95,7 @@ struct Cycle {
 /// What a track header shows besides its track's name.
 struct HeaderSetup {
   bool trackNumbers = true;
-  bool colourBars = true;
+  bool colorBars = true;
   std::optional<int> controlSurfaceBars;  // how many; shown at all when there is a number, even 0
 };
 
@@ -120,7 +120,7 @@ struct Track {
   std::string name;
   StripType type = StripType::kAudio;
   bool folder = false;
-  std::optional<SongColour> colour;
+  std::optional<SongColor> color;
   bool selected = false;
   std::string setting;
   std::string input;
@@ -158,10 +158,10 @@ enum class FaderLength { kShort = 0, kMedium = 1, kLong = 2 };
 struct Song {
   std::string title = "Untitled";
   std::vector<Track> tracks;
-  int audioRows = 5;         // insert rows shown
-  int sendRows = 3;          // send rows shown
-  bool trackColours = true;  // the mixer is configured to show track colours
-  bool legend = false;       // the mixer names its sections at its left edge
+  int audioRows = 5;        // insert rows shown
+  int sendRows = 3;         // send rows shown
+  bool trackColors = true;  // the mixer is configured to show track colours
+  bool legend = false;      // the mixer names its sections at its left edge
   FaderLength faderLength = FaderLength::kShort;
   std::size_t loopRows = 13;  // at most so many rows and scenes are shown in the Live Loops grid
   std::size_t loopScenes = 8;

@@ -61,7 +61,7 @@ constexpr void (*kDefinitions[])() = {
     defineMAGainReductionMeterNode,
     defineMAImageNode,
     attachImageTint,
-    attachStepSequencerColours,
+    attachStepSequencerColors,
     registerLook,
 };
 

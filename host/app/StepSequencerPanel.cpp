@@ -22,14 +22,14 @@ struct Row {
 constexpr Row kRows[] = {{"Kick", 0x1111},       {"Snare", 0x1010},    {"Clap", 0x9010},
                          {"Closed Hat", 0x5555}, {"Open Hat", 0x4444}, {"Shaker", 0xBBBB}};
 
-NSColor stepSequencerRowHeadersBackgroundColor(Class /*self*/) { return catalogueColour(Look::kRowHeaderBackground); }
+NSColor stepSequencerRowHeadersBackgroundColor(Class /*self*/) { return catalogueColor(Look::kRowHeaderBackground); }
 
 void drawSteps(const Painter& painter, const Row& row, double y) {
   for (int step = 0; step < kSteps; ++step) {
     const CGRect frame = CGRectMake(kHeaderWidth + 8 + kStepWidth * step, y + 4, kStepWidth - 4, kRowHeight - 8);
     const bool on = (row.steps >> static_cast<unsigned>(step) & 1U) != 0;
-    const Look colour = !on ? Look::kStepOff : step % 4 == 0 ? Look::kStepAccent : Look::kStepOn;
-    painter.fillRounded(frame, 4, catalogueColour(colour));
+    const Look color = !on ? Look::kStepOff : step % 4 == 0 ? Look::kStepAccent : Look::kStepOn;
+    painter.fillRounded(frame, 4, catalogueColor(color));
   }
 }
 
@@ -40,7 +40,7 @@ void drawSequencer(CGRect bounds, CGContextRef context) {
   painter.fill(CGRectMake(0, 0, kHeaderWidth, bounds.size.height), headers);
   double y = bounds.size.height - kRowHeight - 6;
   for (const Row& row : kRows) {
-    painter.text(row.name, CGRectMake(12, y, kHeaderWidth - 20, kRowHeight), catalogueColour(Look::kRowHeaderText),
+    painter.text(row.name, CGRectMake(12, y, kHeaderWidth - 20, kRowHeight), catalogueColor(Look::kRowHeaderText),
                  {.size = 11.5, .alignment = TextAlignment::kLeft});
     drawSteps(painter, row, y);
     y -= kRowHeight;
@@ -59,7 +59,7 @@ StepSequencerPanel::StepSequencerPanel(double scale) {
 
 StepSequencerPanel::~StepSequencerPanel() { panel_->close(); }
 
-void attachStepSequencerColours() {
+void attachStepSequencerColors() {
   CategoryDefinition("NSColor")
       .classMethod<"stepSequencerRowHeadersBackgroundColor", stepSequencerRowHeadersBackgroundColor>();
 }

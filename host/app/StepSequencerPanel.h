@@ -19,6 +19,6 @@ class StepSequencerPanel {
 };
 
 /// Adds the colour of the row headers to the platform's colour class, where the host keeps it.
-void attachStepSequencerColours();
+void attachStepSequencerColors();
 
 }  // namespace host

@@ -13,9 +13,9 @@ id MAView::initWithFrame(CGRect frame) {
   return self;
 }
 
-void MAView::setBackgroundColor(NSColor colour) {
-  if (colour.isEqual(backgroundColor.get())) return;
-  backgroundColor = colour;
+void MAView::setBackgroundColor(NSColor color) {
+  if (color.isEqual(backgroundColor.get())) return;
+  backgroundColor = color;
   call<"setNeedsDisplay:">(self, BOOL(1));
 }
 

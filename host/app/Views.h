@@ -15,7 +15,7 @@ struct MAView : cocoa::ObjectState {
   NSObject delegate;  // outlives the view
 
   id initWithFrame(CGRect frame);
-  void setBackgroundColor(NSColor colour);
+  void setBackgroundColor(NSColor color);
   double backingScale();
 };
 

@@ -19,54 +19,54 @@ constexpr CGSize kGlyphSize{18, 18};
 /// Lines and rectangles of a glyph, in points of a square of 18.
 using DrawGlyph = void (*)(const Painter&, NSColor);
 
-void drawLibrary(const Painter& painter, NSColor colour) {
-  painter.strokeRounded(CGRectMake(2.5, 3.5, 13, 11), 2, colour, 1.25);
-  painter.fill(CGRectMake(6.5, 3.5, 1.25, 11), colour);
-  for (const double y : {6.0, 8.5, 11.0}) painter.fill(CGRectMake(9.5, y, 4, 1.25), colour);
+void drawLibrary(const Painter& painter, NSColor color) {
+  painter.strokeRounded(CGRectMake(2.5, 3.5, 13, 11), 2, color, 1.25);
+  painter.fill(CGRectMake(6.5, 3.5, 1.25, 11), color);
+  for (const double y : {6.0, 8.5, 11.0}) painter.fill(CGRectMake(9.5, y, 4, 1.25), color);
 }
-void drawInspector(const Painter& painter, NSColor colour) {
-  painter.fillEllipse(CGRectMake(7.75, 12.25, 2.5, 2.5), colour);
-  painter.fill(CGRectMake(8.25, 3.5, 1.75, 7), colour);
-  painter.fill(CGRectMake(6.25, 9.25, 3, 1.25), colour);
-  painter.fill(CGRectMake(6.25, 3.25, 5.75, 1.25), colour);
+void drawInspector(const Painter& painter, NSColor color) {
+  painter.fillEllipse(CGRectMake(7.75, 12.25, 2.5, 2.5), color);
+  painter.fill(CGRectMake(8.25, 3.5, 1.75, 7), color);
+  painter.fill(CGRectMake(6.25, 9.25, 3, 1.25), color);
+  painter.fill(CGRectMake(6.25, 3.25, 5.75, 1.25), color);
 }
-void drawMixer(const Painter& painter, NSColor colour) {
+void drawMixer(const Painter& painter, NSColor color) {
   constexpr double kCaps[] = {9.5, 5.5, 7.5};
   for (int i = 0; i < 3; ++i) {
     const double x = 4 + 5 * i;
-    painter.fill(CGRectMake(x - 0.5, 3, 1, 12), colour);
-    painter.fillRounded(CGRectMake(x - 2, kCaps[i], 4, 3), 1, colour);
+    painter.fill(CGRectMake(x - 0.5, 3, 1, 12), color);
+    painter.fillRounded(CGRectMake(x - 2, kCaps[i], 4, 3), 1, color);
   }
 }
-void drawLists(const Painter& painter, NSColor colour) {
+void drawLists(const Painter& painter, NSColor color) {
   for (const double y : {4.0, 8.25, 12.5}) {
-    painter.fillEllipse(CGRectMake(2.5, y, 2, 2), colour);
-    painter.fill(CGRectMake(6.5, y + 0.35, 9, 1.3), colour);
+    painter.fillEllipse(CGRectMake(2.5, y, 2, 2), color);
+    painter.fill(CGRectMake(6.5, y + 0.35, 9, 1.3), color);
   }
 }
-void drawLoops(const Painter& painter, NSColor colour) {
-  painter.strokeEllipse(CGRectMake(1.5, 5.5, 7, 7), colour, 1.5);
-  painter.strokeEllipse(CGRectMake(9, 5.5, 7, 7), colour, 1.5);
+void drawLoops(const Painter& painter, NSColor color) {
+  painter.strokeEllipse(CGRectMake(1.5, 5.5, 7, 7), color, 1.5);
+  painter.strokeEllipse(CGRectMake(9, 5.5, 7, 7), color, 1.5);
 }
-void drawUndo(const Painter& painter, NSColor colour) {
-  painter.arc({9, 8}, 5, 150, -90, colour, 1.5);
-  painter.line({3.25, 12.5}, {4.5, 9.5}, colour, 1.5);
-  painter.line({4.5, 9.5}, {8, 10.75}, colour, 1.5);
+void drawUndo(const Painter& painter, NSColor color) {
+  painter.arc({9, 8}, 5, 150, -90, color, 1.5);
+  painter.line({3.25, 12.5}, {4.5, 9.5}, color, 1.5);
+  painter.line({4.5, 9.5}, {8, 10.75}, color, 1.5);
 }
-void drawSplit(const Painter& painter, NSColor colour) {
-  painter.fillRounded(CGRectMake(2, 5, 6, 8), 1.5, colour);
-  painter.fillRounded(CGRectMake(10, 5, 6, 8), 1.5, colour);
-  painter.fill(CGRectMake(8.5, 2.5, 1, 13), colour);
+void drawSplit(const Painter& painter, NSColor color) {
+  painter.fillRounded(CGRectMake(2, 5, 6, 8), 1.5, color);
+  painter.fillRounded(CGRectMake(10, 5, 6, 8), 1.5, color);
+  painter.fill(CGRectMake(8.5, 2.5, 1, 13), color);
 }
-void drawNotePad(const Painter& painter, NSColor colour) {
-  painter.strokeRounded(CGRectMake(4, 2.5, 10, 13), 1.5, colour, 1.25);
-  for (const double y : {6.0, 8.5, 11.0}) painter.fill(CGRectMake(6.5, y, 5, 1), colour);
+void drawNotePad(const Painter& painter, NSColor color) {
+  painter.strokeRounded(CGRectMake(4, 2.5, 10, 13), 1.5, color, 1.25);
+  for (const double y : {6.0, 8.5, 11.0}) painter.fill(CGRectMake(6.5, y, 5, 1), color);
 }
-void drawShare(const Painter& painter, NSColor colour) {
-  painter.strokeRounded(CGRectMake(4, 2.5, 10, 8), 1.5, colour, 1.25);
-  painter.line({9, 6}, {9, 15.5}, colour, 1.25);
-  painter.line({9, 15.5}, {6.5, 13}, colour, 1.25);
-  painter.line({9, 15.5}, {11.5, 13}, colour, 1.25);
+void drawShare(const Painter& painter, NSColor color) {
+  painter.strokeRounded(CGRectMake(4, 2.5, 10, 8), 1.5, color, 1.25);
+  painter.line({9, 6}, {9, 15.5}, color, 1.25);
+  painter.line({9, 15.5}, {6.5, 13}, color, 1.25);
+  painter.line({9, 15.5}, {11.5, 13}, color, 1.25);
 }
 
 struct Button {

@@ -17,7 +17,7 @@ namespace {
 
 using namespace cocoa;
 
-constexpr double kColourBarWidth = 6;
+constexpr double kColorBarWidth = 6;
 constexpr double kControlSurfaceBarWidth = 5;
 constexpr double kIconSide = 24;
 constexpr double kGap = 5;
@@ -51,7 +51,7 @@ struct Header {
 
 /// Where the parts of a header begin, from left to right.
 struct Columns {
-  double colourBar = 0;
+  double colorBar = 0;
   double number = 0;
   double icon = 0;
   double name = 0;
@@ -61,11 +61,11 @@ struct Columns {
     constexpr double kUnknownSurfaces = 4;  // room that is left for what the mixer's model does not tell
     constexpr double kUnknownSurfacesNumbered = 7;
     if (setup.controlSurfaceBars) {
-      colourBar = knowsControlSurfaces ? kControlSurfaceBarWidth * *setup.controlSurfaceBars
-                  : setup.trackNumbers ? kUnknownSurfacesNumbered
-                                       : kUnknownSurfaces;
+      colorBar = knowsControlSurfaces ? kControlSurfaceBarWidth * *setup.controlSurfaceBars
+                 : setup.trackNumbers ? kUnknownSurfacesNumbered
+                                      : kUnknownSurfaces;
     }
-    number = colourBar + kColourBarWidth + 1;
+    number = colorBar + kColorBarWidth + 1;
     icon = number + (setup.trackNumbers ? kNumberWidth : 0) + 3;
     name = icon + kIconSide + kGap;
   }
@@ -74,7 +74,7 @@ struct Columns {
 struct Button {
   const char* letter;
   bool Track::*on;
-  Look colour;
+  Look color;
 };
 constexpr std::array<Button, 4> kButtons{{{"M", &Track::muted, Look::kMuteOn},
                                           {"S", &Track::soloed, Look::kSoloOn},
@@ -133,10 +133,10 @@ class HeaderDrawing {
       painter_.fill(header_.at(kControlSurfaceBarWidth * bar, 0, kControlSurfaceBarWidth, header_.height()),
                     NSColor::colorWithSRGBRed(grey, grey, grey, 1));
     }
-    if (!setup_.colourBars) return;
-    const NSColor colour = trackColour(track_);
-    painter_.fill(header_.at(columns_.colourBar, 0, kColourBarWidth, header_.height()),
-                  colour ? colour : look(Look::kArrangeNoColour));
+    if (!setup_.colorBars) return;
+    const NSColor color = trackColor(track_);
+    painter_.fill(header_.at(columns_.colorBar, 0, kColorBarWidth, header_.height()),
+                  color ? color : look(Look::kArrangeNoColor));
   }
 
   void drawIcon() const {
@@ -163,7 +163,7 @@ class HeaderDrawing {
 
   void drawButton(const Button& button, CGRect place) const {
     const bool on = track_.*button.on;
-    painter_.fillRounded(place, 3, look(on ? button.colour : Look::kSymbolOff));
+    painter_.fillRounded(place, 3, look(on ? button.color : Look::kSymbolOff));
     painter_.text(button.letter, place, look(on ? Look::kRegionTextDark : Look::kSymbolText),
                   {.size = 8.5, .weight = 0.3});
   }

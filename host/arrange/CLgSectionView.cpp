@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "host/app/Views.h"
-#include "host/arrange/Colours.h"
+#include "host/arrange/Colors.h"
 #include "host/arrange/MAAccessibilityElement.h"
 #include "host/mixer/Painter.h"
 
@@ -102,8 +102,8 @@ class RulerDrawing {
 
   void drawMarker(const Marker& marker, double left, double right) const {
     const CGRect cell = CGRectMake(left, kMarkerLaneTop, right - left, kMarkerLaneBottom - kMarkerLaneTop);
-    painter_.fill(cell, marker.colour ? asColour(*marker.colour) : look(Look::kMarkerGrey));
-    const bool bright = marker.colour && luminance(*marker.colour) > kBright;
+    painter_.fill(cell, marker.color ? asColor(*marker.color) : look(Look::kMarkerGrey));
+    const bool bright = marker.color && luminance(*marker.color) > kBright;
     const CGRect room = CGRectMake(left + kTextMargin, cell.minY(), right - left - kTextMargin, cell.size.height);
     if (room.isEmpty()) return;
     painter_.text(marker.name, room, bright ? NSColor::blackColor() : NSColor::whiteColor(),

@@ -6,7 +6,7 @@
 #include <numbers>
 #include <vector>
 
-#include "host/arrange/Colours.h"
+#include "host/arrange/Colors.h"
 
 namespace host {
 namespace {
@@ -15,20 +15,20 @@ using namespace cocoa;
 
 constexpr double kRadius = 4;
 constexpr double kTitleHeight = 12;
-constexpr SongColour kWhite{255, 255, 255};
-constexpr SongColour kBlack{0, 0, 0};
-constexpr SongColour kMutedGrey{112, 113, 116};
-constexpr SongColour kNoColour{124, 124, 124};
+constexpr SongColor kWhite{255, 255, 255};
+constexpr SongColor kBlack{0, 0, 0};
+constexpr SongColor kMutedGrey{112, 113, 116};
+constexpr SongColor kNoColor{124, 124, 124};
 
 /// The colours of one region.
 struct Shades {
-  SongColour body;
-  SongColour title;
-  SongColour content;
+  SongColor body;
+  SongColor title;
+  SongColor content;
 };
 
 Shades shadesOf(const Region& region, const Track& track) {
-  SongColour base = region.colour.value_or(track.colour.value_or(kNoColour));
+  SongColor base = region.color.value_or(track.color.value_or(kNoColor));
   if (region.muted) base = mixed(base, kMutedGrey, 1);
   if (region.selected) return {mixed(base, kWhite, 0.3), mixed(base, kWhite, 0.72), mixed(base, kBlack, 0.5)};
   return {mixed(base, kBlack, 0.3), base, mixed(base, kWhite, region.muted ? 0.2 : 0.5)};
@@ -77,12 +77,12 @@ void RegionDrawing::draw(const PlacedRegion& placed) const {
   const Shades shades = shadesOf(placed.region, placed.track);
   const CGRect frame = placed.frame;
   const double title = std::min(kTitleHeight, frame.size.height);
-  painter_.fillRounded(frame, kRadius, asColour(shades.title));
+  painter_.fillRounded(frame, kRadius, asColor(shades.title));
   const CGRect body = CGRectMake(frame.minX(), frame.minY() + title, frame.size.width, frame.size.height - title);
   if (!body.isEmpty()) {
-    painter_.fillRounded(body, kRadius, asColour(shades.body));
+    painter_.fillRounded(body, kRadius, asColor(shades.body));
     const CGRect inside = body.insetBy(1, 2);
-    const NSColor content = asColour(shades.content);
+    const NSColor content = asColor(shades.content);
     if (placed.track.folder) {
       drawParts(placed, inside, content);
     } else if (placed.track.type == StripType::kInstrument) {
@@ -100,13 +100,13 @@ void RegionDrawing::draw(const PlacedRegion& placed) const {
   if (placed.region.loop) drawLoopSign({frame.maxX() - kLoopSign + 3, frame.minY() + title / 2}, text);
 }
 
-void RegionDrawing::drawLoopSign(CGPoint centre, NSColor colour) const {
-  painter_.strokeEllipse(CGRectMake(centre.x - 3, centre.y - 3, 6, 6), colour, 1.1);
-  painter_.fillEllipse(CGRectMake(centre.x + 1.4, centre.y - 3.4, 3, 3), colour);
+void RegionDrawing::drawLoopSign(CGPoint centre, NSColor color) const {
+  painter_.strokeEllipse(CGRectMake(centre.x - 3, centre.y - 3, 6, 6), color, 1.1);
+  painter_.fillEllipse(CGRectMake(centre.x + 1.4, centre.y - 3.4, 3, 3), color);
 }
 
 /// A sound's outline: a column every two points.
-void RegionDrawing::drawSound(const PlacedRegion& placed, CGRect inside, NSColor colour) const {
+void RegionDrawing::drawSound(const PlacedRegion& placed, CGRect inside, NSColor color) const {
   constexpr double kPitch = 2;
   const std::uint64_t seed = seedOf(placed.region);
   const bool struck = isStruck(placed.track);
@@ -120,12 +120,12 @@ void RegionDrawing::drawSound(const PlacedRegion& placed, CGRect inside, NSColor
     const double half = std::max(1 / scale_, snapped(level * inside.size.height / 2));
     columns.push_back(CGRectMake(x, middle - half, 1, 2 * half));
   }
-  CGContextSetFillColorWithColor(painter_.context(), colour.CGColor());
+  CGContextSetFillColorWithColor(painter_.context(), color.CGColor());
   CGContextFillRects(painter_.context(), columns.data(), columns.size());
 }
 
 /// Notes on a grid of half beats; a pattern repeats every two bars.
-void RegionDrawing::drawNotes(const PlacedRegion& placed, CGRect inside, NSColor colour) const {
+void RegionDrawing::drawNotes(const PlacedRegion& placed, CGRect inside, NSColor color) const {
   constexpr std::uint64_t kPitches = 9;
   constexpr std::uint64_t kPattern = 16;
   const std::uint64_t seed = seedOf(placed.region);
@@ -148,14 +148,14 @@ void RegionDrawing::drawNotes(const PlacedRegion& placed, CGRect inside, NSColor
       notes.push_back(CGRectMake(snapped(x), snapped(y), std::min(length, inside.maxX() - 1 - x) - 1, height));
     }
   }
-  CGContextSetFillColorWithColor(painter_.context(), colour.CGColor());
+  CGContextSetFillColorWithColor(painter_.context(), color.CGColor());
   for (const CGRect& note : notes) {
     if (!note.isEmpty()) CGContextFillRect(painter_.context(), note);
   }
 }
 
 /// What a folder holds: one line for each of some tracks.
-void RegionDrawing::drawParts(const PlacedRegion& placed, CGRect inside, NSColor colour) const {
+void RegionDrawing::drawParts(const PlacedRegion& placed, CGRect inside, NSColor color) const {
   constexpr int kParts = 3;
   const std::uint64_t seed = seedOf(placed.region);
   const double barWidth = timeline_.x(2);
@@ -171,7 +171,7 @@ void RegionDrawing::drawParts(const PlacedRegion& placed, CGRect inside, NSColor
       const double width = std::min(barWidth - 1, inside.maxX() - 1 - x);
       painter_.fill(
           CGRectMake(snapped(x), snapped(inside.minY() + pitch * part + pitch / 2 - 1), std::max(0.0, width), 2),
-          colour);
+          color);
     }
   }
 }

@@ -24,10 +24,10 @@ class RegionDrawing {
   void draw(const PlacedRegion& placed) const;
 
  private:
-  void drawSound(const PlacedRegion& placed, CGRect inside, NSColor colour) const;
-  void drawNotes(const PlacedRegion& placed, CGRect inside, NSColor colour) const;
-  void drawParts(const PlacedRegion& placed, CGRect inside, NSColor colour) const;
-  void drawLoopSign(CGPoint centre, NSColor colour) const;
+  void drawSound(const PlacedRegion& placed, CGRect inside, NSColor color) const;
+  void drawNotes(const PlacedRegion& placed, CGRect inside, NSColor color) const;
+  void drawParts(const PlacedRegion& placed, CGRect inside, NSColor color) const;
+  void drawLoopSign(CGPoint centre, NSColor color) const;
   [[nodiscard]] double snapped(double length) const;
 
   const Painter& painter_;

@@ -43,13 +43,13 @@ void drawDisplay(const Painter& painter, const Arrangement& arrange, CGRect disp
 void drawTransport(const Arrangement& arrange, CGRect bounds, CGContextRef context) {
   constexpr double kButtonPitch = 46;
   const Painter painter(context);
-  painter.fill(bounds, catalogueColour(Look::kToolbarBackground));
-  painter.fill(CGRectMake(0, 0, bounds.size.width, 1), catalogueColour(Look::kToolbarEdge));
+  painter.fill(bounds, catalogueColor(Look::kToolbarBackground));
+  painter.fill(CGRectMake(0, 0, bounds.size.width, 1), catalogueColor(Look::kToolbarEdge));
   drawDisplay(painter, arrange, CGRectMake(std::floor(bounds.midX()) - 130, 8, 260, 36));
   double x = 16;
-  for (const Look colour : {Look::kSymbolText, Look::kArrangeVolume, Look::kRecordOn}) {
+  for (const Look color : {Look::kSymbolText, Look::kArrangeVolume, Look::kRecordOn}) {
     painter.fillRounded(CGRectMake(x, 12, 40, 28), 6, faded(NSColor::blackColor(), 0.2));
-    painter.fillEllipse(CGRectMake(x + 14, 20, 12, 12), look(colour));
+    painter.fillEllipse(CGRectMake(x + 14, 20, 12, 12), look(color));
     x += kButtonPitch;
   }
   if (arrange.cycle.on) {
@@ -61,16 +61,16 @@ void drawTransport(const Arrangement& arrange, CGRect bounds, CGContextRef conte
 void drawArrangeMenu(CGRect bounds, CGContextRef context) {
   constexpr double kWidth = 66;
   const Painter painter(context);
-  painter.fill(bounds, catalogueColour(Look::kToolbarBackground));
+  painter.fill(bounds, catalogueColor(Look::kToolbarBackground));
   double x = kMargin;
   for (const char* menu : {"Edit", "Functions", "View"}) {
-    painter.text(menu, CGRectMake(x, 0, kWidth, bounds.size.height), catalogueColour(Look::kToolbarText),
+    painter.text(menu, CGRectMake(x, 0, kWidth, bounds.size.height), catalogueColor(Look::kToolbarText),
                  {.size = 11.5});
     x += kWidth;
   }
   const CGRect snap = CGRectMake(bounds.maxX() - 150, 4, 140, bounds.size.height - 8);
   painter.fillRounded(snap, 5, faded(NSColor::blackColor(), 0.25));
-  painter.text("Snap: Beat", snap, catalogueColour(Look::kToolbarText), {.size = 11});
+  painter.text("Snap: Beat", snap, catalogueColor(Look::kToolbarText), {.size = 11});
 }
 
 void drawGlobalTracksCorner(CGRect bounds, CGContextRef context) {

@@ -9,11 +9,11 @@ using namespace cocoa;
 
 /// How many element switches a set-up lists, and which of them the host has settings for.
 constexpr NSUInteger kElements = 24;
-constexpr NSUInteger kColourBars = 12;
+constexpr NSUInteger kColorBars = 12;
 constexpr NSUInteger kControlSurfaceBars = 14;
 
 bool isShown(const HeaderSetup& headers, NSUInteger element) {
-  if (element == kColourBars) return headers.colourBars;
+  if (element == kColorBars) return headers.colorBars;
   if (element == kControlSurfaceBars) return headers.controlSurfaceBars.has_value();
   return true;
 }

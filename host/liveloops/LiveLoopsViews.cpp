@@ -7,7 +7,7 @@
 #include "cocoa/Call.h"
 #include "host/app/KitWindow.h"
 #include "host/app/Views.h"
-#include "host/liveloops/LiveLoopsColours.h"
+#include "host/liveloops/LiveLoopsColors.h"
 #include "host/mixer/Painter.h"
 
 namespace host {
@@ -16,17 +16,17 @@ namespace {
 using namespace cocoa;
 using namespace liveloops;
 
-NSColor sceneColour(const char* method) { return liveLoopsColour("LiveLoopsSceneTriggerColors", method); }
-NSColor rowColour(const char* method) { return liveLoopsColour("LiveLoopsRowTriggerColors", method); }
-NSColor rowButtonColour(const char* method) { return liveLoopsColour("LiveLoopsRowTriggerColorUtility", method); }
-NSColor dividerColour(const char* method) { return liveLoopsColour("LiveLoopsDividerHeaderAndFooterColors", method); }
-NSColor headerColour(const char* method) { return liveLoopsColour("LiveLoopsGridHeaderColors", method); }
+NSColor sceneColor(const char* method) { return liveLoopsColor("LiveLoopsSceneTriggerColors", method); }
+NSColor rowColor(const char* method) { return liveLoopsColor("LiveLoopsRowTriggerColors", method); }
+NSColor rowButtonColor(const char* method) { return liveLoopsColor("LiveLoopsRowTriggerColorUtility", method); }
+NSColor dividerColor(const char* method) { return liveLoopsColor("LiveLoopsDividerHeaderAndFooterColors", method); }
+NSColor headerColor(const char* method) { return liveLoopsColor("LiveLoopsGridHeaderColors", method); }
 
 Painter currentPainter() { return Painter(NSGraphicsContext::currentContext().CGContext()); }
 
-void drawTriangle(const Painter& painter, CGPoint middle, double size, NSColor colour) {
+void drawTriangle(const Painter& painter, CGPoint middle, double size, NSColor color) {
   CGContextRef context = painter.context();
-  CGContextSetFillColorWithColor(context, colour.CGColor());
+  CGContextSetFillColorWithColor(context, color.CGColor());
   CGContextBeginPath(context);
   CGContextMoveToPoint(context, middle.x - size * 0.8, middle.y + size);
   CGContextAddLineToPoint(context, middle.x + size, middle.y);
@@ -35,8 +35,8 @@ void drawTriangle(const Painter& painter, CGPoint middle, double size, NSColor c
   CGContextFillPath(context);
 }
 
-void drawSquare(const Painter& painter, CGPoint middle, double size, NSColor colour) {
-  painter.fillRounded(CGRectMake(middle.x - size, middle.y - size, 2 * size, 2 * size), 1, colour);
+void drawSquare(const Painter& painter, CGPoint middle, double size, NSColor color) {
+  painter.fillRounded(CGRectMake(middle.x - size, middle.y - size, 2 * size, 2 * size), 1, color);
 }
 
 /// The base of the grid's parts.
@@ -53,7 +53,7 @@ struct Part : ObjectState {
 // ---- Cells --------------------------------------------------------------------------------------------
 
 void drawCell(const Painter& painter, const Region& region, const Track& track, CGRect frame) {
-  const SongColour c = region.colour.value_or(track.colour.value_or(SongColour{120, 124, 130}));
+  const SongColor c = region.color.value_or(track.color.value_or(SongColor{120, 124, 130}));
   const NSColor body = NSColor::colorWithSRGBRed(c.red / 255.0, c.green / 255.0, c.blue / 255.0, 1);
   painter.fillRounded(frame, 5, body);
   painter.fillRounded(CGRectMake(frame.minX(), frame.maxY() - 14, frame.size.width, 14), 5,
@@ -72,7 +72,7 @@ struct LiveLoopsGridView : Part {
   void drawRect(CGRect /*dirty*/) {
     const CGRect area = bounds();
     const Painter painter = currentPainter();
-    painter.fill(area, liveLoopsColour("LiveLoopsGeneralColors", "backgroundColor"));
+    painter.fill(area, liveLoopsColor("LiveLoopsGeneralColors", "backgroundColor"));
     for (std::size_t row = 0; row < model().rows.size(); ++row) drawRow(painter, row, area);
   }
 
@@ -81,7 +81,7 @@ struct LiveLoopsGridView : Part {
     const double y = area.size.height - kRowHeight * static_cast<double>(row + 1);
     if (model().rows[row].insideSubfolder) {
       painter.fill(CGRectMake(0, y, area.size.width, kRowHeight),
-                   liveLoopsColour("LiveLoopsGeneralColors", "backgroundColorInsideSubfolder"));
+                   liveLoopsColor("LiveLoopsGeneralColors", "backgroundColorInsideSubfolder"));
     }
     for (std::size_t scene = 0; scene < model().scenes.size(); ++scene) {
       const CGRect frame =
@@ -101,9 +101,9 @@ struct LiveLoopsGridHeaderControlsContainerView : Part {
   void drawRect(CGRect /*dirty*/) {
     const CGRect area = bounds();
     const Painter painter = currentPainter();
-    painter.fill(area, headerColour("backgroundColor"));
-    painter.fill(CGRectMake(0, 0, area.size.width, 1), headerColour("lineColor"));
-    painter.fill(CGRectMake(area.size.width - 1, 0, 1, area.size.height), headerColour("lineColor"));
+    painter.fill(area, headerColor("backgroundColor"));
+    painter.fill(CGRectMake(0, 0, area.size.width, 1), headerColor("lineColor"));
+    painter.fill(CGRectMake(area.size.width - 1, 0, 1, area.size.height), headerColor("lineColor"));
     painter.text("Quantize Start:  1 Bar", CGRectMake(12, 0, 150, area.size.height), NSColor::colorWithWhite(0.86, 1),
                  {.size = 11, .alignment = TextAlignment::kLeft});
   }
@@ -114,11 +114,11 @@ struct LiveLoopsRulerView : Part {
   void drawRect(CGRect /*dirty*/) {
     const CGRect area = bounds();
     const Painter painter = currentPainter();
-    painter.fill(area, headerColour("globalTrackPlaceholderBackgroundColor"));
+    painter.fill(area, headerColor("globalTrackPlaceholderBackgroundColor"));
     for (double x = kSceneWidth; x < area.size.width; x += kSceneWidth) {
-      painter.fill(CGRectMake(x - 1, 1, 1, area.size.height - 1), headerColour("globalTrackPlaceholderLineColor"));
+      painter.fill(CGRectMake(x - 1, 1, 1, area.size.height - 1), headerColor("globalTrackPlaceholderLineColor"));
     }
-    painter.fill(CGRectMake(0, 0, area.size.width, 1), headerColour("globalTrackPlaceholderBottomLineColor"));
+    painter.fill(CGRectMake(0, 0, area.size.width, 1), headerColor("globalTrackPlaceholderBottomLineColor"));
   }
 };
 
@@ -128,8 +128,8 @@ struct LiveLoopsGridClockView : Part {
   Ref<NSColor> foreground;
 
   void commonInit() {
-    background = liveLoopsColour("LiveLoopsGridClockColors", "backgroundColor");
-    foreground = liveLoopsColour("LiveLoopsGridClockColors", "foregroundColor");
+    background = liveLoopsColor("LiveLoopsGridClockColors", "backgroundColor");
+    foreground = liveLoopsColor("LiveLoopsGridClockColors", "foregroundColor");
   }
   void drawRect(CGRect /*dirty*/) {
     const CGRect area = bounds();
@@ -147,7 +147,7 @@ struct LiveLoopsSceneTriggersView : Part {
   void drawRect(CGRect /*dirty*/) {
     const CGRect area = bounds();
     const Painter painter = currentPainter();
-    painter.fill(area, sceneColour("excessSceneTriggerBackgroundColor"));
+    painter.fill(area, sceneColor("excessSceneTriggerBackgroundColor"));
     for (std::size_t i = 0; i < model().scenes.size(); ++i) {
       drawScene(painter, model().scenes[i],
                 CGRectMake(kSceneWidth * static_cast<double>(i), 0, kSceneWidth, area.size.height));
@@ -169,21 +169,21 @@ struct LiveLoopsSceneTriggersView : Part {
     }
   }
   static void drawScene(const Painter& painter, const LiveLoopsScene& scene, CGRect frame) {
-    painter.fill(frame, sceneColour(backgroundOf(scene.state)));
-    painter.fill(CGRectMake(frame.maxX() - 1, frame.minY(), 1, frame.size.height), sceneColour("borderColor"));
-    painter.fill(CGRectMake(frame.minX(), frame.maxY() - 1, frame.size.width, 1), sceneColour("borderColor"));
+    painter.fill(frame, sceneColor(backgroundOf(scene.state)));
+    painter.fill(CGRectMake(frame.maxX() - 1, frame.minY(), 1, frame.size.height), sceneColor("borderColor"));
+    painter.fill(CGRectMake(frame.minX(), frame.maxY() - 1, frame.size.width, 1), sceneColor("borderColor"));
     const CGRect button = CGRectMake(frame.midX() - 13, frame.maxY() - 23, 26, 18);
     const bool pressed = scene.state == TriggerState::kPressed;
     if (scene.state == TriggerState::kUnderMouse || pressed) {
-      painter.fillRounded(button, 4, sceneColour("mouseoverButtonBackgroundColor"));
+      painter.fillRounded(button, 4, sceneColor("mouseoverButtonBackgroundColor"));
     }
     if (scene.state == TriggerState::kFocused) {
-      painter.fillRounded(button, 4, sceneColour("mouseoverButtonBackgroundColorForFocusScene"));
+      painter.fillRounded(button, 4, sceneColor("mouseoverButtonBackgroundColorForFocusScene"));
     }
     drawTriangle(painter, {button.midX(), button.midY()}, 4.5,
-                 sceneColour(pressed ? "mousePressedButtonGlyphColor" : "buttonGlyphColor"));
+                 sceneColor(pressed ? "mousePressedButtonGlyphColor" : "buttonGlyphColor"));
     painter.text(scene.name, CGRectMake(frame.minX() + 4, frame.minY() + 3, frame.size.width - 8, 14),
-                 sceneColour("foregroundTextColor"), {.size = 10, .weight = 0.23});
+                 sceneColor("foregroundTextColor"), {.size = 10, .weight = 0.23});
   }
 };
 
@@ -218,13 +218,13 @@ struct LiveLoopsRowTriggerHeaderView : Part {
   Ref<NSColor> highlightedGlyph;
 
   void prerenderGlyphs() {
-    glyph = rowColour("glyphColor");
-    highlightedGlyph = rowColour("glyphHighlightedColor");
+    glyph = rowColor("glyphColor");
+    highlightedGlyph = rowColor("glyphHighlightedColor");
   }
   void drawRect(CGRect /*dirty*/) {
     const CGRect area = bounds();
     const Painter painter = currentPainter();
-    painter.fill(area, rowColour("excessBackgroundColor"));
+    painter.fill(area, rowColor("excessBackgroundColor"));
     for (std::size_t i = 0; i < model().rows.size(); ++i) {
       drawRow(painter, model().rows[i],
               CGRectMake(0, area.size.height - kRowHeight * static_cast<double>(i + 1), area.size.width, kRowHeight));
@@ -235,13 +235,13 @@ struct LiveLoopsRowTriggerHeaderView : Part {
   void drawRow(const Painter& painter, const LiveLoopsRow& row, CGRect frame) const {
     const RowLook look = lookOf(row.state);
     const bool on = look.highlighted;
-    painter.fill(frame, rowColour(look.background));
+    painter.fill(frame, rowColor(look.background));
     painter.fill(CGRectMake(0, frame.minY(), frame.size.width, 1),
-                 rowColour(on ? "rowSeparatorHighlightedColor" : "rowSeparatorColor"));
+                 rowColor(on ? "rowSeparatorHighlightedColor" : "rowSeparatorColor"));
     painter.fill(CGRectMake(frame.maxX() - 1, frame.minY(), 1, frame.size.height),
-                 rowColour(on ? "borderHighlightedColor" : "borderColor"));
-    if (row.track->colour) {
-      const SongColour c = *row.track->colour;
+                 rowColor(on ? "borderHighlightedColor" : "borderColor"));
+    if (row.track->color) {
+      const SongColor c = *row.track->color;
       painter.fill(CGRectMake(0, frame.minY() + 1, 4, frame.size.height - 1),
                    NSColor::colorWithSRGBRed(c.red / 255.0, c.green / 255.0, c.blue / 255.0, 1));
     }
@@ -255,9 +255,9 @@ struct LiveLoopsRowTriggerHeaderView : Part {
     const char* const background = state == TriggerState::kUnderMouse ? "backgroundMouseoverColor"
                                    : state == TriggerState::kPressed  ? "backgroundPressedStateColor"
                                                                       : "basicBackgroundColor";
-    painter.fillRounded(frame, 4, rowButtonColour(background));
-    painter.strokeRounded(frame.insetBy(0.5, 0.5), 4, rowButtonColour("borderColor"), 1);
-    drawSquare(painter, {frame.midX(), frame.midY()}, 3.5, rowButtonColour("glyphColor"));
+    painter.fillRounded(frame, 4, rowButtonColor(background));
+    painter.strokeRounded(frame.insetBy(0.5, 0.5), 4, rowButtonColor("borderColor"), 1);
+    drawSquare(painter, {frame.midX(), frame.midY()}, 3.5, rowButtonColor("glyphColor"));
   }
 };
 
@@ -276,7 +276,7 @@ struct LiveLoopsDividerViewController : ObjectState {
 
   void reloadDividerView() {
     const auto end = [](const char* background) {
-      return End{dividerColour(background), dividerColour("glyphColor"), dividerColour("borderColor")};
+      return End{dividerColor(background), dividerColor("glyphColor"), dividerColor("borderColor")};
     };
     head = end("basicBackgroundColor");
     middle = end("backgroundMouseoverColor");

@@ -4,7 +4,7 @@
 #include "host/app/KitWindow.h"
 #include "host/arrange/CLgArrangeView.h"
 #include "host/arrange/CLgArrangeWindowController.h"
-#include "host/liveloops/LiveLoopsColours.h"
+#include "host/liveloops/LiveLoopsColors.h"
 #include "host/liveloops/LiveLoopsViews.h"
 
 namespace host {
@@ -86,7 +86,7 @@ LiveLoopsWindow::LiveLoopsWindow(const Song& song, NSObject fenster, double scal
 LiveLoopsWindow::~LiveLoopsWindow() { window_->close(); }
 
 void defineLiveLoopsClasses() {
-  defineLiveLoopsColours();
+  defineLiveLoopsColors();
   defineViews();
   ClassDefinition<LiveLoopsContainerView>("LiveLoopsContainerView", "MAView").registered();
 }

@@ -21,7 +21,7 @@ constexpr std::array<const char*, 4> kLevelGradients{"LevelLinear", "LevelLinear
 NSDictionary entry(NSDictionary list, std::string_view key) { return as<NSDictionary>(list.objectForKey(string(key))); }
 
 /// A colour like "#4A90D9"; nil for anything else.
-Ref<NSColor> colourNamed(NSObject value) {
+Ref<NSColor> colorNamed(NSObject value) {
   const std::string text = toStdString(as<NSString>(value));
   unsigned bytes = 0;
   if (text.size() != 7 || text[0] != '#') return {};
@@ -32,25 +32,24 @@ Ref<NSColor> colourNamed(NSObject value) {
 }
 
 ButtonBody bodyOf(NSDictionary list) {
-  ButtonBody body{colourNamed(list.objectForKey(literal<"top">())),
-                  colourNamed(list.objectForKey(literal<"bottom">()))};
+  ButtonBody body{colorNamed(list.objectForKey(literal<"top">())), colorNamed(list.objectForKey(literal<"bottom">()))};
   if (!body.top) body.top = look(Look::kButtonTop);
   if (!body.bottom) body.bottom = look(Look::kButtonBottom);
   return body;
 }
 
 Ref<NSGradient> gradientOf(NSArray stops) {
-  const auto colours = NSMutableArray::array();
+  const auto colors = NSMutableArray::array();
   std::vector<CGFloat> locations;
   for (const NSObject stop : items(stops)) {
     const auto list = as<NSDictionary>(stop);
-    const Ref<NSColor> colour = colourNamed(list.objectForKey(literal<"color">()));
+    const Ref<NSColor> color = colorNamed(list.objectForKey(literal<"color">()));
     const auto location = as<NSNumber>(list.objectForKey(literal<"location">()));
-    if (!colour || !location) continue;
-    colours.addObject(colour);
+    if (!color || !location) continue;
+    colors.addObject(color);
     locations.push_back(location.doubleValue());
   }
-  return NSGradient::withColors(colours, locations.data(), NSColorSpace::sRGBColorSpace());
+  return NSGradient::withColors(colors, locations.data(), NSColorSpace::sRGBColorSpace());
 }
 
 /// What the mapping says, read once. Empty where the framework is not beside the program.

@@ -25,22 +25,22 @@ struct Segments {
 constexpr Segments kSegments[] = {{"Buttons.AudioPlugIn", 3}, {"Buttons.MIDIPlugIn", 3}, {"Buttons.InputSegment", 2}};
 
 /// The colour of an automation button while its mode is on.
-struct AutomationColour {
+struct AutomationColor {
   std::string_view path;
-  Look colour;
+  Look color;
 };
-constexpr AutomationColour kAutomationColours[] = {{"Buttons.AutomationRead", Look::kAutomationRead},
-                                                   {"Buttons.AutomationTouch", Look::kAutomationTouch},
-                                                   {"Buttons.AutomationLatch", Look::kAutomationLatch},
-                                                   {"Buttons.AutomationWrite", Look::kAutomationWrite}};
+constexpr AutomationColor kAutomationColors[] = {{"Buttons.AutomationRead", Look::kAutomationRead},
+                                                 {"Buttons.AutomationTouch", Look::kAutomationTouch},
+                                                 {"Buttons.AutomationLatch", Look::kAutomationLatch},
+                                                 {"Buttons.AutomationWrite", Look::kAutomationWrite}};
 
 /// A circle with a bar through its open top: the power switch of a plug-in.
-Ref<NSImage> powerSymbol(NSColor colour) {
+Ref<NSImage> powerSymbol(NSColor color) {
   return screenImage({kSymbolSize, kSymbolSize}, [&](CGContextRef context) {
     const Painter painter(context);
     constexpr double kMiddle = kSymbolSize / 2;
-    painter.arc({kMiddle, kMiddle - 0.4}, 2.7, 50, -230, colour, 1.1);
-    painter.line({kMiddle, kMiddle + 0.1}, {kMiddle, kMiddle + 3.2}, colour, 1.1);
+    painter.arc({kMiddle, kMiddle - 0.4}, 2.7, 50, -230, color, 1.1);
+    painter.line({kMiddle, kMiddle + 0.1}, {kMiddle, kMiddle + 3.2}, color, 1.1);
   });
 }
 
@@ -54,9 +54,9 @@ void drawSeparator(const Painter& painter, CGRect rect, double x) {
 }
 
 /// Two small arrow heads: a menu opens here.
-void drawMenuArrow(const Painter& painter, CGPoint middle, NSColor colour) {
+void drawMenuArrow(const Painter& painter, CGPoint middle, NSColor color) {
   CGContextRef context = painter.context();
-  CGContextSetFillColorWithColor(context, colour.CGColor());
+  CGContextSetFillColorWithColor(context, color.CGColor());
   for (const double up : {1.0, -1.0}) {
     CGContextBeginPath(context);
     CGContextMoveToPoint(context, middle.x - 2, middle.y + up * 1.2);
@@ -106,22 +106,22 @@ void MAButtonNode::setMode(ButtonMode newMode) {
   applyForeground();
 }
 
-void MAButtonNode::setForegroundColor(NSColor colour) {
-  foregroundColor = colour;
+void MAButtonNode::setForegroundColor(NSColor color) {
+  foregroundColor = color;
   call<"setNeedsUpdateContents:">(self, BOOL(1));
 }
 
-void MAButtonNode::applyForeground() { call<"setForegroundColor:">(self, ownColour()); }
+void MAButtonNode::applyForeground() { call<"setForegroundColor:">(self, ownColor()); }
 
-NSColor MAButtonNode::ownColour() {
+NSColor MAButtonNode::ownColor() {
   const MANode& node = stateOf<MANode>(self);
   const std::string path = toStdString(node.assetSetPath);
   if (path == kEmpty) return look(Look::kEmptySlotTitle);
   if (mode == ButtonMode::kLowLatency) return look(Look::kTitleLowLatency);
   if (mode == ButtonMode::kDimmed) return look(Look::kTitleDimmed);
   if (node.state == 0) return look(Look::kTitleOff);
-  for (const AutomationColour& row : kAutomationColours) {
-    if (row.path == path) return look(row.colour);
+  for (const AutomationColor& row : kAutomationColors) {
+    if (row.path == path) return look(row.color);
   }
   return look(Look::kTitleOn);
 }
@@ -139,11 +139,11 @@ NSObject MAButtonNode::attributedTitleForState(NSInteger /*state*/) {
   if (node.name->isEqualToString(literal<"masteringAssistant">())) return node.title;
   const std::string path = toStdString(node.assetSetPath);
   const bool insert = path.starts_with(kInserts);
-  const NSColor colour = insert ? ownColour() : call<"foregroundColor", NSColor>(self);
+  const NSColor color = insert ? ownColor() : call<"foregroundColor", NSColor>(self);
   const bool narrow = call<"numberOfSegments", NSInteger>(self) > 1;
   const TextStyle style{.size = narrow ? 8.75 : 9.5, .weight = path == kEmpty ? 0 : NSFontWeightMedium};
   return autoreleased(
-      NSAttributedString::withString(node.title ? node.title.get() : literal<"">(), lineAttributes(colour, style)));
+      NSAttributedString::withString(node.title ? node.title.get() : literal<"">(), lineAttributes(color, style)));
 }
 
 NSImage MAButtonNode::imageForState(NSInteger part) {
@@ -171,13 +171,13 @@ void MAButtonNode::drawRect(CGRect rect, CGContextRef context) {
   const Painter painter(context);
   const NSInteger segments = call<"numberOfSegments", NSInteger>(self);
   CGRect room = rect.insetBy(segments == 1 ? 4 : 2, 0);
-  const auto colour = call<"foregroundColor", NSColor>(self);
+  const auto color = call<"foregroundColor", NSColor>(self);
   if (segments > 2) {
     const auto symbol = call<"imageForState:", NSImage>(self, kLeftSymbol);
     const CGSize size = symbol.size();
     if (symbol) {
-      painter.image(symbol, CGRectMake(rect.minX() + 2 + (kSymbolSize - size.width) / 2,
-                                       rect.midY() - size.height / 2, size.width, size.height));
+      painter.image(symbol, CGRectMake(rect.minX() + 2 + (kSymbolSize - size.width) / 2, rect.midY() - size.height / 2,
+                                       size.width, size.height));
     }
     drawSeparator(painter, rect, rect.minX() + kSymbolSegment);
     room = CGRectMake(rect.minX() + kSymbolSegment + 1, room.minY(), room.maxX() - rect.minX() - kSymbolSegment - 1,
@@ -185,12 +185,12 @@ void MAButtonNode::drawRect(CGRect rect, CGContextRef context) {
   }
   if (segments > 1) {
     drawSeparator(painter, rect, rect.maxX() - kArrowSegment);
-    drawMenuArrow(painter, {rect.maxX() - kArrowSegment / 2, rect.midY()}, colour);
+    drawMenuArrow(painter, {rect.maxX() - kArrowSegment / 2, rect.midY()}, color);
     room.size.width = rect.maxX() - kArrowSegment - room.minX();
   }
   const auto title = call<"attributedTitleForState:", NSObject>(self, stateOf<MANode>(self).state);
   if (const auto styled = as<NSAttributedString>(title)) return painter.text(styled, room);
-  painter.text(as<NSString>(title), room, colour, {.size = 9.5, .weight = NSFontWeightMedium});
+  painter.text(as<NSString>(title), room, color, {.size = 9.5, .weight = NSFontWeightMedium});
 }
 
 void defineMAButtonNode() {

@@ -25,7 +25,7 @@ struct MAButtonNode : cocoa::ObjectState {
   void setState(NSInteger state);
   void setHighlightState(NSInteger state);
   void setMode(ButtonMode newMode);
-  void setForegroundColor(NSColor colour);
+  void setForegroundColor(NSColor color);
   NSInteger numberOfSegments();
   /// An attributed string, or a plain one that is drawn in the foreground colour.
   NSObject attributedTitleForState(NSInteger state);
@@ -37,7 +37,7 @@ struct MAButtonNode : cocoa::ObjectState {
   void applyForeground();
 
  private:
-  NSColor ownColour();
+  NSColor ownColor();
   void drawBody(CGRect rect, CGContextRef context);
 };
 

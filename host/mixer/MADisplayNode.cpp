@@ -13,8 +13,8 @@ id MADisplayNode::init() {
   return self;
 }
 
-void MADisplayNode::setTextColor(NSColor colour) {
-  textColor = colour;
+void MADisplayNode::setTextColor(NSColor color) {
+  textColor = color;
   call<"setNeedsUpdateContents:">(self, BOOL(1));
 }
 

@@ -9,7 +9,7 @@ struct MADisplayNode : cocoa::ObjectState {
   cocoa::Ref<NSColor> textColor;
 
   id init();
-  void setTextColor(NSColor colour);
+  void setTextColor(NSColor color);
   void drawRect(CGRect rect, CGContextRef context);
 };
 

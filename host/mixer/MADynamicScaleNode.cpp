@@ -20,10 +20,10 @@ CFRef<CGImageRef> drawnScale(NSInteger type, CGSize size, double scale) {
     const double ticksFrom = std::ceil(columns.ticksFrom * scale) / scale;
     for (const ScaleMark& mark : scaleMarks(type)) {
       const bool zero = type == kVolumeScale && mark.position == kZeroDecibels;
-      const NSColor colour = look(zero ? Look::kScaleZero : Look::kScaleTick);
+      const NSColor color = look(zero ? Look::kScaleZero : Look::kScaleTick);
       const double y = markHeight(type, mark.position, size.height);
-      painter.fill(CGRectMake(ticksFrom, y, size.width - ticksFrom, 1), colour);
-      painter.text(mark.label, CGRectMake(0, y - 5, columns.numbersTo, 11), colour,
+      painter.fill(CGRectMake(ticksFrom, y, size.width - ticksFrom, 1), color);
+      painter.text(mark.label, CGRectMake(0, y - 5, columns.numbersTo, 11), color,
                    {.size = 7, .alignment = TextAlignment::kRight});
     }
   });

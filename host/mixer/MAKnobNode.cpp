@@ -13,12 +13,12 @@ constexpr double kRingInset = 2.5;
 constexpr double kRingWidth = 3.5;
 constexpr double kRadians = std::numbers::pi / 180;
 
-void strokeArc(const Painter& painter, CGRect rect, double fromDegrees, double toDegrees, NSColor colour) {
+void strokeArc(const Painter& painter, CGRect rect, double fromDegrees, double toDegrees, NSColor color) {
   CGContextRef context = painter.context();
   const CGRect ring = CGRectInset(rect, kRingInset, kRingInset);
   CGContextSaveGState(context);
   CGContextSetLineWidth(context, kRingWidth);
-  CGContextSetStrokeColorWithColor(context, colour.CGColor());
+  CGContextSetStrokeColorWithColor(context, color.CGColor());
   CGContextBeginPath(context);
   CGContextAddArc(context, ring.midX(), ring.midY(), ring.size.width / 2, fromDegrees * kRadians, toDegrees * kRadians,
                   0);
@@ -32,13 +32,13 @@ namespace knob {
 
 double angleAt(double value) { return kFirst + kSweep * (1 - value); }
 
-void drawRing(const Painter& painter, CGRect rect, NSColor colour) {
-  strokeArc(painter, rect, kFirst, kFirst + kSweep, colour);
+void drawRing(const Painter& painter, CGRect rect, NSColor color) {
+  strokeArc(painter, rect, kFirst, kFirst + kSweep, color);
 }
 
-void drawArc(const Painter& painter, CGRect rect, double from, double to, NSColor colour) {
+void drawArc(const Painter& painter, CGRect rect, double from, double to, NSColor color) {
   constexpr double kShortest = 0.004;
-  if (to - from > kShortest) strokeArc(painter, rect, angleAt(to), angleAt(from), colour);
+  if (to - from > kShortest) strokeArc(painter, rect, angleAt(to), angleAt(from), color);
 }
 
 CGRect discOf(CGRect rect) {
@@ -116,9 +116,9 @@ void MAShapeNode::drawRect(CGRect rect, CGContextRef context) {
   const NSObject parent = stateOf<MANode>(self).parent;
   const MAKnobNode* control = stateIfKind<MAKnobNode>(parent);
   if (control == nullptr) return;
-  const auto colour = call<"fillColor", NSColor>(parent);
+  const auto color = call<"fillColor", NSColor>(parent);
   knob::drawArc(Painter(context), rect, std::min(control->value, control->neutral),
-                std::max(control->value, control->neutral), colour);
+                std::max(control->value, control->neutral), color);
 }
 
 id RotaryCapNode::init() {

@@ -58,9 +58,9 @@ inline constexpr double kFirst = -65;
 double angleAt(double value);
 
 /// The ring behind a value.
-void drawRing(const Painter& painter, CGRect rect, NSColor colour);
+void drawRing(const Painter& painter, CGRect rect, NSColor color);
 /// The part of the ring between two values.
-void drawArc(const Painter& painter, CGRect rect, double from, double to, NSColor colour);
+void drawArc(const Painter& painter, CGRect rect, double from, double to, NSColor color);
 /// The disc of a cap on a control of that size.
 CGRect discOf(CGRect rect);
 /// A layer that lies where its frame says whatever the frame's size.

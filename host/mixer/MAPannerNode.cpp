@@ -122,9 +122,9 @@ NSColor MAStereoPannerSpreadNode::fillColor() {
 void MAStereoPannerSpreadNode::drawRect(CGRect rect, CGContextRef context) {
   const MAStereoPannerNode* panner = stateIfKind<MAStereoPannerNode>(stateOf<MANode>(self).parent);
   if (panner == nullptr) return;
-  const auto colour = call<"fillColor", NSColor>(self);
+  const auto color = call<"fillColor", NSColor>(self);
   knob::drawArc(Painter(context), rect, std::max(0.0, panner->value - panner->spread / 2),
-                std::min(1.0, panner->value + panner->spread / 2), colour);
+                std::min(1.0, panner->value + panner->spread / 2), color);
 }
 
 id MAPlanarPannerNode::init() {

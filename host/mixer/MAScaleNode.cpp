@@ -27,15 +27,15 @@ NSObject infinityTick(Class cls, NSInteger type, CGColorRef color, CGColorRef hi
 
 NSObject tickFor(const ScaleMark& mark, NSInteger scaleType) {
   const bool zero = scaleType == kVolumeScale && mark.position == kZeroDecibels;
-  const CGColorRef colour = look(zero ? Look::kScaleZero : Look::kScaleTick).CGColor();
+  const CGColorRef color = look(zero ? Look::kScaleZero : Look::kScaleTick).CGColor();
   const Class cls = classNamed("MAScaleTick");
   const NSString label = string(mark.label);
   const NSInteger type = mark.type;
   if (mark.type == kInfinityTick) {
     return call<"scaleInfinityTickWithType:color:highlightedColor:defaultYPosition:label:", NSObject>(
-        cls, type, colour, colour, mark.position, label);
+        cls, type, color, color, mark.position, label);
   }
-  return call<"scaleTickWithType:color:highlightedColor:defaultYPosition:label:", NSObject>(cls, type, colour, colour,
+  return call<"scaleTickWithType:color:highlightedColor:defaultYPosition:label:", NSObject>(cls, type, color, color,
                                                                                             mark.position, label);
 }
 
@@ -68,9 +68,9 @@ void MAScaleNode::drawRect(CGRect rect, CGContextRef context) {
   for (const NSObject each : items(largeScaleTicks)) {
     const MAScaleTick& tick = stateOf<MAScaleTick>(each);
     const double y = markHeight(type, tick.defaultYPosition, rect.size.height);
-    const CGColorRef colour = highlighted ? tick.highlightedColor : tick.color;
+    const CGColorRef color = highlighted ? tick.highlightedColor : tick.color;
     painter.fill(CGRectMake(columns.ticksFrom, y, rect.size.width - columns.ticksFrom, 1),
-                 NSColor::colorWithCGColor(colour));
+                 NSColor::colorWithCGColor(color));
     painter.text(tick.label, CGRectMake(0, y - 5, columns.numbersTo, 11), numbers,
                  {.size = 7, .alignment = TextAlignment::kRight});
   }

@@ -24,11 +24,11 @@ Look bodyFor(const std::string& name) {
   return Look::kSymbolOff;
 }
 
-void drawDisclosure(const Painter& painter, CGRect rect, NSColor colour) {
+void drawDisclosure(const Painter& painter, CGRect rect, NSColor color) {
   const double x = rect.midX();
   const double y = rect.midY();
   CGContextRef context = painter.context();
-  CGContextSetFillColorWithColor(context, colour.CGColor());
+  CGContextSetFillColorWithColor(context, color.CGColor());
   CGContextBeginPath(context);
   CGContextMoveToPoint(context, x - 2.5, y + 4);
   CGContextAddLineToPoint(context, x + 3.5, y);
@@ -55,8 +55,8 @@ void MASymbolButtonNode::setState(NSInteger state) {
   if (changes) applySymbol();
 }
 
-void MASymbolButtonNode::setForegroundColor(NSColor colour) {
-  foregroundColor = colour;
+void MASymbolButtonNode::setForegroundColor(NSColor color) {
+  foregroundColor = color;
   call<"setNeedsUpdateContents:">(self, BOOL(1));
 }
 
@@ -67,12 +67,12 @@ void MASymbolButtonNode::setSymbol(NSAttributedString glyph) {
 
 void MASymbolButtonNode::applySymbol() {
   const MANode& node = stateOf<MANode>(self);
-  const Look colour = node.state == kOn         ? Look::kSymbolTextOn
-                      : node.state == kBlinking ? bodyFor(toStdString(node.name))
-                                                : Look::kSymbolText;
+  const Look color = node.state == kOn         ? Look::kSymbolTextOn
+                     : node.state == kBlinking ? bodyFor(toStdString(node.name))
+                                               : Look::kSymbolText;
   const TextStyle style{.size = node.frame.size.width > kWide ? 9.0 : 10.0, .weight = NSFontWeightSemibold};
   const NSString letter = node.title ? node.title.get() : literal<"">();
-  call<"setSymbol:">(self, autoreleased(NSAttributedString::withString(letter, lineAttributes(look(colour), style))));
+  call<"setSymbol:">(self, autoreleased(NSAttributedString::withString(letter, lineAttributes(look(color), style))));
 }
 
 void MASymbolButtonNode::drawRect(CGRect rect, CGContextRef context) {

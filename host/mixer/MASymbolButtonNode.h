@@ -16,7 +16,7 @@ struct MASymbolButtonNode : cocoa::ObjectState {
 
   id init();
   void setState(NSInteger state);
-  void setForegroundColor(NSColor colour);
+  void setForegroundColor(NSColor color);
   void setSymbol(NSAttributedString glyph);
   void drawRect(CGRect rect, CGContextRef context);
 

@@ -12,13 +12,13 @@ id MATextNode::init() {
   return self;
 }
 
-void MATextNode::setForegroundColor(NSColor colour) {
-  foregroundColor = colour;
+void MATextNode::setForegroundColor(NSColor color) {
+  foregroundColor = color;
   call<"setNeedsUpdateContents:">(self, BOOL(1));
 }
 
-void MATextNode::setBackgroundColor(NSColor colour) {
-  backgroundColor = colour;
+void MATextNode::setBackgroundColor(NSColor color) {
+  backgroundColor = color;
   call<"setNeedsDisplay:">(self, BOOL(1));
 }
 

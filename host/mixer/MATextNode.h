@@ -12,8 +12,8 @@ struct MATextNode : cocoa::ObjectState {
   TextStyle style;
 
   id init();
-  void setForegroundColor(NSColor colour);
-  void setBackgroundColor(NSColor colour);
+  void setForegroundColor(NSColor color);
+  void setBackgroundColor(NSColor color);
   void updatePresentationObject(NSObject presentation, NSObject view);
   void drawRect(CGRect rect, CGContextRef context);
 };

@@ -7,7 +7,7 @@ using namespace cocoa;
 
 /// How many element switches a strip set-up lists, and which of them shows track colours.
 constexpr NSUInteger kElements = 48;
-constexpr NSUInteger kTrackColourElement = 44;
+constexpr NSUInteger kTrackColorElement = 44;
 
 /// The strip set-up that the host would save: a switch per element.
 NSDictionary createSaveConfigDict(Class /*self*/, NSObject window) {
@@ -15,7 +15,7 @@ NSDictionary createSaveConfigDict(Class /*self*/, NSObject window) {
   if (mixer == nullptr) return {};
   const auto switches = NSMutableArray::array();
   for (NSUInteger i = 0; i < kElements; ++i) {
-    switches.addObject(NSNumber::numberWithBool(i != kTrackColourElement || mixer->showsTrackColours));
+    switches.addObject(NSNumber::numberWithBool(i != kTrackColorElement || mixer->showsTrackColors));
   }
   const auto config = NSMutableDictionary::dictionary();
   config.setObject(switches, literal<"isMixThing">());
@@ -26,10 +26,9 @@ struct ChannelStripConfigController : ObjectState {};
 
 }  // namespace
 
-NSColor trackColour(const Track& track) {
-  if (!track.colour) return {};
-  return NSColor::colorWithSRGBRed(track.colour->red / 255.0, track.colour->green / 255.0, track.colour->blue / 255.0,
-                                   1);
+NSColor trackColor(const Track& track) {
+  if (!track.color) return {};
+  return NSColor::colorWithSRGBRed(track.color->red / 255.0, track.color->green / 255.0, track.color->blue / 255.0, 1);
 }
 
 NSInteger CLgMixerDataSource::typeOfStrip(NSObject strip) {
@@ -39,7 +38,7 @@ NSInteger CLgMixerDataSource::typeOfStrip(NSObject strip) {
 
 NSColor CLgMixerDataSource::colorOfStrip(NSObject strip, BOOL /*highlighted*/) {
   const CLgChannelStrip* represented = stateIfKind<CLgChannelStrip>(strip);
-  return represented == nullptr ? NSColor() : trackColour(*represented->track);
+  return represented == nullptr ? NSColor() : trackColor(*represented->track);
 }
 
 void defineMixerData() {

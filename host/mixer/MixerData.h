@@ -27,11 +27,11 @@ struct CLgMixerContentsController : cocoa::ObjectState {
 
 /// The mixer window as the set-up of its strips knows it.
 struct CLgMixerWindow : cocoa::ObjectState {
-  bool showsTrackColours = true;
+  bool showsTrackColors = true;
 };
 
 /// The track colour of a track, or nil.
-NSColor trackColour(const Track& track);
+NSColor trackColor(const Track& track);
 
 void defineMixerData();
 

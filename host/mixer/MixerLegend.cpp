@@ -52,12 +52,12 @@ void drawScale(const Song& song, CGContextRef context) {
   const double fader = faderHeight(song);
   const double zero = markHeight(kVolumeScale, kZeroDecibels, fader);
   for (const ScaleMark& mark : scaleMarks(kVolumeScale)) {
-    const NSColor colour = look(mark.position == kZeroDecibels ? Look::kScaleZero : Look::kScaleTick);
+    const NSColor color = look(mark.position == kZeroDecibels ? Look::kScaleZero : Look::kScaleTick);
     const double above = (markHeight(kVolumeScale, mark.position, fader) - zero) * kShrunk;
     // From the bottom, two pixels high. The lowest mark is moved into the picture.
     const double y = std::max(kLowestMark, picture.height - picture.zero + above - 1);
-    painter.fill(CGRectMake(kScaleWidth - kScaleTicks + 3, y, kScaleTicks - 5, 2), colour);
-    painter.text(mark.label, CGRectMake(0, y - 9, kScaleWidth - kScaleTicks - 4, 20), colour,
+    painter.fill(CGRectMake(kScaleWidth - kScaleTicks + 3, y, kScaleTicks - 5, 2), color);
+    painter.text(mark.label, CGRectMake(0, y - 9, kScaleWidth - kScaleTicks - 4, 20), color,
                  {.size = 15, .alignment = TextAlignment::kRight});
   }
 }

@@ -39,7 +39,7 @@ MixerStrips::MixerStrips(const Song& song, const std::vector<std::size_t>& track
   controller.song = &song;
   controller.contentsController = contentsController_;
   controller.mixerFENSTER = newObject("CLgMixerWindow");
-  stateOf<CLgMixerWindow>(controller.mixerFENSTER).showsTrackColours = song.trackColours;
+  stateOf<CLgMixerWindow>(controller.mixerFENSTER).showsTrackColors = song.trackColors;
   if (song.faderLength != FaderLength::kMedium) {
     delegate_ = newObject("CLgMixerSetup");
     stateOf<CLgMixerSetup>(delegate_).longFaders = song.faderLength == FaderLength::kLong;

@@ -60,7 +60,7 @@ void MixerWindow::setLevels(std::size_t strip, const std::array<double, 2>& leve
 void MixerWindow::setPeak(std::size_t strip, double level) const {
   const NSObject display = section(strip, "peak");
   call<"setTitle:">(display, string(decibels(level)));
-  call<"setTextColor:">(display, peakColour(level));
+  call<"setTextColor:">(display, peakColor(level));
 }
 
 void MixerWindow::setVolume(std::size_t strip, double level) const {

@@ -33,8 +33,8 @@ class CurrentContext {
 
 }  // namespace
 
-void Painter::fill(CGRect rect, NSColor colour) const {
-  CGContextSetFillColorWithColor(context_, colour.CGColor());
+void Painter::fill(CGRect rect, NSColor color) const {
+  CGContextSetFillColorWithColor(context_, color.CGColor());
   CGContextFillRect(context_, rect);
 }
 
@@ -45,15 +45,15 @@ void Painter::addRounded(CGRect rect, double radius) const {
   CGContextAddPath(context_, path);
 }
 
-void Painter::fillRounded(CGRect rect, double radius, NSColor colour) const {
+void Painter::fillRounded(CGRect rect, double radius, NSColor color) const {
   addRounded(rect, radius);
-  CGContextSetFillColorWithColor(context_, colour.CGColor());
+  CGContextSetFillColorWithColor(context_, color.CGColor());
   CGContextFillPath(context_);
 }
 
-void Painter::strokeRounded(CGRect rect, double radius, NSColor colour, double width) const {
+void Painter::strokeRounded(CGRect rect, double radius, NSColor color, double width) const {
   addRounded(rect, radius);
-  CGContextSetStrokeColorWithColor(context_, colour.CGColor());
+  CGContextSetStrokeColorWithColor(context_, color.CGColor());
   CGContextSetLineWidth(context_, width);
   CGContextStrokePath(context_);
 }
@@ -82,19 +82,19 @@ void Painter::body(CGRect rect, double radius, NSColor top, NSColor bottom, NSCo
                                          std::max(0.0, inner.size.width - 2 * (radius - 1)), 1));
 }
 
-void Painter::fillEllipse(CGRect rect, NSColor colour) const {
-  CGContextSetFillColorWithColor(context_, colour.CGColor());
+void Painter::fillEllipse(CGRect rect, NSColor color) const {
+  CGContextSetFillColorWithColor(context_, color.CGColor());
   CGContextFillEllipseInRect(context_, rect);
 }
 
-void Painter::strokeEllipse(CGRect rect, NSColor colour, double width) const {
-  CGContextSetStrokeColorWithColor(context_, colour.CGColor());
+void Painter::strokeEllipse(CGRect rect, NSColor color, double width) const {
+  CGContextSetStrokeColorWithColor(context_, color.CGColor());
   CGContextSetLineWidth(context_, width);
   CGContextStrokeEllipseInRect(context_, rect);
 }
 
-void Painter::line(CGPoint from, CGPoint to, NSColor colour, double width) const {
-  CGContextSetStrokeColorWithColor(context_, colour.CGColor());
+void Painter::line(CGPoint from, CGPoint to, NSColor color, double width) const {
+  CGContextSetStrokeColorWithColor(context_, color.CGColor());
   CGContextSetLineWidth(context_, width);
   CGContextSetLineCap(context_, kCGLineCapRound);
   CGContextBeginPath(context_);
@@ -103,10 +103,10 @@ void Painter::line(CGPoint from, CGPoint to, NSColor colour, double width) const
   CGContextStrokePath(context_);
 }
 
-void Painter::arc(CGPoint centre, double radius, double fromDegrees, double toDegrees, NSColor colour,
+void Painter::arc(CGPoint centre, double radius, double fromDegrees, double toDegrees, NSColor color,
                   double width) const {
   constexpr double kRadians = std::numbers::pi / 180;
-  CGContextSetStrokeColorWithColor(context_, colour.CGColor());
+  CGContextSetStrokeColorWithColor(context_, color.CGColor());
   CGContextSetLineWidth(context_, width);
   CGContextSetLineCap(context_, kCGLineCapRound);
   CGContextBeginPath(context_);
@@ -114,16 +114,16 @@ void Painter::arc(CGPoint centre, double radius, double fromDegrees, double toDe
   CGContextStrokePath(context_);
 }
 
-void Painter::text(std::string_view text, CGRect rect, NSColor colour, const TextStyle& style) const {
-  this->text(string(text), rect, colour, style);
+void Painter::text(std::string_view text, CGRect rect, NSColor color, const TextStyle& style) const {
+  this->text(string(text), rect, color, style);
 }
 
-void Painter::text(NSString text, CGRect rect, NSColor colour, const TextStyle& style) const {
+void Painter::text(NSString text, CGRect rect, NSColor color, const TextStyle& style) const {
   if (text.length() == 0) return;
   const NSFont font = NSFont::systemFontOfSize(style.size, style.weight);
   const auto attributes = NSMutableDictionary::dictionary();
   attributes.setObject(font, NSFontAttributeName);
-  attributes.setObject(colour, NSForegroundColorAttributeName);
+  attributes.setObject(color, NSForegroundColorAttributeName);
   const CGSize size = call<"sizeWithAttributes:", CGSize>(text, attributes);
   double x = rect.minX();
   if (style.alignment == TextAlignment::kCentre) x += std::max(0.0, (rect.size.width - size.width) / 2);
@@ -152,21 +152,21 @@ void Painter::image(NSImage image, CGRect rect) const {
   image.drawInRect(rect, {}, NSCompositingOperationSourceOver, 1);
 }
 
-NSMutableDictionary textAttributes(NSColor colour, double size, double weight, NSTextAlignment alignment) {
+NSMutableDictionary textAttributes(NSColor color, double size, double weight, NSTextAlignment alignment) {
   const auto style = make<NSMutableParagraphStyle>();
   style->setAlignment(alignment);
   style->setLineBreakMode(NSLineBreakByTruncatingTail);
   const auto attributes = NSMutableDictionary::dictionary();
   attributes.setObject(NSFont::systemFontOfSize(size, weight), NSFontAttributeName);
-  attributes.setObject(colour, NSForegroundColorAttributeName);
+  attributes.setObject(color, NSForegroundColorAttributeName);
   attributes.setObject(style.get(), NSParagraphStyleAttributeName);
   return attributes;
 }
 
-NSMutableDictionary lineAttributes(NSColor colour, const TextStyle& style) {
-  return textAttributes(colour, style.size, style.weight, NSTextAlignmentCenter);
+NSMutableDictionary lineAttributes(NSColor color, const TextStyle& style) {
+  return textAttributes(color, style.size, style.weight, NSTextAlignmentCenter);
 }
 
-NSColor faded(NSColor colour, double alpha) { return colour.colorWithAlphaComponent(alpha); }
+NSColor faded(NSColor color, double alpha) { return color.colorWithAlphaComponent(alpha); }
 
 }  // namespace host

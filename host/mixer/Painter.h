@@ -21,20 +21,20 @@ class Painter {
  public:
   explicit Painter(CGContextRef context, bool flipped = false) : context_(context), flipped_(flipped) {}
 
-  void fill(CGRect rect, NSColor colour) const;
-  void fillRounded(CGRect rect, double radius, NSColor colour) const;
-  void strokeRounded(CGRect rect, double radius, NSColor colour, double width) const;
+  void fill(CGRect rect, NSColor color) const;
+  void fillRounded(CGRect rect, double radius, NSColor color) const;
+  void strokeRounded(CGRect rect, double radius, NSColor color, double width) const;
   /// A rounded body lit from above, with an edge and a highlight along its top: how every button looks.
   void body(CGRect rect, double radius, NSColor top, NSColor bottom, NSColor edge) const;
   void verticalGradient(CGRect rect, double radius, NSColor top, NSColor bottom) const;
-  void fillEllipse(CGRect rect, NSColor colour) const;
-  void strokeEllipse(CGRect rect, NSColor colour, double width) const;
-  void line(CGPoint from, CGPoint to, NSColor colour, double width) const;
+  void fillEllipse(CGRect rect, NSColor color) const;
+  void strokeEllipse(CGRect rect, NSColor color, double width) const;
+  void line(CGPoint from, CGPoint to, NSColor color, double width) const;
   /// An arc with round ends; angles in degrees, counter-clockwise from the positive x axis, drawn clockwise.
-  void arc(CGPoint centre, double radius, double fromDegrees, double toDegrees, NSColor colour, double width) const;
+  void arc(CGPoint centre, double radius, double fromDegrees, double toDegrees, NSColor color, double width) const;
   /// One line of text, centred vertically in the rectangle; what does not fit is cut off.
-  void text(std::string_view text, CGRect rect, NSColor colour, const TextStyle& style) const;
-  void text(NSString text, CGRect rect, NSColor colour, const TextStyle& style) const;
+  void text(std::string_view text, CGRect rect, NSColor color, const TextStyle& style) const;
+  void text(NSString text, CGRect rect, NSColor color, const TextStyle& style) const;
   /// The same for text that brings its own colour and font.
   void text(NSAttributedString text, CGRect rect) const;
   /// The same on the lower edge of the rectangle.
@@ -50,13 +50,13 @@ class Painter {
 };
 
 /// The attributes of one line of text, shortened to fit its rectangle.
-NSMutableDictionary textAttributes(NSColor colour, double size, double weight,
+NSMutableDictionary textAttributes(NSColor color, double size, double weight,
                                    NSTextAlignment alignment = NSTextAlignmentLeft);
 
 /// The same, centred between the sides of the rectangle.
-NSMutableDictionary lineAttributes(NSColor colour, const TextStyle& style);
+NSMutableDictionary lineAttributes(NSColor color, const TextStyle& style);
 
 /// The look's colour at another alpha.
-NSColor faded(NSColor colour, double alpha);
+NSColor faded(NSColor color, double alpha);
 
 }  // namespace host

@@ -149,7 +149,7 @@ const char* labelOf(const Track& track) {
   return "Other";
 }
 
-bool isBright(SongColour colour) { return colour.red * 299 + colour.green * 587 + colour.blue * 114 > 105'000; }
+bool isBright(SongColor color) { return color.red * 299 + color.green * 587 + color.blue * 114 > 105'000; }
 
 /// Puts one strip together, section by section.
 class StripBuilder {
@@ -414,7 +414,7 @@ class StripBuilder {
     const NSObject peak =
         add("MADisplayNode", "peak", lifted(CGRectMake(kMargin + half + 2, kReadoutY, half, kReadoutHeight)),
             decibels(track_.peak));
-    call<"setTextColor:">(peak, peakColour(track_.peak));
+    call<"setTextColor:">(peak, peakColor(track_.peak));
     addScale("volumeScale", lengthened(kVolumeMarks), kVolumeScale);
     const NSObject fader = add("MAFaderNode", "volumeFader", lengthened(kFader));
     call<"setFaderMode:">(fader, static_cast<NSInteger>(track_.faderMode));
@@ -473,21 +473,21 @@ class StripBuilder {
   }
   /// Audio, instrument, folder and output strips colour their name; the others leave it to the data source.
   void addName() {
-    const bool coloured = track_.colour && song_.trackColours;
+    const bool colored = track_.color && song_.trackColors;
     const bool leftToDataSource = track_.type == StripType::kAux || track_.type == StripType::kBus;
     const NSColor text =
-        look(coloured && !leftToDataSource && isBright(*track_.colour) ? Look::kNameTextOnColour : Look::kNameText);
+        look(colored && !leftToDataSource && isBright(*track_.color) ? Look::kNameTextOnColor : Look::kNameText);
     const NSObject name = addText("name", kName, track_.name, text, {.size = 10.5, .weight = 0.3});
     if (leftToDataSource) {
       call<"setBackgroundColor:">(name, NSColor());
-    } else if (coloured) {
-      call<"setBackgroundColor:">(name, trackColour(track_));
+    } else if (colored) {
+      call<"setBackgroundColor:">(name, trackColor(track_));
     }
   }
-  NSObject addText(const char* name, CGRect frame, std::string_view text, NSColor colour, TextStyle style) {
+  NSObject addText(const char* name, CGRect frame, std::string_view text, NSColor color, TextStyle style) {
     const NSObject made = add("MATextNode", name, frame, text);
     stateOf<MATextNode>(made).style = style;
-    call<"setForegroundColor:">(made, colour);
+    call<"setForegroundColor:">(made, color);
     call<"setBackgroundColor:">(made, look(stripLook().background));
     return made;
   }
@@ -527,7 +527,7 @@ void showPlugIn(NSObject button, const PlugInSlot& slot) {
   state.applyForeground();
 }
 
-NSColor peakColour(double decibels) {
+NSColor peakColor(double decibels) {
   return look(decibels >= 0 ? Look::kPeakMaximum : decibels > -3 ? Look::kPeakWarning : Look::kPeakNormal);
 }
 

@@ -37,6 +37,6 @@ std::string signedNumber(double value);
 
 /// How a level in dB is written, and the colour of a peak of that level.
 std::string decibels(double value);
-NSColor peakColour(double decibels);
+NSColor peakColor(double decibels);
 
 }  // namespace host

@@ -17,23 +17,23 @@ void drawFolder(const Painter& painter) {
   painter.fill(CGRectMake(2.5, 10, 11, 0.8), faded(NSColor::whiteColor(), 0.35));
 }
 
-void drawWave(const Painter& painter, double x, double width, double tallest, NSColor colour) {
+void drawWave(const Painter& painter, double x, double width, double tallest, NSColor color) {
   constexpr double kHeights[] = {0.3, 0.65, 1, 0.55, 0.8, 0.35};
   const double step = width / std::size(kHeights);
   for (const double height : kHeights) {
-    painter.fillRounded(CGRectMake(x, 8 - tallest * height / 2, step * 0.6, tallest * height), step * 0.3, colour);
+    painter.fillRounded(CGRectMake(x, 8 - tallest * height / 2, step * 0.6, tallest * height), step * 0.3, color);
     x += step;
   }
 }
 
-void drawTile(const Painter& painter, NSColor colour) { painter.fillRounded(CGRectMake(1.5, 1.5, 13, 13), 3, colour); }
+void drawTile(const Painter& painter, NSColor color) { painter.fillRounded(CGRectMake(1.5, 1.5, 13, 13), 3, color); }
 
-void drawNoteSign(const Painter& painter, NSColor colour) {
-  painter.fillEllipse(CGRectMake(4, 3.6, 3.8, 3), colour);
-  painter.fillEllipse(CGRectMake(9, 4.6, 3.8, 3), colour);
-  painter.line({7.3, 5.4}, {7.3, 11.2}, colour, 1);
-  painter.line({12.3, 6.4}, {12.3, 12.2}, colour, 1);
-  painter.line({7.3, 11.2}, {12.3, 12.2}, colour, 1.6);
+void drawNoteSign(const Painter& painter, NSColor color) {
+  painter.fillEllipse(CGRectMake(4, 3.6, 3.8, 3), color);
+  painter.fillEllipse(CGRectMake(9, 4.6, 3.8, 3), color);
+  painter.line({7.3, 5.4}, {7.3, 11.2}, color, 1);
+  painter.line({12.3, 6.4}, {12.3, 12.2}, color, 1);
+  painter.line({7.3, 11.2}, {12.3, 12.2}, color, 1.6);
 }
 
 void drawAudioFile(const Painter& painter) { drawWave(painter, 1.5, 13.5, 11, look(Look::kAudioIcon)); }
@@ -114,9 +114,9 @@ NSImage iconImage(Icon which) {
   return image;
 }
 
-void drawMagnifier(const Painter& painter, CGPoint centre, NSColor colour) {
-  painter.strokeEllipse(CGRectMake(centre.x - 4.5, centre.y - 2.5, 7, 7), colour, 1.3);
-  painter.line({centre.x + 1.6, centre.y - 1.6}, {centre.x + 4.6, centre.y - 4.6}, colour, 1.5);
+void drawMagnifier(const Painter& painter, CGPoint centre, NSColor color) {
+  painter.strokeEllipse(CGRectMake(centre.x - 4.5, centre.y - 2.5, 7, 7), color, 1.3);
+  painter.line({centre.x + 1.6, centre.y - 1.6}, {centre.x + 4.6, centre.y - 4.6}, color, 1.5);
 }
 
 Painter currentPainter() {

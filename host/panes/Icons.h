@@ -26,7 +26,7 @@ inline constexpr double kIconSize = 16;
 NSImage iconImage(Icon which);
 
 /// A magnifying glass, about 11 points wide.
-void drawMagnifier(const Painter& painter, CGPoint centre, NSColor colour);
+void drawMagnifier(const Painter& painter, CGPoint centre, NSColor color);
 
 /// The painter of what is drawn at the moment.
 Painter currentPainter();

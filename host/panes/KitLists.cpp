@@ -160,8 +160,8 @@ struct ImageAndTextCell : ObjectState {
 /// One line in the cell's own colour.
 struct BinTextFieldCell : ObjectState {
   void drawInterior(CGRect frame, NSView) {
-    const auto colour = call<"textColor", NSColor>(self);
-    drawText(NSCell(self).stringValue(), textAttributes(colour, 11, 0), frame.insetBy(5, 0));
+    const auto color = call<"textColor", NSColor>(self);
+    drawText(NSCell(self).stringValue(), textAttributes(color, 11, 0), frame.insetBy(5, 0));
   }
 };
 
@@ -208,14 +208,14 @@ void addColumn(NSTableView list, std::size_t place, const ListColumn& column) {
 
 /// Names and what else is read first are brighter than the rest.
 void setAttributes(NSObject cell, bool isFirst, NSTextAlignment alignment) {
-  const NSColor colour = look(isFirst ? Look::kListText : Look::kListTextDim);
+  const NSColor color = look(isFirst ? Look::kListText : Look::kListTextDim);
   if (cell.respondsToSelector(selector<"setAttributesBold:">())) {
     call<"setAttributesPlain:">(cell, textAttributes(look(Look::kListTextDim), 10, 0));
     call<"setAttributesBold:">(cell, textAttributes(look(Look::kListText), 10, NSFontWeightSemibold));
   } else if (cell.isKindOfClass(classNamed("BinTextFieldCell"))) {
-    call<"setTextColor:">(cell, colour);
+    call<"setTextColor:">(cell, color);
   } else if (cell.isKindOfClass(classNamed("MATextFieldCell"))) {
-    call<"setTextAttributes:">(cell, textAttributes(colour, 11, 0, alignment));
+    call<"setTextAttributes:">(cell, textAttributes(color, 11, 0, alignment));
   }
 }
 

@@ -17,7 +17,7 @@ struct MAPopUpButton : ObjectState {
 
   MAPopUpButtonCell& cell() { return stateOf<MAPopUpButtonCell>(NSControl(self).cell()); }
   NSColor titleColor() { return cell().titleColor; }
-  void setTitleColor(NSColor colour) { cell().setTitleColor(colour); }
+  void setTitleColor(NSColor color) { cell().setTitleColor(color); }
 };
 
 /// What stands on a bar: its title, and the sign of its menu.
@@ -51,11 +51,11 @@ struct MASplitView : ObjectState {
   }
 };
 
-struct NamedColour {
+struct NamedColor {
   std::string_view path;
   Look which;
 };
-constexpr NamedColour kNamedColours[] = {
+constexpr NamedColor kNamedColors[] = {
     {"Dark.menuArrows", Look::kMenuArrow},   {"Dark.text", Look::kListText},
     {"Dark.dimmedText", Look::kListTextDim}, {"Dark.background", Look::kPaneBackground},
     {"Dark.separator", Look::kPaneLine},
@@ -66,7 +66,7 @@ struct MAKitColor : ObjectState {};
 
 NSColor colorWithPath(Class /*cls*/, NSString path) {
   const std::string text = toStdString(path);
-  for (const NamedColour& named : kNamedColours) {
+  for (const NamedColor& named : kNamedColors) {
     if (named.path == text) return look(named.which);
   }
   return {};
@@ -88,22 +88,22 @@ id MAPopUpButtonCell::init() {
 
 void MAPopUpButtonCell::sendsOnFaderHackState(NSInteger /*state*/) { NSCell(self).controlView().setNeedsDisplay(true); }
 
-void MAPopUpButtonCell::setMenuArrowColor(NSColor colour) {
-  menuArrowColor = colour;
+void MAPopUpButtonCell::setMenuArrowColor(NSColor color) {
+  menuArrowColor = color;
   NSCell(self).controlView().setNeedsDisplay(true);
 }
 
-void MAPopUpButtonCell::setTitleColor(NSColor colour) {
-  titleColor = colour;
+void MAPopUpButtonCell::setTitleColor(NSColor color) {
+  titleColor = color;
   NSCell(self).controlView().setNeedsDisplay(true);
 }
 
 NSAttributedString MAPopUpButtonCell::attributedTitle() {
   const auto title = superSend<MAPopUpButtonCell, NSAttributedString>(self, selector<"attributedTitle">());
   if (!titleColor || title.length() == 0) return title;
-  const auto coloured = Ref<NSMutableAttributedString>::adopt(call<"mutableCopy", NSMutableAttributedString>(title));
-  coloured->addAttribute(NSForegroundColorAttributeName, titleColor, {0, title.length()});
-  return autoreleased(coloured);
+  const auto colored = Ref<NSMutableAttributedString>::adopt(call<"mutableCopy", NSMutableAttributedString>(title));
+  colored->addAttribute(NSForegroundColorAttributeName, titleColor, {0, title.length()});
+  return autoreleased(colored);
 }
 
 void MAPopUpButtonCell::drawInterior(CGRect frame, NSView view) {
@@ -113,9 +113,9 @@ void MAPopUpButtonCell::drawInterior(CGRect frame, NSView view) {
   const Painter painter = currentPainter();
   const double down = painter.isFlipped() ? 1 : -1;
   const CGPoint tip{frame.maxX() - 11, frame.midY() + down * 1.75};
-  const NSColor colour = menuArrowColor ? menuArrowColor.get() : look(Look::kMenuArrow);
-  painter.line({tip.x - 3.25, tip.y - down * 3.5}, tip, colour, 1.5);
-  painter.line(tip, {tip.x + 3.25, tip.y - down * 3.5}, colour, 1.5);
+  const NSColor color = menuArrowColor ? menuArrowColor.get() : look(Look::kMenuArrow);
+  painter.line({tip.x - 3.25, tip.y - down * 3.5}, tip, color, 1.5);
+  painter.line(tip, {tip.x + 3.25, tip.y - down * 3.5}, color, 1.5);
 }
 
 Ref<NSPopUpButton> newPopUpButton(const char* className, CGRect frame, std::initializer_list<std::string_view> items) {
@@ -173,18 +173,18 @@ Ref<NSView> newControlsView(CGRect frame, NSInteger type, std::string title) {
   return view;
 }
 
-Ref<NSTextField> newLabel(std::string_view text, CGRect frame, NSColor colour, double size, double weight) {
+Ref<NSTextField> newLabel(std::string_view text, CGRect frame, NSColor color, double size, double weight) {
   auto label = NSTextField::withFrame(frame);
   label->setFont(NSFont::systemFontOfSize(size, weight));
   call<"setLineBreakMode:">(label.get(), NSLineBreakByTruncatingTail);
-  label->setTextColor(colour);
+  label->setTextColor(color);
   label->setStringValue(string(text));
   return label;
 }
 
-Ref<NSBox> newBox(CGRect frame, NSColor colour, double cornerRadius) {
+Ref<NSBox> newBox(CGRect frame, NSColor color, double cornerRadius) {
   auto box = NSBox::withFrame(frame);
-  box->setFillColor(colour);
+  box->setFillColor(color);
   box->setCornerRadius(cornerRadius);
   return box;
 }

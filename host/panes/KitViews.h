@@ -20,8 +20,8 @@ struct MAPopUpButtonCell : cocoa::ObjectState {
 
   id init();
   void sendsOnFaderHackState(NSInteger state);
-  void setMenuArrowColor(NSColor colour);
-  void setTitleColor(NSColor colour);
+  void setMenuArrowColor(NSColor color);
+  void setTitleColor(NSColor color);
   NSAttributedString attributedTitle();
   void drawInterior(CGRect frame, NSView view);
 };
@@ -51,9 +51,9 @@ cocoa::Ref<NSView> newControlsView(CGRect frame, NSInteger type, std::string tit
 void drawTabs(CGRect bounds, const std::vector<std::string>& tabs, std::size_t selected);
 
 /// Text without a frame.
-cocoa::Ref<NSTextField> newLabel(std::string_view text, CGRect frame, NSColor colour, double size, double weight = 0);
+cocoa::Ref<NSTextField> newLabel(std::string_view text, CGRect frame, NSColor color, double size, double weight = 0);
 /// A rectangle of one colour.
-cocoa::Ref<NSBox> newBox(CGRect frame, NSColor colour, double cornerRadius = 0);
+cocoa::Ref<NSBox> newBox(CGRect frame, NSColor color, double cornerRadius = 0);
 
 /// A field to search by, that nothing was typed into.
 void addSearchField(NSView parent, CGRect place, std::string_view prompt, NSColor background, NSColor text);

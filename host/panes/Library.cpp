@@ -61,9 +61,9 @@ struct CLgLibraryViewController : ObjectState {
   void updateUI(NSObject /*dataSource*/) {
     const Patch& chosen = kPatches[patch];
     headerTitle->setStringValue(string(chosen.name));
-    headerTitle->setTextColor(catalogueColour(Look::kLibraryTitle));
+    headerTitle->setTextColor(catalogueColor(Look::kLibraryTitle));
     subtitle->setStringValue(string(chosen.kind));
-    subtitle->setTextColor(catalogueColour(Look::kLibraryText));
+    subtitle->setTextColor(catalogueColor(Look::kLibraryText));
     soundPacks->selectItemAtIndex(0);
     soundPacks->selectedItem().setAttributedTitle({});
     soundPacks->setContentTintColor(
@@ -78,20 +78,20 @@ struct CLgLibraryViewController : ObjectState {
 
 void addHeader(NSView view, CGRect place, CLgLibraryViewController& controller) {
   constexpr double kPicture = 72;
-  view.addSubview(newBox(place, catalogueColour(Look::kLibraryHeader)));
+  view.addSubview(newBox(place, catalogueColor(Look::kLibraryHeader)));
   view.addSubview(
-      newBox(CGRectMake(place.minX(), place.minY(), place.size.width, 1), catalogueColour(Look::kLibrarySeparator)));
+      newBox(CGRectMake(place.minX(), place.minY(), place.size.width, 1), catalogueColor(Look::kLibrarySeparator)));
   const CGRect picture = CGRectMake(place.minX() + 12, place.midY() - kPicture / 2, kPicture, kPicture);
-  const Ref<NSBox> frame = newBox(picture, catalogueColour(Look::kLibraryPicture), 8);
+  const Ref<NSBox> frame = newBox(picture, catalogueColor(Look::kLibraryPicture), 8);
   view.addSubview(frame);
   controller.picture = newView("CLgLibraryPictureView", {{}, picture.size});
   frame->addSubview(controller.picture);
   const double left = picture.maxX() + 12;
   const double width = place.maxX() - left - 10;
   controller.headerTitle = newLabel("", CGRectMake(left, picture.maxY() - 24, width, 20),
-                                    catalogueColour(Look::kLibraryTitle), 15, NSFontWeightSemibold);
+                                    catalogueColor(Look::kLibraryTitle), 15, NSFontWeightSemibold);
   controller.subtitle =
-      newLabel("", CGRectMake(left, picture.maxY() - 42, width, 15), catalogueColour(Look::kLibraryText), 11);
+      newLabel("", CGRectMake(left, picture.maxY() - 42, width, 15), catalogueColor(Look::kLibraryText), 11);
   controller.soundPacks = newPopUpButton("NSPopUpButton", CGRectMake(left, picture.minY(), width, 21),
                                          {"All Sound Packs", "Night City", "Rooms & Halls", "User Patches"});
   controller.soundPacks->setFont(NSFont::systemFontOfSize(11));
@@ -156,14 +156,14 @@ class LibraryPane : public Pane {
  public:
   explicit LibraryPane(const PanePlace& place)
       : view_(newView("CLgLibBrowserView", place.frame)), controller_(newObject("CLgLibraryViewController")) {
-    view_->layer().setBackgroundColor(catalogueColour(Look::kLibraryBackground).CGColor());
+    view_->layer().setBackgroundColor(catalogueColor(Look::kLibraryBackground).CGColor());
     cast<NSViewController>(controller_).setView(view_);
     auto& controller = stateOf<CLgLibraryViewController>(controller_);
     CGRect rest = view_->bounds();
     view_->addSubview(newControlsView(takeTop(rest, 26), 2, "Library"));
     addHeader(view_, takeTop(rest, 100), controller);
-    addSearchField(view_, takeTop(rest, 33).insetBy(10, 5), "Search Sounds", catalogueColour(Look::kLibrarySearch),
-                   catalogueColour(Look::kLibrarySearchText));
+    addSearchField(view_, takeTop(rest, 33).insetBy(10, 5), "Search Sounds", catalogueColor(Look::kLibrarySearch),
+                   catalogueColor(Look::kLibrarySearchText));
     addBrowser(view_, takeTop(rest, std::floor(rest.size.height * 0.62)), controller);
     addResults(view_, CGRectMake(0, 0, rest.size.width, rest.size.height - 1), controller);
     call<"_updateUIWithAvailableDataSource:">(controller_.get(), controller.patchList.get());

@@ -31,8 +31,8 @@ struct NotePadBackgroundView : ObjectState {
 
   NSColor backgroundColor() { return look(Look::kNotePad); }
   void update() {
-    const auto colour = call<"backgroundColor", NSColor>(self);
-    NSView(self).layer().setBackgroundColor(colour.CGColor());
+    const auto color = call<"backgroundColor", NSColor>(self);
+    NSView(self).layer().setBackgroundColor(color.CGColor());
     NSView(self).setNeedsDisplay(true);
   }
   void drawRect(CGRect /*dirty*/) {

@@ -8,44 +8,44 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "plugin/theme/Truncated.h"
+#include "plugin/text/Truncated.h"
 
 namespace velura {
 namespace {
 
 constexpr double kLeftmostStart = -2;     // points: segments that start further left are out of sight
-constexpr int kOtherColour = 51;          // sum of channel differences at which two colours are different
+constexpr int kOtherColor = 51;           // sum of channel differences at which two colours are different
 constexpr std::size_t kMostSamples = 96;  // pixels that decide a column's colour
 
-int distance(const BandColour& a, const BandColour& b) {
+int distance(const BandColor& a, const BandColor& b) {
   return std::abs(a.red - b.red) + std::abs(a.green - b.green) + std::abs(a.blue - b.blue);
 }
 
 /// Columns from `first` to the next stretch's that have the same colour, or none.
 struct ColumnStretch {
   long first = 0;
-  std::optional<BandColour> colour;
+  std::optional<BandColor> color;
 };
 
 /// The colours of the columns of a band. Most columns look like the one before, and share its colour: a few columns
 /// at a time are compared row by row, as the pixels lie in memory.
-class ColumnColours {
+class ColumnColors {
  public:
-  ColumnColours(const RulerPixels& ruler, BandRows band) : ruler_(ruler), band_(band) {
+  ColumnColors(const RulerPixels& ruler, BandRows band) : ruler_(ruler), band_(band) {
     constexpr long kMostSteps = 80;
     step_ = std::max(1L, (band.bottom - band.top + 1) / kMostSteps);
     tested_ = static_cast<std::size_t>((band.bottom - band.top) / step_ + 1);
   }
 
   std::vector<ColumnStretch> stretches() {
-    std::vector<ColumnStretch> all{{0, colourOf(0)}};
+    std::vector<ColumnStretch> all{{0, colorOf(0)}};
     for (long first = 1; first < ruler_.width; first += kBlock) {
       const long count = std::min(kBlock, ruler_.width - first);
       findChanges(first, count);
       for (long i = 0; i < count; ++i) {
         if (changes_[static_cast<std::size_t>(i)] == 0) continue;
-        const auto colour = colourOf(first + i);
-        if (colour != all.back().colour) all.push_back({first + i, colour});
+        const auto color = colorOf(first + i);
+        if (color != all.back().color) all.push_back({first + i, color});
       }
     }
     return all;
@@ -72,29 +72,29 @@ class ColumnColours {
   }
 
   void compareWords(const std::uint8_t* row, std::size_t count) {
-    constexpr std::uint32_t kColour = 0x00FF'FFFF;  // the fourth byte says nothing
+    constexpr std::uint32_t kColor = 0x00FF'FFFF;  // the fourth byte says nothing
     static_assert(std::endian::native == std::endian::little, "words of pixels are taken apart by their bits");
     for (std::size_t i = 0; i < count; ++i) {
       std::uint32_t word = 0;
       std::uint32_t before = 0;
       std::memcpy(&word, row + 4 * i, sizeof word);
       std::memcpy(&before, row + 4 * i - 4, sizeof before);
-      changes_[i] |= (word ^ before) & kColour;
+      changes_[i] |= (word ^ before) & kColor;
     }
   }
 
-  std::optional<BandColour> colourOf(long column) {
+  std::optional<BandColor> colorOf(long column) {
     constexpr std::size_t kFewest = 2;
     constexpr std::size_t kShare = 4;
     std::size_t count = 0;
     for (long y = band_.top; y <= band_.bottom && count < kMostSamples; y += step_) {
       const std::uint8_t* pixel = ruler_.row(y) + column * ruler_.bytesPerPixel;
-      if (!isColoured(pixel)) continue;
+      if (!isColored(pixel)) continue;
       for (std::size_t channel = 0; channel < samples_.size(); ++channel) samples_[channel][count] = pixel[channel];
       ++count;
     }
     if (count < std::max(kFewest, tested_ / kShare)) return std::nullopt;
-    return BandColour{median(0, count), median(1, count), median(2, count)};
+    return BandColor{median(0, count), median(1, count), median(2, count)};
   }
 
   int median(std::size_t channel, std::size_t count) {
@@ -119,25 +119,25 @@ class Walk {
  public:
   Walk(long persistence, Sink& sink) : persistence_(persistence), sink_(sink) {}
 
-  void uncoloured(long column) {
+  void uncolored(long column) {
     if (run_.isOpen()) emitRun();
     if (gapCount_ == 0) gapStart_ = column;
     ++gapCount_;
   }
 
-  void coloured(long column, const BandColour& colour) {
+  void colored(long column, const BandColor& color) {
     if (gapCount_ > 0) {
       endGap();
       candidate_ = {};
-      run_ = {column, colour, 1};
+      run_ = {column, color, 1};
     } else if (!run_.isOpen()) {
-      run_ = {column, colour, 1};
-    } else if (distance(colour, run_.colour) < kOtherColour) {
+      run_ = {column, color, 1};
+    } else if (distance(color, run_.color) < kOtherColor) {
       candidate_ = {};
-    } else if (candidate_.isOpen() && distance(colour, candidate_.colour) < kOtherColour) {
+    } else if (candidate_.isOpen() && distance(color, candidate_.color) < kOtherColor) {
       if (++candidate_.count >= persistence_) takeOverCandidate();
     } else {
-      candidate_ = {column, colour, 1};
+      candidate_ = {column, color, 1};
     }
   }
 
@@ -149,13 +149,13 @@ class Walk {
  private:
   struct Run {
     long start = 0;
-    BandColour colour;
+    BandColor color;
     long count = 0;  // 0 while there is none
     [[nodiscard]] bool isOpen() const { return count > 0; }
   };
 
   void emitRun() {
-    sink_.run(run_.start, run_.colour);
+    sink_.run(run_.start, run_.color);
     run_ = {};
     candidate_ = {};
   }
@@ -189,17 +189,17 @@ template <class Sink>
 void walk(const RulerPixels& ruler, const std::vector<ColumnStretch>& stretches, Sink& sink) {
   Walk<Sink> state(persistenceOf(ruler), sink);
   for (std::size_t i = 0; i < stretches.size(); ++i) {
-    const auto& [first, colour] = stretches[i];
+    const auto& [first, color] = stretches[i];
     const long end = i + 1 < stretches.size() ? stretches[i + 1].first : ruler.width;
     for (long column = first; column < end; ++column) {
-      if (colour) {
-        state.coloured(column, *colour);
+      if (color) {
+        state.colored(column, *color);
       } else {
-        state.uncoloured(column);
+        state.uncolored(column);
       }
     }
   }
-  state.uncoloured(ruler.width);  // closes what is open
+  state.uncolored(ruler.width);  // closes what is open
   state.end();
 }
 
@@ -212,26 +212,26 @@ struct SegmentSink {
   const RulerPixels& ruler;
   double sectionLeft;
   std::vector<BandSegment> segments;
-  void run(long column, const BandColour& colour) { add(column, colour); }
+  void run(long column, const BandColor& color) { add(column, color); }
   void gap(long column) { add(column, std::nullopt); }
 
  private:
-  void add(long column, std::optional<BandColour> colour) {
+  void add(long column, std::optional<BandColor> color) {
     const double start = startOf(ruler, column, sectionLeft);
-    if (!(start < kLeftmostStart)) segments.push_back({start, colour});
+    if (!(start < kLeftmostStart)) segments.push_back({start, color});
   }
 };
 
-struct ColourCounter {
+struct ColorCounter {
   const RulerPixels& ruler;
   double sectionLeft;
-  std::vector<BandColour> colours;
-  void run(long column, const BandColour& colour) {
+  std::vector<BandColor> colors;
+  void run(long column, const BandColor& color) {
     constexpr int kStep = 48;
     constexpr std::size_t kMost = 24;
     if (startOf(ruler, column, sectionLeft) < kLeftmostStart) return;
-    const BandColour coarse{colour.red / kStep, colour.green / kStep, colour.blue / kStep};
-    if (colours.size() < kMost && std::ranges::find(colours, coarse) == colours.end()) colours.push_back(coarse);
+    const BandColor coarse{color.red / kStep, color.green / kStep, color.blue / kStep};
+    if (colors.size() < kMost && std::ranges::find(colors, coarse) == colors.end()) colors.push_back(coarse);
   }
   void gap(long) {}
 };
@@ -244,9 +244,9 @@ std::vector<BandSegment> segmentsOf(const RulerPixels& ruler, const std::vector<
 }
 
 int scoreOf(const RulerPixels& ruler, const std::vector<ColumnStretch>& stretches, double sectionLeft) {
-  ColourCounter counter{ruler, sectionLeft, {}};
+  ColorCounter counter{ruler, sectionLeft, {}};
   walk(ruler, stretches, counter);
-  return static_cast<int>(counter.colours.size());
+  return static_cast<int>(counter.colors.size());
 }
 
 bool isUsable(const RulerPixels& ruler) {
@@ -266,13 +266,13 @@ long rowThresholdOf(long width) {
 }
 
 /// Runs of two coloured rows and more.
-std::vector<ColouredBand> bandsOf(const RulerPixels& ruler, long rowThreshold) {
-  std::vector<ColouredBand> bands;
+std::vector<ColoredBand> bandsOf(const RulerPixels& ruler, long rowThreshold) {
+  std::vector<ColoredBand> bands;
   long top = -1;
   for (long y = 0; y <= ruler.height; ++y) {
-    const bool coloured = y < ruler.height && colouredPixelsIn(ruler, y) >= rowThreshold;
-    if (coloured && top < 0) top = y;
-    if (coloured || top < 0) continue;
+    const bool colored = y < ruler.height && coloredPixelsIn(ruler, y) >= rowThreshold;
+    if (colored && top < 0) top = y;
+    if (colored || top < 0) continue;
     if (y - top > 1) bands.push_back({{top, y - 1}});
     top = -1;
   }
@@ -315,7 +315,7 @@ struct Channels {
     }
   }
 
-  [[nodiscard]] long coloured(std::size_t count) const {
+  [[nodiscard]] long colored(std::size_t count) const {
     std::int16_t found = 0;
     for (std::size_t i = 0; i < count; ++i) {
       const int most = larger(larger(red[i], green[i]), blue[i]);
@@ -330,7 +330,7 @@ struct Channels {
 
 }  // namespace
 
-long colouredPixelsIn(const RulerPixels& ruler, long y) {
+long coloredPixelsIn(const RulerPixels& ruler, long y) {
   const std::uint8_t* row = ruler.row(y);
   const auto pairs = static_cast<std::size_t>((ruler.width + 1) / 2);
   long found = 0;
@@ -340,23 +340,23 @@ long colouredPixelsIn(const RulerPixels& ruler, long y) {
       const std::size_t count = std::min(Channels::kMost, pairs - first);
       if (Channels::areGrey(row + 8 * first, 2 * count - 1)) continue;
       channels.load(row + 8 * first, count);
-      found += channels.coloured(count);
+      found += channels.colored(count);
     }
     return found;
   }
   for (std::size_t i = 0; i < pairs; ++i)
-    found += int{isColoured(row + 2 * i * static_cast<std::size_t>(ruler.bytesPerPixel))};
+    found += int{isColored(row + 2 * i * static_cast<std::size_t>(ruler.bytesPerPixel))};
   return found;
 }
 
 std::vector<BandSegment> VLRMBWalkBand(const RulerPixels& ruler, BandRows band, double sectionLeft) {
   if (!isInside(ruler, band)) return {};
-  return segmentsOf(ruler, ColumnColours(ruler, band).stretches(), sectionLeft);
+  return segmentsOf(ruler, ColumnColors(ruler, band).stretches(), sectionLeft);
 }
 
-int distinctColoursAlong(const RulerPixels& ruler, BandRows band, double sectionLeft) {
+int distinctColorsAlong(const RulerPixels& ruler, BandRows band, double sectionLeft) {
   if (!isInside(ruler, band)) return 0;
-  return scoreOf(ruler, ColumnColours(ruler, band).stretches(), sectionLeft);
+  return scoreOf(ruler, ColumnColors(ruler, band).stretches(), sectionLeft);
 }
 
 MarkerLane readMarkerLane(const RulerPixels& ruler, double sectionLeft) {
@@ -367,10 +367,10 @@ MarkerLane readMarkerLane(const RulerPixels& ruler, double sectionLeft) {
   lane.bands = bandsOf(ruler, lane.rowThreshold);
   const double firstRow = std::floor(kTopStrip * ruler.pixelsPerPoint);
   std::vector<ColumnStretch> chosen;
-  for (ColouredBand& band : lane.bands) {
+  for (ColoredBand& band : lane.bands) {
     band.inTopStrip = static_cast<double>(band.rows.top) < firstRow;
     if (band.inTopStrip) continue;
-    auto stretches = ColumnColours(ruler, band.rows).stretches();
+    auto stretches = ColumnColors(ruler, band.rows).stretches();
     band.score = scoreOf(ruler, stretches, sectionLeft);
     if (band.score <= (lane.chosen ? lane.chosen->score : 0)) continue;
     lane.chosen = band;
@@ -381,15 +381,15 @@ MarkerLane readMarkerLane(const RulerPixels& ruler, double sectionLeft) {
 }
 
 std::string signatureOf(const std::vector<BandSegment>& segments) {
-  constexpr int kColourStep = 16;
+  constexpr int kColorStep = 16;
   std::string signature;
   std::array<char, 96> text{};
   for (const BandSegment& segment : segments) {
     const auto start = truncated(segment.start * 0.5);
     int length = 0;
-    if (const auto& colour = segment.colour) {
-      length = std::snprintf(text.data(), text.size(), "%ld:%d,%d,%d;", start, colour->red / kColourStep,
-                             colour->green / kColourStep, colour->blue / kColourStep);
+    if (const auto& color = segment.color) {
+      length = std::snprintf(text.data(), text.size(), "%ld:%d,%d,%d;", start, color->red / kColorStep,
+                             color->green / kColorStep, color->blue / kColorStep);
     } else {
       length = std::snprintf(text.data(), text.size(), "%ld:n;", start);
     }

@@ -11,18 +11,18 @@
 
 namespace velura {
 
-struct BandColour {
+struct BandColor {
   int red = 0;
   int green = 0;
   int blue = 0;
-  friend bool operator==(const BandColour&, const BandColour&) = default;
+  friend bool operator==(const BandColor&, const BandColor&) = default;
 };
 
 /// A stretch of the lane from `start` (view x, points) to the next segment's start. Without a colour it is
 /// grey, or no marker stands there.
 struct BandSegment {
   double start = 0;
-  std::optional<BandColour> colour;
+  std::optional<BandColor> color;
   friend bool operator==(const BandSegment&, const BandSegment&) = default;
 };
 
@@ -34,7 +34,7 @@ struct BandRows {
 };
 
 /// A run of rows with coloured pixels.
-struct ColouredBand {
+struct ColoredBand {
   BandRows rows;
   bool inTopStrip = false;  // skipped: no score
   int score = 0;            // distinct colours along it
@@ -42,15 +42,15 @@ struct ColouredBand {
 
 /// What a ruler's pixels say about its marker lane.
 struct MarkerLane {
-  long rowThreshold = 0;            // coloured pixels among every second one that make a row coloured
-  std::vector<ColouredBand> bands;  // of two rows and more, from the top
-  std::optional<ColouredBand> chosen;
+  long rowThreshold = 0;           // coloured pixels among every second one that make a row coloured
+  std::vector<ColoredBand> bands;  // of two rows and more, from the top
+  std::optional<ColoredBand> chosen;
   std::vector<BandSegment> segments;
 };
 
 /// Whether a pixel has a colour, rather than a shade of grey: a spread of its channels above 22 steps,
 /// brightness above 12 percent and saturation above 18 percent. Without branches or divisions.
-inline bool isColoured(const std::uint8_t* pixel) {
+inline bool isColored(const std::uint8_t* pixel) {
   const int red = pixel[0];
   const int green = pixel[1];
   const int blue = pixel[2];
@@ -60,13 +60,13 @@ inline bool isColoured(const std::uint8_t* pixel) {
 }
 
 /// Coloured pixels among every second one of a row.
-long colouredPixelsIn(const RulerPixels& ruler, long y);
+long coloredPixelsIn(const RulerPixels& ruler, long y);
 
 /// The segments of a band. `sectionLeft` is the screen x that segment starts are measured from.
 std::vector<BandSegment> VLRMBWalkBand(const RulerPixels& ruler, BandRows band, double sectionLeft);
 
 /// How many distinct colours stand along a band, counted in coarse steps, at most 24.
-int distinctColoursAlong(const RulerPixels& ruler, BandRows band, double sectionLeft);
+int distinctColorsAlong(const RulerPixels& ruler, BandRows band, double sectionLeft);
 
 /// Finds the marker lane of a ruler and reads its segments.
 MarkerLane readMarkerLane(const RulerPixels& ruler, double sectionLeft);

@@ -8,12 +8,12 @@
 #include "cocoa/Dispatch.h"
 #include "cocoa/Exception.h"
 #include "plugin/arrange/OffScreen.h"
-#include "plugin/arrange/RegionLineColour.h"
+#include "plugin/arrange/RegionLineColor.h"
 #include "plugin/arrange/TickDetection.h"
 #include "plugin/arrange/VLRGridSettingsReader.h"
 #include "plugin/hostapi/Accessibility.h"
 #include "plugin/hostapi/ArrangeView.h"
-#include "plugin/theme/Truncated.h"
+#include "plugin/text/Truncated.h"
 
 namespace velura {
 
@@ -39,7 +39,7 @@ double gVBGLastSampleTime = 0;
 bool gVBGSamplePending = false;
 bool gVBGMouseUpRefreshPending = false;
 
-void forgetColours() {
+void forgetColors() {
   gVBGRegionColors.clear();
   gVBGSampledMode = -1;
 }
@@ -50,7 +50,7 @@ void dropSnapshot() {
   gVBGDivXs.clear();
   gVBGRegions.clear();
   gVBGSectionLeft = 0;
-  forgetColours();
+  forgetColors();
 }
 
 // ---- The snapshot -----------------------------------------------------------------------------------
@@ -120,7 +120,7 @@ void takeSnapshot(NSView view, const VLRGridSettings& settings) {
 // ---- Colours ----------------------------------------------------------------------------------------
 
 /// The middle colour of what a view shows in a rectangle, its edges left out; nothing when it shows none.
-std::optional<LineColour> middleColour(NSView view, CGRect rect) {
+std::optional<LineColor> middleColor(NSView view, CGRect rect) {
   constexpr double kStep = 0.08;
   constexpr double kFirstX = 0.12;
   constexpr double kFirstY = 0.35;
@@ -135,38 +135,38 @@ std::optional<LineColour> middleColour(NSView view, CGRect rect) {
   const NSColorSpace sRGB = NSColorSpace::sRGBColorSpace();
   for (double fx = kFirstX; fx <= kLast; fx += kStep) {
     for (double fy = kFirstY; fy <= kLast; fy += kStep) {
-      const NSColor colour = bitmap->colorAtX(truncated(fx * width), truncated(fy * height)).colorUsingColorSpace(sRGB);
-      if (!colour) continue;
-      reds.push_back(colour.redComponent());
-      greens.push_back(colour.greenComponent());
-      blues.push_back(colour.blueComponent());
+      const NSColor color = bitmap->colorAtX(truncated(fx * width), truncated(fy * height)).colorUsingColorSpace(sRGB);
+      if (!color) continue;
+      reds.push_back(color.redComponent());
+      greens.push_back(color.greenComponent());
+      blues.push_back(color.blueComponent());
     }
   }
   if (reds.empty()) return std::nullopt;
-  return LineColour{VLRBGMedian(reds), VLRBGMedian(greens), VLRBGMedian(blues)};
+  return LineColor{VLRBGMedian(reds), VLRBGMedian(greens), VLRBGMedian(blues)};
 }
 
-NSColor lineColour(const LineColour& region, const VLRGridSettings& settings) {
-  const LineColour colour = GridColourMode(settings.colorMode) == GridColourMode::kTint
-                                ? tintOf(region, settings.tintVibrance)
-                                : adaptiveGrey(region, settings.adaptiveStrength);
-  const bool isGrey = colour.red == colour.green && colour.green == colour.blue;  // as the one of all regions is
-  return isGrey ? NSColor::colorWithWhite(colour.red, 1)
-                : NSColor::colorWithSRGBRed(colour.red, colour.green, colour.blue, 1);
+NSColor lineColor(const LineColor& region, const VLRGridSettings& settings) {
+  const LineColor color = GridColorMode(settings.colorMode) == GridColorMode::kTint
+                              ? tintOf(region, settings.tintVibrance)
+                              : adaptiveGrey(region, settings.adaptiveStrength);
+  const bool isGrey = color.red == color.green && color.green == color.blue;  // as the one of all regions is
+  return isGrey ? NSColor::colorWithWhite(color.red, 1)
+                : NSColor::colorWithSRGBRed(color.red, color.green, color.blue, 1);
 }
 
 /// Null for a region of which too little is to be seen, or that the host raises an exception about.
-Ref<NSColor> sampledColour(NSView view, CGRect region, CGRect visible, const VLRGridSettings& settings) {
+Ref<NSColor> sampledColor(NSView view, CGRect region, CGRect visible, const VLRGridSettings& settings) {
   constexpr double kSmallest = 8;  // points
   const CGRect seen = CGRectIntersection(region, visible);
   if (seen.size.width < kSmallest || seen.size.height < kSmallest) return {};
   const AutoreleasePool pool;
   // Caught inside of the pool: an exception is autoreleased itself, and would be gone outside.
-  const auto colour = foundBy([&] { return middleColour(view, seen); });
-  return colour ? Ref<NSColor>(lineColour(*colour, settings)) : Ref<NSColor>();
+  const auto color = foundBy([&] { return middleColor(view, seen); });
+  return color ? Ref<NSColor>(lineColor(*color, settings)) : Ref<NSColor>();
 }
 
-bool areSameColours(const std::vector<Ref<NSColor>>& a, const std::vector<Ref<NSColor>>& b) {
+bool areSameColors(const std::vector<Ref<NSColor>>& a, const std::vector<Ref<NSColor>>& b) {
   return std::ranges::equal(a, b, [](NSColor first, NSColor second) { return first.isEqual(second); });
 }
 
@@ -185,23 +185,23 @@ void sampleRegions(NSView view) {
   const VLRGridSettings settings = VLRGridSettingsReader::shared().settings();
   if (isPrimaryMouseButtonDown() || !view.window() || settings.colorMode == 0) return;
   if (gVBGSnapshotOwner != view.object || gVBGRegions.empty()) return;
-  std::vector<Ref<NSColor>> colours;
+  std::vector<Ref<NSColor>> colors;
   {
     const Sampling sampling;
     const CGRect visible = view.visibleRect();
     for (const CGRect region : std::vector(gVBGRegions)) {
-      colours.push_back(sampledColour(view, region, visible, settings));
+      colors.push_back(sampledColor(view, region, visible, settings));
     }
   }
-  const bool changed = !areSameColours(colours, gVBGRegionColors);
-  gVBGRegionColors = std::move(colours);
+  const bool changed = !areSameColors(colors, gVBGRegionColors);
+  gVBGRegionColors = std::move(colors);
   gVBGSampledMode = settings.colorMode;
   gVBGSampledStr = settings.adaptiveStrength;
   gVBGSampledVib = settings.tintVibrance;
   if (changed) view.setNeedsDisplay(true);
 }
 
-bool areColoursOutOfDate(const VLRGridSettings& settings) {
+bool areColorsOutOfDate(const VLRGridSettings& settings) {
   constexpr double kLongest = 2;  // seconds
   return settings.colorMode != gVBGSampledMode || settings.adaptiveStrength != gVBGSampledStr ||
          settings.tintVibrance != gVBGSampledVib || gVBGRegionColors.size() != gVBGRegions.size() ||
@@ -231,7 +231,7 @@ bool isLinePlace(double x, CGRect region) {
   return x >= region.minX() - kMargin && x <= region.maxX() + kMargin && !(std::abs(x - region.minX()) < kEdge);
 }
 
-void drawLines(CGRect region, const std::vector<double>& positions, NSColor colour, double alpha, double width) {
+void drawLines(CGRect region, const std::vector<double>& positions, NSColor color, double alpha, double width) {
   constexpr double kInvisible = 0.001;
   constexpr double kTopEdge = 2;       // points of the region that stay clear
   constexpr double kSearchMargin = 3;  // more than rounding and margins move a line
@@ -243,7 +243,7 @@ void drawLines(CGRect region, const std::vector<double>& positions, NSColor colo
   const auto last = std::ranges::upper_bound(positions, region.maxX() + gVBGSectionLeft + kSearchMargin);
   if (first == last) return;
   const SavedGraphicsState saved;
-  colour.colorWithAlphaComponent(alpha).setStroke();
+  color.colorWithAlphaComponent(alpha).setStroke();
   NSRectClip(region);
   const NSBezierPath path = NSBezierPath::bezierPath();
   path.setLineWidth(width);
@@ -256,10 +256,10 @@ void drawLines(CGRect region, const std::vector<double>& positions, NSColor colo
   path.stroke();
 }
 
-void drawRegion(CGRect region, NSColor colour, const VLRGridSettings& settings) {
+void drawRegion(CGRect region, NSColor color, const VLRGridSettings& settings) {
   for (const LineKind& kind : kLineKinds) {
     if (settings.*kind.enabled) {
-      drawLines(region, kind.positions, colour, settings.*kind.opacity * settings.masterOpacity, settings.*kind.width);
+      drawLines(region, kind.positions, color, settings.*kind.opacity * settings.masterOpacity, settings.*kind.width);
     }
   }
 }
@@ -268,8 +268,8 @@ void drawRegions(CGRect dirty, const VLRGridSettings& settings) {
   const NSColor grey = NSColor::colorWithWhite(settings.lineGray, 1);
   for (std::size_t i = 0; i < gVBGRegions.size(); ++i) {
     if (!CGRectIntersectsRect(gVBGRegions[i], dirty)) continue;
-    const bool hasColour = i < gVBGRegionColors.size() && gVBGRegionColors[i];
-    drawRegion(gVBGRegions[i], hasColour ? gVBGRegionColors[i].get() : grey, settings);
+    const bool hasColor = i < gVBGRegionColors.size() && gVBGRegionColors[i];
+    drawRegion(gVBGRegions[i], hasColor ? gVBGRegionColors[i].get() : grey, settings);
   }
 }
 
@@ -300,8 +300,8 @@ void VLRBGScheduleMouseUpRefresh(NSView view) {
 
 void VLRBGScheduleRegionSampleIfNeeded(NSView view) {
   const VLRGridSettings settings = VLRGridSettingsReader::shared().settings();
-  if (settings.colorMode == 0) return forgetColours();
-  if (gVBGSamplePending || !areColoursOutOfDate(settings)) return;
+  if (settings.colorMode == 0) return forgetColors();
+  if (gVBGSamplePending || !areColorsOutOfDate(settings)) return;
   gVBGSamplePending = true;
   async(dispatch_get_main_queue(), [view = Ref<NSView>(view)] { sampleRegions(view); });
 }

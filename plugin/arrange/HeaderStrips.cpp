@@ -6,11 +6,11 @@
 
 #include "cocoa/Exception.h"
 #include "plugin/gradient/GradientSwitch.h"
-#include "plugin/gradient/VLRStripBevel.h"
-#include "plugin/gradient/VLRStripGradient.h"
 #include "plugin/hostapi/ArrangeView.h"
+#include "plugin/text/Truncated.h"
 #include "plugin/theme/ThemeUtility.h"
-#include "plugin/theme/Truncated.h"
+#include "plugin/theme/VLRStripBevel.h"
+#include "plugin/theme/VLRStripGradient.h"
 
 namespace velura {
 namespace {
@@ -51,13 +51,13 @@ NSInteger columnBesideSurfaceBars(NSView header, bool areTrackNumbersShown) {
 }
 
 /// Fills in `bar` as far as the host can be asked.
-void askHost(NSView header, ColourBar& bar) {
+void askHost(NSView header, ColorBar& bar) {
   const NSDictionary configuration = headerConfigurationOf(ArrangeSection(header.object).parentView());
   if (!configuration) return;
   const auto shows = cast<NSArray>(configuration.objectForKey(literal<"trackelemShow">()));
   const auto isShown = [&](NSUInteger element) { return asks<"boolValue">(shows.objectAtIndex(element).object); };
   bar.areTrackNumbersShown = asks<"boolValue">(configuration.objectForKey(literal<"isshowtrnums">()).object);
-  bar.isShown = isShown(kColourBarElement);
+  bar.isShown = isShown(kColorBarElement);
   const bool areSurfaceBarsShown = isShown(kSurfaceBarElement);
   constexpr NSInteger kAlone = 2;
   if (!bar.isShown) {
@@ -77,15 +77,15 @@ struct StripKind {
 
 const StripKind& kindOf(const TrackRecord& track) {
   static constexpr StripKind kKinds[] = {
-      {ThemeKey::kArrangeStripBackgroundColor, &ThemeUtility::arrangeOpacity},
-      {ThemeKey::kArrangeStripHighlightBackgroundColor, &ThemeUtility::arrangeHighlightedOpacity},
-      {ThemeKey::kArrangeFolderStripBackgroundColor, &ThemeUtility::arrangeFolderOpacity},
-      {ThemeKey::kArrangeFolderSelectedStripBackgroundColor, &ThemeUtility::arrangeFolderHighlightedOpacity},
+      {key<"arrangeStripBackgroundColor">, &ThemeUtility::arrangeOpacity},
+      {key<"arrangeStripHighlightBackgroundColor">, &ThemeUtility::arrangeHighlightedOpacity},
+      {key<"arrangeFolderStripBackgroundColor">, &ThemeUtility::arrangeFolderOpacity},
+      {key<"arrangeFolderSelectedStripBackgroundColor">, &ThemeUtility::arrangeFolderHighlightedOpacity},
   };
   return kKinds[(track.folder ? 2U : 0U) + (track.selected ? 1U : 0U)];
 }
 
-NSColor sampledStripColour(NSColor sample, const TrackRecord& track) {
+NSColor sampledStripColor(NSColor sample, const TrackRecord& track) {
   constexpr double kPercent = 100;
   const ThemeUtility& theme = ThemeUtility::shared();
   const StripKind& kind = kindOf(track);
@@ -109,22 +109,22 @@ void forEachTrack(const HeaderColumn& column, bool flipped, Visit&& visit) {
 std::vector<HeaderStrip> themedStrips(const HeaderColumn& column, bool flipped) {
   std::vector<HeaderStrip> strips;
   forEachTrack(column, flipped, [&](const TrackRecord& track, CGRect rect) {
-    const NSColor colour = ThemeUtility::shared().colorForKey(kindOf(track).key);
-    if (colour) strips.push_back({rect, colour, track.selected});
+    const NSColor color = ThemeUtility::shared().colorForKey(kindOf(track).key);
+    if (color) strips.push_back({rect, color, track.selected});
   });
   return strips;
 }
 
 /// Draws the host's headers, as far as colour bars reach, into the canvas.
-void drawColourBars(const HeaderColumn& column, CGRect dirty, NSGraphicsContext canvas) {
+void drawColorBars(const HeaderColumn& column, CGRect dirty, NSGraphicsContext canvas) {
   constexpr NSInteger kNarrowest = 18;
   double tallest = 0;
   for (const TrackRecord& track : column.tracks) tallest = std::max(tallest, track.height);
   const CGRect rect =
       CGRectMake(0, std::max(0.0, dirty.minY() - tallest),
-                 static_cast<double>(std::max(kNarrowest, column.colourBarColumn + 2)), dirty.size.height + tallest);
+                 static_cast<double>(std::max(kNarrowest, column.colorBarColumn + 2)), dirty.size.height + tallest);
   NSGraphicsContext::setCurrentContext(canvas);
-  if (const NSColor empty = ThemeUtility::shared().colorForKey(ThemeKey::kEmptyAreaBelow)) empty.set();
+  if (const NSColor empty = ThemeUtility::shared().colorForKey(key<"EmptyAreaBelow">)) empty.set();
   NSRectFill(rect);
   column.drawHost(column.view, rect);
 }
@@ -136,7 +136,7 @@ NSInteger sampleRow(const HeaderColumn& column, CGRect track, CGRect dirty, bool
   if (flipped) return truncated(track.minY() + kInset);
   const double height = column.view.frame().size.height;
   const double upper = track.maxY() - kInset;
-  const bool isDrawn = CGRectContainsPoint(dirty, {static_cast<double>(column.colourBarColumn), upper});
+  const bool isDrawn = CGRectContainsPoint(dirty, {static_cast<double>(column.colorBarColumn), upper});
   return truncated(height - (isDrawn ? upper : track.minY() + kInset));
 }
 
@@ -145,7 +145,7 @@ std::vector<HeaderStrip> sampledStrips(const HeaderColumn& column, CGRect dirty)
       column.canvas ? NSGraphicsContext::graphicsContextWithBitmapImageRep(column.canvas) : NSGraphicsContext();
   if (!canvas) return {};
   const SavedGraphicsState saved;
-  drawColourBars(column, dirty, canvas);
+  drawColorBars(column, dirty, canvas);
   const bool flipped = canvas.isFlipped();
   const NSInteger wide = column.canvas.pixelsWide();
   const NSInteger high = column.canvas.pixelsHigh();
@@ -153,19 +153,19 @@ std::vector<HeaderStrip> sampledStrips(const HeaderColumn& column, CGRect dirty)
   forEachTrack(column, flipped, [&](const TrackRecord& track, CGRect rect) {
     if (!CGRectIntersectsRect(rect, dirty)) return;
     const NSInteger row = sampleRow(column, rect, dirty, flipped);
-    if (column.colourBarColumn >= wide || row < 0 || row >= high) return;
-    const NSColor sample = column.canvas.colorAtX(column.colourBarColumn, row);
-    const NSColor colour = sample ? sampledStripColour(sample, track) : NSColor();
-    if (colour) strips.push_back({rect, colour, track.selected});
+    if (column.colorBarColumn >= wide || row < 0 || row >= high) return;
+    const NSColor sample = column.canvas.colorAtX(column.colorBarColumn, row);
+    const NSColor color = sample ? sampledStripColor(sample, track) : NSColor();
+    if (color) strips.push_back({rect, color, track.selected});
   });
   return strips;
 }
 
 // ---- Painting -----------------------------------------------------------------------------------------
 
-void fillWith(CGContextRef context, CGRect rect, NSColor colour) {
-  CGContextSetAlpha(context, colour.alphaComponent());
-  CGContextSetFillColorWithColor(context, colour.colorWithAlphaComponent(1).CGColor());
+void fillWith(CGContextRef context, CGRect rect, NSColor color) {
+  CGContextSetAlpha(context, color.alphaComponent());
+  CGContextSetFillColorWithColor(context, color.colorWithAlphaComponent(1).CGColor());
   CGContextFillRect(context, rect);
   CGContextSetAlpha(context, 1);
 }
@@ -189,26 +189,26 @@ const VLRStripGradient* gradientFor(const HeaderStrip& strip) {
 StripPlan planFor(const HeaderStrip& strip, bool gradientsOff) {
   const ThemeUtility& theme = ThemeUtility::shared();
   const VLRStripGradient* gradient = gradientsOff ? nullptr : gradientFor(strip);
-  if (gradient == nullptr || gradient->hasAnchors) return {nullptr, strip.colour, {}};
-  if (!theme.useTrackColorAsArrangeStripBackground) return {gradient, strip.colour, {}};
+  if (gradient == nullptr || gradient->hasAnchors) return {nullptr, strip.color, {}};
+  if (!theme.useTrackColorAsArrangeStripBackground) return {gradient, strip.color, {}};
   const ThemeKey base =
-      strip.selected ? ThemeKey::kArrangeStripHighlightBackgroundColor : ThemeKey::kArrangeStripBackgroundColor;
-  return {gradient, theme.colorForKey(base), strip.colour};
+      strip.selected ? key<"arrangeStripHighlightBackgroundColor"> : key<"arrangeStripBackgroundColor">;
+  return {gradient, theme.colorForKey(base), strip.color};
 }
 
 /// The colours as a gradient; null when their number or one of them cannot be drawn.
 CFRef<CGGradientRef> drawableGradient(NSArray stops, const VLRStripGradient& gradient) {
   if (stops.count() > kMostStops || stops.count() != gradient.stopLocations->count()) return {};
-  const NSMutableArray colours = NSMutableArray::array();
+  const NSMutableArray colors = NSMutableArray::array();
   std::vector<CGFloat> locations;
   for (NSUInteger i = 0; i < stops.count(); ++i) {
-    const NSColor colour = cast<NSColor>(stops.objectAtIndex(i)).colorUsingColorSpace(NSColorSpace::sRGBColorSpace());
-    if (!colour) return {};
-    colours.addObject(bridged(colour.CGColor()));
+    const NSColor color = cast<NSColor>(stops.objectAtIndex(i)).colorUsingColorSpace(NSColorSpace::sRGBColorSpace());
+    if (!color) return {};
+    colors.addObject(bridged(color.CGColor()));
     locations.push_back(cast<NSNumber>(gradient.stopLocations->objectAtIndex(i)).doubleValue());
   }
   const auto space = CFRef<CGColorSpaceRef>::adopt(CGColorSpaceCreateWithName(kCGColorSpaceSRGB));
-  return CFRef<CGGradientRef>::adopt(CGGradientCreateWithColors(space, bridged<CFArrayRef>(colours), locations.data()));
+  return CFRef<CGGradientRef>::adopt(CGGradientCreateWithColors(space, bridged<CFArrayRef>(colors), locations.data()));
 }
 
 void fillWithGradient(CGContextRef context, CGRect rect, CGGradientRef gradient, double angleDegrees, bool flipped) {
@@ -268,9 +268,9 @@ void paintStrip(CGContextRef context, const HeaderStrip& strip, bool flipped) {
 
 }  // namespace
 
-ColourBar colourBarOf(NSView header) {
+ColorBar colorBarOf(NSView header) {
   if (!ThemeUtility::shared().useTrackColorAsArrangeStripBackground) return {};
-  ColourBar bar{.column = 1};
+  ColorBar bar{.column = 1};
   static_cast<void>(guarded([&] { askHost(header, bar); }));
   return bar;
 }
@@ -279,7 +279,7 @@ std::vector<HeaderStrip> stripsOf(const HeaderColumn& column, CGRect dirty) {
   const bool flipped = NSGraphicsContext::currentContext().isFlipped();
   if (flipped) NSLog(literal<"Velura Context is flipped. We need to handle this">().object);
   if (column.tracks.empty()) return {};
-  return column.colourBarColumn < 1 ? themedStrips(column, flipped) : sampledStrips(column, dirty);
+  return column.colorBarColumn < 1 ? themedStrips(column, flipped) : sampledStrips(column, dirty);
 }
 
 void paintStrips(const std::vector<HeaderStrip>& strips, CGRect dirty) {

@@ -11,24 +11,24 @@ namespace velura {
 /// One strip, in the header view's coordinates.
 struct HeaderStrip {
   CGRect rect;
-  cocoa::Ref<NSColor> colour;
+  cocoa::Ref<NSColor> color;
   bool selected = false;
 };
 
 /// The pixel column in which the colour bars of a header view's tracks are sampled; 0 for strips in the
 /// theme's colours.
-struct ColourBar {
+struct ColorBar {
   NSInteger column = 0;
   bool isShown = false;
   bool areTrackNumbersShown = false;
 };
-ColourBar colourBarOf(NSView header);
+ColorBar colorBarOf(NSView header);
 
 /// What strips are made from: the header column as it is, or was when the mouse went down.
 struct HeaderColumn {
   NSView view;
   std::vector<TrackRecord> tracks;
-  NSInteger colourBarColumn = 0;
+  NSInteger colorBarColumn = 0;
   NSBitmapImageRep canvas;           // the colour bars are drawn here; may be nil
   void (*drawHost)(NSView, CGRect);  // the host's own drawing
 };

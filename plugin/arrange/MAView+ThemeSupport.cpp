@@ -9,12 +9,12 @@
 #include "plugin/arrange/MarkerBands.h"
 #include "plugin/arrange/VLRGridSettingsReader.h"
 #include "plugin/hostapi/ArrangeView.h"
+#include "plugin/hostapi/HostVersion.h"
 #include "plugin/imaging/MyNSBitmapImageRep.h"
 #include "plugin/loader/Attach.h"
-#include "plugin/loader/HostVersion.h"
+#include "plugin/text/Truncated.h"
 #include "plugin/theme/SelectedTheme.h"
 #include "plugin/theme/ThemeUtility.h"
-#include "plugin/theme/Truncated.h"
 
 namespace velura {
 namespace {
@@ -36,8 +36,8 @@ using WindowBackground =
 const char kBackupImageRep = 0;
 const char kCachedTrackData = 0;
 
-void fill(CGRect rect, NSColor colour) {
-  colour.setFill();
+void fill(CGRect rect, NSColor color) {
+  color.setFill();
   NSRectFillUsingOperation(rect, NSCompositingOperationSourceOver);
 }
 
@@ -59,9 +59,9 @@ void updateBackupBitmapRep(NSView header) {
 NSData getTracksData(NSView header) { return trackTableOf(header); }
 BOOL isFolder(NSView /*header*/, NSObject element) { return BOOL(isFolderTrack(element)); }
 
-NSInteger getXOffset(NSView header, BOOL* colourBarShown, BOOL* trackNumbersShown) {
-  const ColourBar bar = colourBarOf(header);
-  if (colourBarShown != nullptr) *colourBarShown = BOOL(bar.isShown);
+NSInteger getXOffset(NSView header, BOOL* colorBarShown, BOOL* trackNumbersShown) {
+  const ColorBar bar = colorBarOf(header);
+  if (colorBarShown != nullptr) *colorBarShown = BOOL(bar.isShown);
   if (trackNumbersShown != nullptr) *trackNumbersShown = BOOL(bar.areTrackNumbersShown);
   return bar.column;
 }
@@ -69,11 +69,11 @@ NSInteger getXOffset(NSView header, BOOL* colourBarShown, BOOL* trackNumbersShow
 void drawHostHeader(NSView header, CGRect rect) { HeaderDrawRect::callHost(header, rect); }
 
 std::vector<HeaderStrip> currentStrips(NSView header, CGRect dirty) {
-  const NSInteger column = colourBarOf(header).column;
+  const NSInteger column = colorBarOf(header).column;
   const NSData cached = cachedTrackData(header);
   return stripsOf({.view = header,
                    .tracks = tracksIn(cached ? cached : trackTableOf(header)),
-                   .colourBarColumn = column,
+                   .colorBarColumn = column,
                    .canvas = backupImageRep(header),
                    .drawHost = drawHostHeader},
                   dirty);
@@ -83,7 +83,7 @@ std::vector<HeaderStrip> currentStrips(NSView header, CGRect dirty) {
 NSArray verifyColor(NSView header, CGRect dirty) {
   const NSMutableArray list = NSMutableArray::array();
   for (const HeaderStrip& strip : currentStrips(header, dirty)) {
-    const id entry[] = {NSValue::valueWithRect(strip.rect).object, strip.colour.get().object,
+    const id entry[] = {NSValue::valueWithRect(strip.rect).object, strip.color.get().object,
                         NSNumber::numberWithBool(strip.selected).object};
     list.addObject(NSArray::arrayWithObjects(entry, std::size(entry)));
   }
@@ -106,8 +106,8 @@ void drawStripColor(NSView /*header*/, CGRect dirty, NSArray list) {
 bool hasStrips(const ThemeUtility& theme) {
   const auto same = [&](ThemeKey a, ThemeKey b) { return theme.colorForKey(a) == theme.colorForKey(b); };
   const bool plain =
-      same(ThemeKey::kArrangeFolderSelectedStripBackgroundColor, ThemeKey::kArrangeStripHighlightBackgroundColor) &&
-      same(ThemeKey::kArrangeFolderStripBackgroundColor, ThemeKey::kArrangeStripBackgroundColor) &&
+      same(key<"arrangeFolderSelectedStripBackgroundColor">, key<"arrangeStripHighlightBackgroundColor">) &&
+      same(key<"arrangeFolderStripBackgroundColor">, key<"arrangeStripBackgroundColor">) &&
       !theme.arrangeStripGradient && !theme.arrangeStripHighlightGradient && !theme.arrangeStripBevel;
   return theme.useTrackColorAsArrangeStripBackground || !plain;
 }
@@ -117,7 +117,7 @@ void customDrawRect(NSView header, CGRect dirty) {
   const auto raised = guarded([&] {
     updateBackupBitmapRep(header);
     const ThemeUtility& theme = ThemeUtility::shared();
-    const NSColor empty = theme.colorForKey(ThemeKey::kEmptyAreaBelow);
+    const NSColor empty = theme.colorForKey(key<"EmptyAreaBelow">);
     fill(dirty, empty ? empty : NSColor::colorWithSRGBRed(kEmptyGrey, kEmptyGrey, kEmptyGrey, 1));
     if (hasStrips(theme)) paintStrips(currentStrips(header, dirty), dirty);
   });
@@ -140,7 +140,7 @@ bool isTrackHeader(NSView view) { return view.className().isEqualToString(litera
 
 /// The editor of a track's name lets the strip shine through, and its text would be hard to read.
 void makeOpaque(NSView editor) {
-  const NSColor empty = ThemeUtility::shared().colorForKey(ThemeKey::kEmptyAreaBelow);
+  const NSColor empty = ThemeUtility::shared().colorForKey(key<"EmptyAreaBelow">);
   if (!empty || !editor.respondsToSelector(selector<"setBackgroundColor:">()) ||
       !editor.respondsToSelector(selector<"backgroundColor">())) {
     return;
@@ -168,21 +168,21 @@ void dealloc(NSView view) {
 // ---- Contents -----------------------------------------------------------------------------------------
 
 /// The workspace's colour under the user's choice of background; nil leaves the host's own.
-NSColor workspaceColour() {
+NSColor workspaceColor() {
   enum Background : NSInteger { kDark = 0, kBright = 1 };
   const ThemeUtility& theme = ThemeUtility::shared();
   switch (NSUserDefaults::standardUserDefaults().integerForKey(literal<"TracksBackgroundMode">())) {
     case kDark:
-      return theme.colorForKey(ThemeKey::kArrangeWorkspaceColor);
+      return theme.colorForKey(key<"ArrangeWorkspaceColor">);
     case kBright:
-      return theme.colorForKey(ThemeKey::kArrangeWorkspaceBrightColor);
+      return theme.colorForKey(key<"ArrangeWorkspaceBrightColor">);
     default:
       return {};
   }
 }
 
 void customArrangeContentsDrawRect(NSView view, CGRect dirty) {
-  if (const NSColor workspace = workspaceColour()) fill(dirty, workspace);
+  if (const NSColor workspace = workspaceColor()) fill(dirty, workspace);
   ContentsDrawRect::callHost(view, dirty);
   // When the host raises in one of them, what it has drawn stays, and the others draw.
   if (!gVBGSampling) {
@@ -227,13 +227,13 @@ void contentsDealloc(NSView view) {
 // ---- Global tracks and the window ---------------------------------------------------------------------
 
 void customGlobalTracksContentsDrawRect(NSView view, CGRect dirty) {
-  const NSColor bar = ThemeUtility::shared().colorForKey(ThemeKey::kGlobalTracksContentBarBG);
+  const NSColor bar = ThemeUtility::shared().colorForKey(key<"GlobalTracks_ContentBar_BG">);
   if (bar && ArrangeSection(view.object).section() == kRulerSection) fill(dirty, bar);
   SectionDrawRect::callHost(view, dirty);
 }
 
 NSColor clgDocwContentViewBackgroundColor(NSView view) {
-  const NSColor separators = ThemeUtility::shared().colorForKey(ThemeKey::kMainSeparators);
+  const NSColor separators = ThemeUtility::shared().colorForKey(key<"MainSeparators">);
   return separators ? separators : WindowBackground::callHost(view);
 }
 

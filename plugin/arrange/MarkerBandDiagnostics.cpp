@@ -95,7 +95,7 @@ std::string endOf(const char* path) {
 }
 
 void addLane(const MarkerLane& lane, Report& report) {
-  for (const ColouredBand& band : lane.bands) {
+  for (const ColoredBand& band : lane.bands) {
     const long rows = band.rows.bottom - band.rows.top + 1;
     if (band.inTopStrip) {
       report.add("  band y[%ld..%ld] rows=%ld SKIPPED (top strip)\n", band.rows.top, band.rows.bottom, rows);
@@ -108,9 +108,9 @@ void addLane(const MarkerLane& lane, Report& report) {
              lane.chosen->score, static_cast<unsigned long>(lane.segments.size()));
   unsigned long index = 0;
   for (const BandSegment& segment : lane.segments) {
-    if (const auto& colour = segment.colour) {
-      report.add("  [%lu] x=%.1f #%02X%02X%02X\n", index, segment.start, static_cast<unsigned>(colour->red),
-                 static_cast<unsigned>(colour->green), static_cast<unsigned>(colour->blue));
+    if (const auto& color = segment.color) {
+      report.add("  [%lu] x=%.1f #%02X%02X%02X\n", index, segment.start, static_cast<unsigned>(color->red),
+                 static_cast<unsigned>(color->green), static_cast<unsigned>(color->blue));
     } else {
       report.add("  [%lu] x=%.1f grey/no-band\n", index, segment.start);
     }
@@ -121,9 +121,9 @@ void addLane(const MarkerLane& lane, Report& report) {
 void addMarkers(const std::vector<BandSegment>& segments, Report& report) {
   report.add("markers detected=%lu:\n", static_cast<unsigned long>(segments.size()));
   for (const BandSegment& segment : segments) {
-    if (const auto& colour = segment.colour) {
-      report.add("  #%02X%02X%02X startSectionX=%.1f\n", static_cast<unsigned>(colour->red),
-                 static_cast<unsigned>(colour->green), static_cast<unsigned>(colour->blue), segment.start);
+    if (const auto& color = segment.color) {
+      report.add("  #%02X%02X%02X startSectionX=%.1f\n", static_cast<unsigned>(color->red),
+                 static_cast<unsigned>(color->green), static_cast<unsigned>(color->blue), segment.start);
     } else {
       report.add("  (grey/no-band) startSectionX=%.1f\n", segment.start);
     }
@@ -163,7 +163,7 @@ void addViews(NSView view, Report& report) {
 void addRowProfile(const RulerPixels& ruler, CGRect rect, bool flipped, Report& report) {
   report.add("ROW PROFILE (pixel-y : coloredCount / W , viewY) — colored rows are marker candidates:\n");
   for (long y = 0; y < ruler.height; ++y) {
-    const long count = colouredPixelsIn(ruler, y);
+    const long count = coloredPixelsIn(ruler, y);
     if (count == 0) continue;
     const double down = static_cast<double>(y) / ruler.pixelsPerPoint;
     report.add("  y=%4ld  %5d/%-5ld  viewY=%.1f\n", y, static_cast<int>(count), ruler.width,
@@ -179,12 +179,12 @@ void addCells(const MarkerLane& lane, double sectionLeft, double rightEdge, Repo
   report.add("\nDETECTED MARKER BAND pixel-y [%ld..%ld]\n", lane.chosen->rows.top, lane.chosen->rows.bottom);
   report.add("\nMARKER CELLS (runs of ~constant colour across the band):\n");
   for (std::size_t i = 0; i < lane.segments.size(); ++i) {
-    const auto& [start, colour] = lane.segments[i];
-    if (!colour) continue;
+    const auto& [start, color] = lane.segments[i];
+    if (!color) continue;
     const double end = i + 1 < lane.segments.size() ? lane.segments[i + 1].start : rightEdge;
     report.add("  #%02X%02X%02X  screenX[%.1f..%.1f]  sectionX[%.1f..%.1f]  widthPt=%.1f\n",
-               static_cast<unsigned>(colour->red), static_cast<unsigned>(colour->green),
-               static_cast<unsigned>(colour->blue), start + sectionLeft, end + sectionLeft, start, end, end - start);
+               static_cast<unsigned>(color->red), static_cast<unsigned>(color->green),
+               static_cast<unsigned>(color->blue), start + sectionLeft, end + sectionLeft, start, end, end - start);
   }
 }
 

@@ -64,7 +64,7 @@ void repaintIfChanged(NSView view) {
 void takeOver(NSView view, std::vector<BandSegment> segments) {
   constexpr double kMemory = 1;  // seconds
   const double now = CFAbsoluteTimeGetCurrent();
-  if (std::ranges::any_of(segments, [](const BandSegment& segment) { return segment.colour.has_value(); })) {
+  if (std::ranges::any_of(segments, [](const BandSegment& segment) { return segment.color.has_value(); })) {
     gVMBSegments = std::move(segments);
     gVMBLastGoodTime = now;
   } else if (gVMBOwner != view.object || !(now - gVMBLastGoodTime < kMemory)) {
@@ -97,10 +97,10 @@ void drawBands(NSView view, CGRect dirty, double opacity) {
   clipAroundRegions(dirty);
   const CGRect bounds = view.bounds();
   for (std::size_t i = 0; i < gVMBSegments.size(); ++i) {
-    const auto& colour = gVMBSegments[i].colour;
+    const auto& color = gVMBSegments[i].color;
     const CGRect band = CGRectIntersection(bandOf(i, bounds), dirty);
-    if (!colour || band.isEmpty()) continue;
-    NSColor::colorWithSRGBRed(colour->red / kScale, colour->green / kScale, colour->blue / kScale, opacity).setFill();
+    if (!color || band.isEmpty()) continue;
+    NSColor::colorWithSRGBRed(color->red / kScale, color->green / kScale, color->blue / kScale, opacity).setFill();
     NSRectFillUsingOperation(band, NSCompositingOperationSourceOver);
   }
 }

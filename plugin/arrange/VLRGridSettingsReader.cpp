@@ -7,7 +7,7 @@
 #include <string>
 
 #include "plugin/files/AtomicWrite.h"
-#include "plugin/theme/PropertyListReader.h"
+#include "plugin/plist/PropertyListReader.h"
 
 namespace velura {
 namespace {

@@ -5,7 +5,7 @@
 #include "cocoa/Call.h"
 #include "cocoa/ClassDefinition.h"
 #include "cocoa/Dispatch.h"
-#include "plugin/arrange/VLRGridSettings.h"
+#include "plugin/language/VLRGridSettings.h"
 
 namespace velura {
 

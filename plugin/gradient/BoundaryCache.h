@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <optional>
 
-#include "plugin/gradient/VLRStripGradient.h"
 #include "plugin/hostapi/MANode.h"
+#include "plugin/theme/VLRStripGradient.h"
 
 namespace velura {
 

@@ -9,9 +9,9 @@
 #include <string>
 
 #include "cocoa/ClassDefinition.h"
-#include "plugin/gradient/VLRStripBevel.h"
-#include "plugin/gradient/VLRStripGradient.h"
 #include "plugin/theme/ThemeUtility.h"
+#include "plugin/theme/VLRStripBevel.h"
+#include "plugin/theme/VLRStripGradient.h"
 
 namespace velura {
 namespace {
@@ -54,7 +54,7 @@ class PatternKey {
     }
     text_.append(digits, sizeof digits);
   }
-  void addColour(NSColor colour);
+  void addColor(NSColor color);
   [[nodiscard]] const std::string& text() const { return text_; }
 
  private:
@@ -71,17 +71,17 @@ std::string_view nameOfSpace(NSColorSpace space) {
 }
 
 /// A component colour is described by its space and components; another by its own description.
-void PatternKey::addColour(NSColor colour) {
+void PatternKey::addColor(NSColor color) {
   constexpr NSInteger kMostComponents = 4;
-  const bool hasComponents = colour.type() == NSColorTypeComponentBased;
-  const std::string_view space = hasComponents ? nameOfSpace(colour.colorSpace()) : std::string_view();
-  const NSInteger count = hasComponents ? colour.numberOfComponents() : 0;
+  const bool hasComponents = color.type() == NSColorTypeComponentBased;
+  const std::string_view space = hasComponents ? nameOfSpace(color.colorSpace()) : std::string_view();
+  const NSInteger count = hasComponents ? color.numberOfComponents() : 0;
   if (space.empty() || count > kMostComponents) {
-    text_ += toStdString(colour.description());
+    text_ += toStdString(color.description());
     return;
   }
   double components[kMostComponents]{};
-  colour.getComponents(components);
+  color.getComponents(components);
   text_ += space;
   for (NSInteger i = 0; i < count; ++i) {
     text_ += ' ';
@@ -113,7 +113,7 @@ Plan planFor(const PatternLook& look) {
 void addStops(PatternKey& key, const GradientStops& stops) {
   for (std::size_t i = 0; i < stops.count; ++i) {
     if (i != 0) key.add(";");
-    key.addColour(stops.colours[i]);
+    key.addColor(stops.colors[i]);
   }
   key.separate();
   for (std::size_t i = 0; i < stops.count; ++i) {
@@ -128,7 +128,7 @@ PatternKey keyFor(const PatternLook& look, const Plan& plan) {
     addStops(key, *look.stops);
   } else {
     key.add("solid|");
-    if (look.base) key.addColour(look.base);
+    if (look.base) key.addColor(look.base);
   }
   key.separate();
   key.add(static_cast<long>(std::ceil(look.size.width)));
@@ -144,24 +144,24 @@ PatternKey keyFor(const PatternLook& look, const Plan& plan) {
   key.addFixed(plan.bevel ? look.bevel->strength : 0, 0);
   key.separate();
   if (look.overlay) {
-    key.addColour(look.overlay);
+    key.addColor(look.overlay);
   } else {
     key.add("noov");
   }
   return key;
 }
 
-void fill(CGRect rect, NSColor colour) {
-  colour.set();
+void fill(CGRect rect, NSColor color) {
+  color.set();
   NSRectFillUsingOperation(rect, NSCompositingOperationSourceOver);
 }
 
 void drawBase(const PatternLook& look, const Plan& plan, CGRect whole) {
   if (plan.gradient) {
     const GradientStops& stops = *look.stops;
-    id colours[kMostStops];
-    for (std::size_t i = 0; i < stops.count; ++i) colours[i] = stops.colours[i].object;
-    const Ref<NSGradient> gradient = NSGradient::withColors(NSArray::arrayWithObjects(colours, stops.count),
+    id colors[kMostStops];
+    for (std::size_t i = 0; i < stops.count; ++i) colors[i] = stops.colors[i].object;
+    const Ref<NSGradient> gradient = NSGradient::withColors(NSArray::arrayWithObjects(colors, stops.count),
                                                             stops.locations.data(), NSColorSpace::sRGBColorSpace());
     if (gradient) gradient->drawInRect(whole, std::fmod(std::fmod(90 - plan.angle, 360) + 360, 360));
   } else if (look.base) {
@@ -193,22 +193,22 @@ NSColor rendered(const PatternLook& look, const Plan& plan) {
 }
 
 /// The stops of two parallel arrays; nothing when they do not match, or are too few or too many.
-bool readStops(NSArray colours, NSArray locations, GradientStops& out) {
-  const NSUInteger count = colours.count();
+bool readStops(NSArray colors, NSArray locations, GradientStops& out) {
+  const NSUInteger count = colors.count();
   if (count < kFewestStops || count > kMostStops || count != locations.count()) return false;
   for (NSUInteger i = 0; i < count; ++i) {
-    out.append(cast<NSColor>(colours.objectAtIndex(i)), cast<NSNumber>(locations.objectAtIndex(i)).doubleValue());
+    out.append(cast<NSColor>(colors.objectAtIndex(i)), cast<NSNumber>(locations.objectAtIndex(i)).doubleValue());
   }
   return true;
 }
 
 }  // namespace
 
-NSColor patternColour(const PatternLook& look) {
-  return patternColour(look, ThemeUtility::shared().gradientPatternCache);
+NSColor patternColor(const PatternLook& look) {
+  return patternColor(look, ThemeUtility::shared().gradientPatternCache);
 }
 
-NSColor patternColour(const PatternLook& look, NSMutableDictionary cache) {
+NSColor patternColor(const PatternLook& look, NSMutableDictionary cache) {
   if (!isRenderable(look.size.width) || !isRenderable(look.size.height)) return look.base;
   const Plan plan = planFor(look);
   if (!look.overlay && !plan.gradient) {
@@ -235,7 +235,7 @@ NSColor ThemeUtility::patternColorForGradient(NSObject gradient, NSColor base, C
     if (readStops(stopColors, stopLocations, stops)) look.stops = &stops;
   }
   look.bevel = stateIfKind<VLRStripBevel>(bevel);
-  return patternColour(look, gradientPatternCache);
+  return patternColor(look, gradientPatternCache);
 }
 
 NSColor ThemeUtility::patternColorForGradientWithoutOverlay(NSObject gradient, NSColor base, CGSize size,

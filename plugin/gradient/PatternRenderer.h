@@ -5,7 +5,7 @@
 #include <cstddef>
 
 #include "cocoa/AppKit.h"
-#include "plugin/gradient/VLRStripGradient.h"
+#include "plugin/theme/VLRStripGradient.h"
 
 namespace velura {
 
@@ -14,13 +14,13 @@ struct VLRStripBevel;
 /// Colours along a gradient, each at a location from 0 to 1. The colours are not retained.
 struct GradientStops {
   std::size_t count = 0;
-  std::array<NSColor, kMostStops> colours;
+  std::array<NSColor, kMostStops> colors;
   std::array<double, kMostStops> locations{};
 
   /// False when there is no room for another stop.
-  bool append(NSColor colour, double location) {
+  bool append(NSColor color, double location) {
     if (count == kMostStops) return false;
-    colours[count] = colour;
+    colors[count] = color;
     locations[count++] = location;
     return true;
   }
@@ -43,9 +43,9 @@ struct PatternLook {
 /// The pattern colour of a look, from the theme's cache or freshly drawn. Answers the base colour itself
 /// when there is nothing to render or the size lies outside 2 to 4096 points, and nil for a bevel alone.
 /// `cache` holds the finished patterns by key.
-NSColor patternColour(const PatternLook& look, NSMutableDictionary cache);
+NSColor patternColor(const PatternLook& look, NSMutableDictionary cache);
 
 /// The same with the cache of the theme in force.
-NSColor patternColour(const PatternLook& look);
+NSColor patternColor(const PatternLook& look);
 
 }  // namespace velura

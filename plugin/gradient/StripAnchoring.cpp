@@ -7,10 +7,10 @@
 
 #include "plugin/gradient/BoundaryCache.h"
 #include "plugin/gradient/GradientSwitch.h"
-#include "plugin/gradient/VLRStripBevel.h"
-#include "plugin/gradient/VLRStripGradient.h"
-#include "plugin/mixer/StripNodeDump.h"
+#include "plugin/gradient/StripNodeDump.h"
 #include "plugin/theme/ThemeUtility.h"
+#include "plugin/theme/VLRStripBevel.h"
+#include "plugin/theme/VLRStripGradient.h"
 
 namespace velura {
 namespace {
@@ -61,8 +61,8 @@ double boundaryYForAnchor(MAStripNode strip, StripAnchor anchor) {
 
 bool resolveGradient(MAStripNode strip, VLRStripGradient& gradient, NSColor base, GradientStops& stops) {
   stops.count = 0;
-  const NSArray colours = gradient.stopColorsForBase(base);
-  const NSUInteger count = colours.count();
+  const NSArray colors = gradient.stopColorsForBase(base);
+  const NSUInteger count = colors.count();
   if (count < kFewestStops) return false;
   const double height = strip.frame().size.height;
   const bool placed = !gradient.hasAnchors && !(gradient.smoothingPoints > 0);
@@ -70,12 +70,12 @@ bool resolveGradient(MAStripNode strip, VLRStripGradient& gradient, NSColor base
   for (std::size_t i = 0; i < count; ++i) {
     const auto location = placed ? std::optional(gradient.locations[i]) : locationOf(strip, height, gradient, i);
     if (!location) return false;
-    stops.append(cast<NSColor>(colours.objectAtIndex(i)), *location);
+    stops.append(cast<NSColor>(colors.objectAtIndex(i)), *location);
   }
   if (placed) return true;
-  std::span<NSColor> sortedColours(stops.colours.data(), stops.count);
+  std::span<NSColor> sortedColors(stops.colors.data(), stops.count);
   std::span<double> sortedLocations(stops.locations.data(), stops.count);
-  VLRSortStops(sortedColours, sortedLocations);
+  VLRSortStops(sortedColors, sortedLocations);
   if (gradient.smoothingPoints > 0) smoothStops(stops, gradient.smoothingPoints, height);
   return true;
 }
@@ -94,7 +94,7 @@ NSColor applyStripGradient(MAStripNode strip, NSColor base, bool highlighted, NS
     look.stops = &stops;
     look.angleDegrees = gradient->angleDegrees;
   }
-  return patternColour(look);
+  return patternColor(look);
 }
 
 }  // namespace velura

@@ -2,8 +2,8 @@
 // Puts the stops of a gradient on the borders between the sections of a mixer strip.
 
 #include "plugin/gradient/PatternRenderer.h"
-#include "plugin/gradient/VLRStripGradient.h"
 #include "plugin/hostapi/MANode.h"
+#include "plugin/theme/VLRStripGradient.h"
 
 namespace velura {
 

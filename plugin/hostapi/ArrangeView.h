@@ -32,7 +32,7 @@ inline NSView ArrangeSection::sibling(NSInteger number) const {
 }
 
 /// Places of switches in the list "trackelemShow" of a header configuration.
-inline constexpr NSUInteger kColourBarElement = 12;
+inline constexpr NSUInteger kColorBarElement = 12;
 inline constexpr NSUInteger kSurfaceBarElement = 14;
 
 /// What the headers of an arrange view show; nil where the host cannot be asked.

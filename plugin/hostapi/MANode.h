@@ -88,8 +88,8 @@ struct MAScaleTick : NSObject {
   using NSObject::NSObject;
   [[nodiscard]] NSInteger type() const { return cocoa::call<"type", NSInteger>(object); }
   [[nodiscard]] double defaultYPosition() const { return cocoa::call<"defaultYPosition", double>(object); }
-  void setColor(CGColorRef colour) const { cocoa::call<"setColor:">(object, colour); }
-  void setHighlightedColor(CGColorRef colour) const { cocoa::call<"setHighlightedColor:">(object, colour); }
+  void setColor(CGColorRef color) const { cocoa::call<"setColor:">(object, color); }
+  void setHighlightedColor(CGColorRef color) const { cocoa::call<"setHighlightedColor:">(object, color); }
 };
 
 struct MAScaleNode : MANode {

@@ -7,7 +7,7 @@
 #include "cocoa/ImageIO.h"
 #include "plugin/hostapi/Identifiers.h"
 #include "plugin/imaging/MyNSBitmapImageRep.h"
-#include "plugin/theme/StringBytes.h"
+#include "plugin/text/StringBytes.h"
 #include "plugin/theme/ThemeUtility.h"
 
 namespace velura {

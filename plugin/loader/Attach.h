@@ -58,7 +58,7 @@ void attachLiveLoopsRowTriggerColors();
 void attachLiveLoopsRowTriggerColorUtility();
 
 // What other folders add to the plug-in's own class `Utility`.
-void attachUtilityRecolouring();
-void attachUtilityTrackColourWarning();
+void attachUtilityRecoloring();
+void attachUtilityTrackColorWarning();
 
 }  // namespace velura

@@ -6,8 +6,6 @@
 
 #include "cocoa/Memory.h"
 #include "plugin/arrange/VLRGridSettingsReader.h"
-#include "plugin/gradient/VLRStripBevel.h"
-#include "plugin/gradient/VLRStripGradient.h"
 #include "plugin/imaging/MyNSBitmapImageRep.h"
 #include "plugin/imaging/RectToSourceColorData.h"
 #include "plugin/loader/Attach.h"
@@ -15,6 +13,8 @@
 #include "plugin/loader/LoaderClass.h"
 #include "plugin/theme/ThemeUtility.h"
 #include "plugin/theme/Utility.h"
+#include "plugin/theme/VLRStripBevel.h"
+#include "plugin/theme/VLRStripGradient.h"
 
 namespace velura {
 namespace {
@@ -40,8 +40,8 @@ bool isNameTaken() {
   defineVLRGridSettingsReader();
   defineLoaderClass();
   attachNSStringCompareToVersion();
-  attachUtilityRecolouring();
-  attachUtilityTrackColourWarning();
+  attachUtilityRecoloring();
+  attachUtilityTrackColorWarning();
   attachCategories();
 }
 

@@ -2,8 +2,8 @@
 
 #include "cocoa/ClassDefinition.h"
 #include "plugin/arrange/VLRGridSettingsReader.h"
+#include "plugin/hostapi/HostVersion.h"
 #include "plugin/loader/Categories.h"
-#include "plugin/loader/HostVersion.h"
 #include "plugin/loader/WindowRefresh.h"
 #include "plugin/theme/SelectedTheme.h"
 #include "plugin/theme/ThemeUtility.h"

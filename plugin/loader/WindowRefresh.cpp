@@ -4,12 +4,12 @@
 
 #include "cocoa/Call.h"
 #include "cocoa/QuartzCore.h"
-#include "plugin/arrange/Utility+TrackColourWarning.h"
+#include "plugin/arrange/Utility+TrackColorWarning.h"
 #include "plugin/hostapi/MANode.h"
-#include "plugin/mixer/ColouredText.h"
+#include "plugin/text/ColoredText.h"
 #include "plugin/theme/ThemeUtility.h"
-#include "plugin/views/LayerColour.h"
-#include "plugin/views/LibraryColours.h"
+#include "plugin/views/LayerColor.h"
+#include "plugin/views/LibraryColors.h"
 
 namespace velura {
 namespace {
@@ -31,7 +31,7 @@ NSView find(NSView root) {
   return findSubviewOfClass(literal<Name>(), root);
 }
 
-NSColor colourFor(ThemeKey key) { return ThemeUtility::shared().colorForKey(key); }
+NSColor colorFor(ThemeKey key) { return ThemeUtility::shared().colorForKey(key); }
 
 /// Asks an object for another one, if it can be asked.
 template <FixedString Getter, class T = NSObject>
@@ -53,10 +53,10 @@ void redraw(NSView view) {
 // ---- Library and browsers -----------------------------------------------------------------------------
 
 /// Colours of the host's catalogue may be the theme's by now.
-NSColor resolvedAgain(NSColor colour) {
-  if (!colour || colour.type() != NSColorTypeCatalog) return colour;
-  return NSColor::colorWithCatalogName(call<"catalogNameComponent", NSString>(colour),
-                                       call<"colorNameComponent", NSString>(colour));
+NSColor resolvedAgain(NSColor color) {
+  if (!color || color.type() != NSColorTypeCatalog) return color;
+  return NSColor::colorWithCatalogName(call<"catalogNameComponent", NSString>(color),
+                                       call<"colorNameComponent", NSString>(color));
 }
 
 /// Whether a field is the title above its view controller's view.
@@ -68,7 +68,7 @@ bool isHeaderTitle(NSView field) {
 }
 
 void resetTextField(NSTextField field) {
-  const NSColor title = colourFor(ThemeKey::kLibraryHeaderTextColor);
+  const NSColor title = colorFor(key<"LibraryHeaderTextColor">);
   field.setTextColor(title && isHeaderTitle(field) ? title : resolvedAgain(field.textColor()));
 }
 
@@ -93,25 +93,25 @@ void resetColumns(NSView table, void (*resetCell)(NSObject)) {
 
 void refreshBrowsers(NSObject controller) {
   const auto library = ask<"browserUnilibView", NSView>(controller);
-  if (!colourFor(ThemeKey::kFileBrowserCellTextColor)) return;
+  if (!colorFor(key<"FileBrowserCellTextColor">)) return;
   resetColumns(find<"MyMAKitTableView">(library), resetFileBrowserCell);
   resetColumns(find<"BinMAKitOutlineView">(library), resetBinCell);
 }
 
 void refreshLoopBrowser(NSView browser) {
   const auto delegate = ask<"delegate">(browser);
-  const NSColor menuTitle = colourFor(ThemeKey::kLoopPacksMenuTitleColor);
+  const NSColor menuTitle = colorFor(key<"LoopPacksMenuTitleColor">);
   if (const auto menu = ask<"jamPackControl">(delegate); menuTitle && answers<"setTitleColor:">(menu)) {
     call<"setTitleColor:">(menu, menuTitle);
   }
-  fillLayer(find<"MALoopBrowserSplitView">(browser).layer(), ThemeKey::kLoopBrowserPaneHeaderColor);
+  fillLayer(find<"MALoopBrowserSplitView">(browser).layer(), key<"LoopBrowser_PaneHeaderColor">);
   const NSView search = find<"MALoopBrowserFilterSegmentedControl">(browser);
   search.setNeedsDisplay(true);
   search.displayIfNeeded();
 }
 
 void refreshListArea(NSView split) {
-  fillLayer(find<"NotePadBackgroundView">(split).layer(), ThemeKey::kListAreaNotePadBG);
+  fillLayer(find<"NotePadBackgroundView">(split).layer(), key<"ListArea_NotePad_BG">);
   const NSView events = find<"CLgListAreaTabView">(split);
   if (const NSView browser = find<"MALoopBrowserView">(split)) {
     refreshLoopBrowser(browser);
@@ -185,18 +185,18 @@ void refreshMixer(NSView mixer) {
   layOutAgain(mixer);
   const auto contents = ask<"contentSectionView", NSView>(mixer);
   if (!contents) return;
-  fillLayer(contents.layer(), ThemeKey::kMixerBackgroundColor);
+  fillLayer(contents.layer(), key<"mixerBackgroundColor">);
   resetNodesOf(contents);
 }
 
-void recolourLabels(NSView legend) {
-  const NSColor colour = colourFor(ThemeKey::kComponentsLabelColor);
+void recolorLabels(NSView legend) {
+  const NSColor color = colorFor(key<"componentsLabelColor">);
   const Class fields = classNamed<"MATextField">();
-  if (!colour || fields == nullptr) return;
+  if (!color || fields == nullptr) return;
   for (const NSControl field : items<NSControl>(legend.subviews())) {
     if (!field.isKindOfClass(fields)) continue;
     const NSAttributedString text = field.attributedStringValue();
-    if (text.length() > 0) field.setAttributedStringValue(inColour(text, colour));
+    if (text.length() > 0) field.setAttributedStringValue(inColor(text, color));
   }
 }
 
@@ -207,8 +207,8 @@ void refreshLegend(NSView mixer) {
   for (const NSView element : items<NSView>(legend.subviews())) element.removeFromSuperview();
   if (answers<"setupLegendElements">(controller)) call<"setupLegendElements">(controller);
   if (answers<"updateLayout">(controller)) call<"updateLayout">(controller);
-  fillLayer(legend.layer(), ThemeKey::kComponentsLabelBackgroundColor);
-  recolourLabels(legend);
+  fillLayer(legend.layer(), key<"componentsLabelBackgroundColor">);
+  recolorLabels(legend);
 }
 
 // ---- The arrange area ---------------------------------------------------------------------------------
@@ -248,7 +248,7 @@ bool refreshSplitView(NSWindow window, NSView split) {
   const bool warns = refreshArrange(split);
   refreshListArea(split);
   const NSView content = window.contentView();
-  if (colourFor(ThemeKey::kMainSeparators) && isOfClass<"CLgDocwContentView">(content)) content.setNeedsDisplay(true);
+  if (colorFor(key<"MainSeparators">) && isOfClass<"CLgDocwContentView">(content)) content.setNeedsDisplay(true);
   return warns;
 }
 
@@ -290,7 +290,7 @@ void resetLibViewColors(NSView view) {
   } else if (isOfClass<"NSTextField">(view)) {
     resetTextField(cast<NSTextField>(view));
   } else if (isOfClass<"NSPopUpButton">(view)) {
-    colourLibraryMenu(view);
+    colorLibraryMenu(view);
   }
   for (const NSView subview : items<NSView>(view.subviews())) resetLibViewColors(subview);
 }

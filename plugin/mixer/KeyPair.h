@@ -9,7 +9,7 @@ struct KeyPair {
   ThemeKey plain;
   ThemeKey highlighted;
   /// nil where the theme leaves the host's own.
-  [[nodiscard]] NSColor colour(bool isHighlighted) const {
+  [[nodiscard]] NSColor color(bool isHighlighted) const {
     return ThemeUtility::shared().colorForKey(isHighlighted ? highlighted : plain);
   }
 };

@@ -3,8 +3,8 @@
 #include <numbers>
 
 #include "cocoa/QuartzCore.h"
-#include "plugin/theme/StringBytes.h"
-#include "plugin/theme/TrackTypes.h"
+#include "plugin/language/TrackTypes.h"
+#include "plugin/text/StringBytes.h"
 #include "plugin/theme/Utility.h"
 
 namespace velura {
@@ -84,7 +84,7 @@ bool drawImage(const ImagePair& images, MANode node, CGRect rect, CGContextRef c
   return true;
 }
 
-void drawRing(CGRect rect, CGContextRef context, NSColor colour) {
+void drawRing(CGRect rect, CGContextRef context, NSColor color) {
   constexpr double kInset = 2.5;
   constexpr double kWidth = 3.5;
   constexpr double kStart = -65 * kDegree;
@@ -93,17 +93,17 @@ void drawRing(CGRect rect, CGContextRef context, NSColor colour) {
   if (ring.isEmpty()) return;
   CGContextSaveGState(context);
   CGContextSetLineWidth(context, kWidth);
-  CGContextSetStrokeColorWithColor(context, colour.CGColor());
+  CGContextSetStrokeColorWithColor(context, color.CGColor());
   CGContextBeginPath(context);
   CGContextAddArc(context, ring.midX(), ring.midY(), ring.size.width * 0.5, kStart, kEnd, 0);
   CGContextStrokePath(context);
   CGContextRestoreGState(context);
 }
 
-void fillDisc(CGRect rect, CGContextRef context, NSColor colour) {
+void fillDisc(CGRect rect, CGContextRef context, NSColor color) {
   if (rect.isEmpty()) return;
   CGContextSaveGState(context);
-  CGContextSetFillColorWithColor(context, colour.CGColor());
+  CGContextSetFillColorWithColor(context, color.CGColor());
   CGContextBeginPath(context);
   CGContextAddEllipseInRect(context, rect);
   CGContextDrawPath(context, kCGPathFill);

@@ -11,13 +11,11 @@ namespace velura {
 /// Whether a knob is a panner, by its name. Spreads, shapes and caps ask it of the knob that they belong to.
 bool isPannerKnob(MANode knob);
 
-inline constexpr KeyPair kPannerRing{ThemeKey::kPannerKnobMeterBackgroundColor,
-                                     ThemeKey::kPannerKnobMeterBackgroundHighlightColor};
-inline constexpr KeyPair kSendRing{ThemeKey::kSendKnobMeterBackgroundColor,
-                                   ThemeKey::kSendKnobMeterBackgroundHighlightColor};
-inline constexpr KeyPair kPannerCap{ThemeKey::kPannerKnobBackgroundColor,
-                                    ThemeKey::kPannerKnobBackgroundHighlightColor};
-inline constexpr KeyPair kSendCap{ThemeKey::kSendKnobBackgroundColor, ThemeKey::kSendKnobBackgroundHighlightColor};
+inline constexpr KeyPair kPannerRing{key<"pannerKnobMeterBackgroundColor">,
+                                     key<"pannerKnobMeterBackgroundHighlightColor">};
+inline constexpr KeyPair kSendRing{key<"sendKnobMeterBackgroundColor">, key<"sendKnobMeterBackgroundHighlightColor">};
+inline constexpr KeyPair kPannerCap{key<"pannerKnobBackgroundColor">, key<"pannerKnobBackgroundHighlightColor">};
+inline constexpr KeyPair kSendCap{key<"sendKnobBackgroundColor">, key<"sendKnobBackgroundHighlightColor">};
 
 // ---- Images -------------------------------------------------------------------------------------------
 
@@ -56,7 +54,7 @@ bool drawImage(const ImagePair& images, MANode node, CGRect rect, CGContextRef c
 // ---- Rings and discs ----------------------------------------------------------------------------------
 
 /// The ring behind the value: 310 degrees, open at the bottom.
-void drawRing(CGRect rect, CGContextRef context, NSColor colour);
-void fillDisc(CGRect rect, CGContextRef context, NSColor colour);
+void drawRing(CGRect rect, CGContextRef context, NSColor color);
+void fillDisc(CGRect rect, CGContextRef context, NSColor color);
 
 }  // namespace velura

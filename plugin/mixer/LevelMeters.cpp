@@ -7,13 +7,13 @@
 #include <optional>
 #include <string>
 
-#include "plugin/theme/ColourString.h"
-#include "plugin/theme/PropertyListReader.h"
-#include "plugin/theme/StringBytes.h"
+#include "plugin/language/ColorString.h"
+#include "plugin/plist/PropertyListReader.h"
+#include "plugin/text/StringBytes.h"
+#include "plugin/text/Truncated.h"
 #include "plugin/theme/ThemeFiles.h"
 #include "plugin/theme/ThemeUtility.h"
 #include "plugin/theme/ThemeValues.h"
-#include "plugin/theme/Truncated.h"
 
 namespace velura {
 namespace {
@@ -32,33 +32,33 @@ NSObject vlrLevelMeterDefaultColor(NSString key) {
   return defaults.objectForKey(key);
 }
 
-NSColor defaultColour(ThemeKey key) {
+NSColor defaultColor(ThemeKey key) {
   constexpr int kFewestComponents = 3;
-  ColourComponents colour{.alpha = 100};
+  ColorComponents color{.alpha = 100};
   const auto text = as<NSString>(vlrLevelMeterDefaultColor(string(rowOf(key).name)));
-  if (scanColourString(utf8Bytes(text), colour) < kFewestComponents) return {};
-  return NSColor::colorWithSRGBRed(colour.red / 255.0, colour.green / 255.0, colour.blue / 255.0, colour.alpha / 100.0);
+  if (scanColorString(utf8Bytes(text), color) < kFewestComponents) return {};
+  return NSColor::colorWithSRGBRed(color.red / 255.0, color.green / 255.0, color.blue / 255.0, color.alpha / 100.0);
 }
 
-std::optional<MeterColours> coloursOf(TrackType type, const ThemeValues& settings) {
+std::optional<MeterColors> colorsOf(TrackType type, const ThemeValues& settings) {
   const TrackTypeRow& row = *rowOf(type);
   if (settings.flag(row.sharedMeter).value_or(true)) return std::nullopt;
-  MeterColours colours;
-  for (std::size_t i = 0; i < colours.size(); ++i) {
-    const auto key = ThemeKey(indexOf(row.lowestMeterColour) + i);
+  MeterColors colors;
+  for (std::size_t i = 0; i < colors.size(); ++i) {
+    const auto key = ThemeKey(indexOf(row.lowestMeterColor) + i);
     const NSColor themed = ThemeUtility::shared().colorForKey(key);
-    colours[i] = themed ? themed : defaultColour(key);
-    if (!colours[i]) return std::nullopt;
+    colors[i] = themed ? themed : defaultColor(key);
+    if (!colors[i]) return std::nullopt;
   }
-  return colours;
+  return colors;
 }
 
-using ColourTable = std::array<std::optional<MeterColours>, kStyles.size()>;
-ColourTable colourTable() {
+using ColorTable = std::array<std::optional<MeterColors>, kStyles.size()>;
+ColorTable colorTable() {
   const AutoreleasePool pool;
   const ThemeValues settings(loadThemeSettings());
-  ColourTable table;
-  std::ranges::transform(kStyles, table.begin(), [&](TrackType type) { return coloursOf(type, settings); });
+  ColorTable table;
+  std::ranges::transform(kStyles, table.begin(), [&](TrackType type) { return colorsOf(type, settings); });
   return table;
 }
 
@@ -128,18 +128,18 @@ Ref<NSBitmapImageRep> drawnBitmap(NSInteger width, NSInteger height, Draw&& draw
 }
 
 /// A grey in red, green and blue: a gradient takes colours of one kind.
-NSColor inRgb(NSColor colour) {
+NSColor inRgb(NSColor color) {
   constexpr NSInteger kRgbComponents = 3;
-  const bool isRgb = colour.type() == NSColorTypeComponentBased && colour.numberOfComponents() >= kRgbComponents;
-  return isRgb ? colour : colour.colorUsingColorSpace(NSColorSpace::deviceRGBColorSpace());
+  const bool isRgb = color.type() == NSColorTypeComponentBased && color.numberOfComponents() >= kRgbComponents;
+  return isRgb ? color : color.colorUsingColorSpace(NSColorSpace::deviceRGBColorSpace());
 }
 
-Ref<NSBitmapImageRep> meterBitmap(const MeterColours& colours, const MeterLocations& locations, CGSize size,
+Ref<NSBitmapImageRep> meterBitmap(const MeterColors& colors, const MeterLocations& locations, CGSize size,
                                   CGFloat scale) {
   constexpr NSUInteger kBeforeAndAfter = NSGradientDrawsBeforeStartingLocation | NSGradientDrawsAfterEndingLocation;
   const NSMutableArray list = NSMutableArray::array();
-  for (const Ref<NSColor>& colour : colours) {
-    const NSColor rgb = inRgb(colour);
+  for (const Ref<NSColor>& color : colors) {
+    const NSColor rgb = inRgb(color);
     if (!rgb) return {};
     list.addObject(rgb);
   }
@@ -176,11 +176,11 @@ NSInteger meterStyleOf(TrackType type) {
   return found == kStyles.end() ? -1 : found - kStyles.begin();
 }
 
-const MeterColours* vlrLevelMeterColorsForTypeIndex(NSInteger style) {
-  static const ColourTable& table = *new ColourTable(colourTable());  // as long as the process
+const MeterColors* vlrLevelMeterColorsForTypeIndex(NSInteger style) {
+  static const ColorTable& table = *new ColorTable(colorTable());  // as long as the process
   if (style < 0 || static_cast<std::size_t>(style) >= table.size()) return nullptr;
-  const auto& colours = table[static_cast<std::size_t>(style)];
-  return colours ? &*colours : nullptr;
+  const auto& colors = table[static_cast<std::size_t>(style)];
+  return colors ? &*colors : nullptr;
 }
 
 const MeterLocations& vlrLevelMeterLocationsForBaseType(NSInteger base) {
@@ -190,8 +190,8 @@ const MeterLocations& vlrLevelMeterLocationsForBaseType(NSInteger base) {
 
 CGImageRef vlrLevelMeterTexture(MeterType type, CGSize size, CGFloat scale) {
   static auto& cache = *new std::map<std::string, CFRef<CGImageRef>>;  // as long as the process
-  const MeterColours* colours = vlrLevelMeterColorsForTypeIndex(type.style);
-  if (colours == nullptr || !type.isThemed()) return nullptr;
+  const MeterColors* colors = vlrLevelMeterColorsForTypeIndex(type.style);
+  if (colors == nullptr || !type.isThemed()) return nullptr;
   // Meters of one size follow each other: the key is written out for another one only.
   static auto& last = *new Texture;
   if (last.image && last.type == type.number() && last.size == size && last.scale == scale) return last.image;
@@ -200,7 +200,7 @@ CGImageRef vlrLevelMeterTexture(MeterType type, CGSize size, CGFloat scale) {
     last = {type.number(), size, scale, known->second};
     return last.image;
   }
-  const auto bitmap = meterBitmap(*colours, vlrLevelMeterLocationsForBaseType(type.base), size, scale);
+  const auto bitmap = meterBitmap(*colors, vlrLevelMeterLocationsForBaseType(type.base), size, scale);
   const CFRef<CGImageRef> image = bitmap ? bitmap->CGImage() : nullptr;
   if (!image) return nullptr;
   if (cache.size() > kMostTextures) cache.clear();
@@ -209,10 +209,10 @@ CGImageRef vlrLevelMeterTexture(MeterType type, CGSize size, CGFloat scale) {
 
 CGImageRef levelMeterBackground(CGSize size, CGFloat scale) {
   constexpr double kRadius = 3;  // pixels
-  const NSColor colour = ThemeUtility::shared().colorForKey(ThemeKey::kVUMeterBackground);
-  if (!colour) return nullptr;
+  const NSColor color = ThemeUtility::shared().colorForKey(key<"VUMeterBackground">);
+  if (!color) return nullptr;
   const auto bitmap = drawnBitmap(truncated(size.width * scale), truncated(size.height * scale), [&](CGRect whole) {
-    colour.setFill();
+    color.setFill();
     NSBezierPath::bezierPathWithRoundedRect(whole, kRadius, kRadius).fill();
   });
   return bitmap ? bitmap->CGImage() : nullptr;

@@ -5,13 +5,13 @@
 #include <array>
 
 #include "cocoa/AppKit.h"
-#include "plugin/theme/TrackTypes.h"
+#include "plugin/language/TrackTypes.h"
 
 namespace velura {
 
-inline constexpr std::size_t kMeterColours = 5;
-using MeterColours = std::array<cocoa::Ref<NSColor>, kMeterColours>;
-using MeterLocations = std::array<CGFloat, kMeterColours>;
+inline constexpr std::size_t kMeterColors = 5;
+using MeterColors = std::array<cocoa::Ref<NSColor>, kMeterColors>;
+using MeterLocations = std::array<CGFloat, kMeterColors>;
 
 /// A meter's number, taken apart.
 struct MeterType {
@@ -30,7 +30,7 @@ struct MeterType {
 NSInteger meterStyleOf(TrackType type);
 
 /// The colours of a style, from the bottom or left end; null while strips of that kind show the host's meters.
-const MeterColours* vlrLevelMeterColorsForTypeIndex(NSInteger style);
+const MeterColors* vlrLevelMeterColorsForTypeIndex(NSInteger style);
 
 /// Where on a meter of a base type its colours lie, from 0 to 1.
 const MeterLocations& vlrLevelMeterLocationsForBaseType(NSInteger base);

@@ -6,11 +6,11 @@
 #include "cocoa/Override.h"
 #include "plugin/hostapi/MANode.h"
 #include "plugin/loader/Attach.h"
-#include "plugin/mixer/ColouredText.h"
-#include "plugin/mixer/HostColour.h"
+#include "plugin/mixer/HostColor.h"
 #include "plugin/mixer/KeyPair.h"
 #include "plugin/mixer/PluginGroups.h"
-#include "plugin/theme/StringBytes.h"
+#include "plugin/text/ColoredText.h"
+#include "plugin/text/StringBytes.h"
 #include "plugin/theme/ThemeUtility.h"
 
 namespace velura {
@@ -85,65 +85,67 @@ struct TitleKeys {
   KeyPair on;
   KeyPair off;
   KeyPair otherMode;
-  [[nodiscard]] NSColor colour(MAButtonNode button, NSColor host, bool isHighlighted) const {
+  [[nodiscard]] NSColor color(MAButtonNode button, NSColor host, bool isHighlighted) const {
     const KeyPair& plain = button.isOn() ? on : off;
-    return (isGrey(host) ? plain : otherMode).colour(isHighlighted);
+    return (isGrey(host) ? plain : otherMode).color(isHighlighted);
   }
 };
 
-using enum ThemeKey;
-constexpr TitleKeys kInstrumentTitle{{kInputInstButtonTitleColor, kInputInstButtonTitleHighlightColor},
-                                     {kInputInstButtonBypassTitleColor, kInputInstButtonBypassHighlightTitleColor},
-                                     {kInputInstButtonDimTitleColor, kInputInstButtonDimTitleColor}};
-constexpr TitleKeys kSendTitle{{kSendButtonTitleColor, kSendButtonTitleHighlightColor},
-                               {kSendButtonBypassTitleColor, kSendButtonBypassHighlightTitleColor},
-                               {kSendButtonLowLatencyTitleColor, kSendButtonLowLatencyTitleHighlightColor}};
-constexpr TitleKeys kMidiTitle{{kMidiButtonTitleColor, kMidiButtonTitleHighlightColor},
-                               {kMidiButtonBypassTitleColor, kMidiButtonBypassHighlightTitleColor},
-                               {kMidiButtonDimTitleColor, kMidiButtonDimHighlightTitleColor}};
+constexpr TitleKeys kInstrumentTitle{
+    {key<"InputInstButtonTitleColor">, key<"InputInstButtonTitleHighlightColor">},
+    {key<"InputInstButtonBypassTitleColor">, key<"InputInstButtonBypassHighlightTitleColor">},
+    {key<"InputInstButtonDimTitleColor">, key<"InputInstButtonDimTitleColor">}};
+constexpr TitleKeys kSendTitle{{key<"sendButtonTitleColor">, key<"sendButtonTitleHighlightColor">},
+                               {key<"sendButtonBypassTitleColor">, key<"sendButtonBypassHighlightTitleColor">},
+                               {key<"sendButtonLowLatencyTitleColor">, key<"sendButtonLowLatencyTitleHighlightColor">}};
+constexpr TitleKeys kMidiTitle{{key<"midiButtonTitleColor">, key<"midiButtonTitleHighlightColor">},
+                               {key<"midiButtonBypassTitleColor">, key<"midiButtonBypassHighlightTitleColor">},
+                               {key<"midiButtonDimTitleColor">, key<"midiButtonDimHighlightTitleColor">}};
 
 /// The title of an audio effect: the colour of its group, else the theme's.
 struct InsertTitle {
-  NSString (*groupColour)();
+  NSString (*groupColor)();
   KeyPair keys;
 };
 
-InsertTitle insertTitle(bool isOn, ColourState state) {
-  if (state == ColourState::kDimmed) {
-    return {literal<"dimTextColor">, {kAudioFXInsertButtonTitleDimColor, kAudioFXInsertButtonTitleDimColor}};
+InsertTitle insertTitle(bool isOn, ColorState state) {
+  if (state == ColorState::kDimmed) {
+    return {literal<"dimTextColor">,
+            {key<"audioFXInsertButtonTitleDimColor">, key<"audioFXInsertButtonTitleDimColor">}};
   }
   NSString (*const group)() = isOn ? literal<"onTextColor"> : literal<"offTextColor">;
-  if (state == ColourState::kLowLatency) {
-    return {group, {kAudioFXInsertButtonLowLatencyTitleColor, kAudioFXInsertButtonLowLatencyTitleHighlightColor}};
+  if (state == ColorState::kLowLatency) {
+    return {group,
+            {key<"audioFXInsertButtonLowLatencyTitleColor">, key<"audioFXInsertButtonLowLatencyTitleHighlightColor">}};
   }
-  if (isOn) return {group, {kAudioFXInsertButtonTitleColor, kAudioFXInsertButtonTitleHighlightColor}};
-  return {group, {kAudioFXInsertButtonBypassTitleColor, kAudioFXInsertButtonBypassHighlightTitleColor}};
+  if (isOn) return {group, {key<"audioFXInsertButtonTitleColor">, key<"audioFXInsertButtonTitleHighlightColor">}};
+  return {group, {key<"audioFXInsertButtonBypassTitleColor">, key<"audioFXInsertButtonBypassHighlightTitleColor">}};
 }
 
-NSColor insertTitleColour(MAButtonNode button, NSColor host) {
+NSColor insertTitleColor(MAButtonNode button, NSColor host) {
   const InsertTitle title = insertTitle(button.isOn(), stateShownBy(host));
-  const NSColor grouped = groupOf(button.representedObject()).colour(title.groupColour());
-  return grouped ? grouped : title.keys.colour(button.isHighlighted());
+  const NSColor grouped = groupOf(button.representedObject()).color(title.groupColor());
+  return grouped ? grouped : title.keys.color(button.isHighlighted());
 }
 
-NSColor colourFor(ThemeKey key) { return ThemeUtility::shared().colorForKey(key); }
+NSColor colorFor(ThemeKey key) { return ThemeUtility::shared().colorForKey(key); }
 
-void customSetForegroundColor(MAButtonNode button, NSColor colour) {
+void customSetForegroundColor(MAButtonNode button, NSColor color) {
   const auto themed = [&]() -> NSColor {
     switch (kindOf(button)) {
       case ButtonKind::kInstrument:
-        return kInstrumentTitle.colour(button, colour, button.isHighlighted());
+        return kInstrumentTitle.color(button, color, button.isHighlighted());
       case ButtonKind::kInsert:
-        return insertTitleColour(button, colour);
+        return insertTitleColor(button, color);
       case ButtonKind::kSend:
-        return kSendTitle.colour(button, colour, button.isHighlighted());
+        return kSendTitle.color(button, color, button.isHighlighted());
       case ButtonKind::kPlain:
-        return colourFor(kSettingButtonTitleColor);
+        return colorFor(key<"settingButtonTitleColor">);
       default:
         return {};
     }
   }();
-  SetForegroundColor::callHost(button, themed ? themed : colour);
+  SetForegroundColor::callHost(button, themed ? themed : color);
 }
 
 NSColor customForegroundColor(MAButtonNode button) {
@@ -151,9 +153,9 @@ NSColor customForegroundColor(MAButtonNode button) {
   const auto themed = [&]() -> NSColor {
     switch (kindOf(button)) {
       case ButtonKind::kMidiInsert:
-        return kMidiTitle.colour(button, host, button.parent().isHighlighted());
+        return kMidiTitle.color(button, host, button.parent().isHighlighted());
       case ButtonKind::kPlain:
-        return colourFor(kSettingButtonTitleColor);
+        return colorFor(key<"settingButtonTitleColor">);
       default:
         return {};
     }
@@ -161,33 +163,33 @@ NSColor customForegroundColor(MAButtonNode button) {
   return themed ? themed : host;
 }
 
-NSColor plainTitleColour(MAButtonNode button) {
-  if (button.isNamed<"output">()) return colourFor(kOutputButtonTitleColor);
-  if (button.isNamed<"setting">() && !button.isOn()) return colourFor(kSettingOffButtonTitleColor);
-  return colourFor(kSettingButtonTitleColor);
+NSColor plainTitleColor(MAButtonNode button) {
+  if (button.isNamed<"output">()) return colorFor(key<"outputButtonTitleColor">);
+  if (button.isNamed<"setting">() && !button.isOn()) return colorFor(key<"settingOffButtonTitleColor">);
+  return colorFor(key<"settingButtonTitleColor">);
 }
 
-NSColor automationTitleColour(ThemeKey mode, bool isOn) { return colourFor(isOn ? mode : kAutomationBypassColor); }
+NSColor automationTitleColor(ThemeKey mode, bool isOn) { return colorFor(isOn ? mode : key<"automationBypassColor">); }
 
 /// The colour of a whole title that the host draws in `host`; nil where the theme leaves it.
-NSColor titleColour(MAButtonNode button, NSColor host) {
+NSColor titleColor(MAButtonNode button, NSColor host) {
   switch (kindOf(button)) {
     case ButtonKind::kInput:
-      return colourFor(kInputButtonTitleColor);
+      return colorFor(key<"inputButtonTitleColor">);
     case ButtonKind::kAutomationRead:
-      return automationTitleColour(kAutomationReadTitleColor, !isGrey(host));
+      return automationTitleColor(key<"automationReadTitleColor">, !isGrey(host));
     case ButtonKind::kAutomationTouch:
-      return automationTitleColour(kAutomationTouchTitleColor, button.isOn());
+      return automationTitleColor(key<"automationTouchTitleColor">, button.isOn());
     case ButtonKind::kAutomationLatch:
-      return automationTitleColour(kAutomationLatchTitleColor, button.isOn());
+      return automationTitleColor(key<"automationLatchTitleColor">, button.isOn());
     case ButtonKind::kAutomationWrite:
-      return automationTitleColour(kAutomationWriteTitleColor, button.isOn());
+      return automationTitleColor(key<"automationWriteTitleColor">, button.isOn());
     case ButtonKind::kPlain:
-      return plainTitleColour(button);
+      return plainTitleColor(button);
     case ButtonKind::kInsert:
-      return insertTitleColour(button, host);
+      return insertTitleColor(button, host);
     case ButtonKind::kEmpty:
-      return button.isNamed<"input">() ? colourFor(kEmptySlotButtonLabelColor) : NSColor();
+      return button.isNamed<"input">() ? colorFor(key<"emptySlotButtonLabelColor">) : NSColor();
     default:
       return {};
   }
@@ -197,8 +199,8 @@ NSObject customAttributedTitle(MAButtonNode button, NSInteger state) {
   const NSObject title = AttributedTitle::callHost(button, state);
   const auto text = as<NSAttributedString>(title);
   if (text.length() == 0) return title;
-  const NSColor colour = titleColour(button, foregroundColourOf(text));
-  return colour ? inColour(text, colour) : title;
+  const NSColor color = titleColor(button, foregroundColorOf(text));
+  return color ? inColor(text, color) : title;
 }
 
 // ---- Groups of plug-ins -------------------------------------------------------------------------------
@@ -241,7 +243,7 @@ NSImage customImageForState(MAButtonNode button, NSInteger state) {
   if (state != kSymbol || !BriefUTF8(button.assetSetPath()).view().starts_with(kGroupedInsertPrefix)) return image;
   const PluginGroup group = groupOf(button.representedObject());
   if (!group.image()) return image;
-  const NSColor tint = group.colourFromString(button.isOn() ? literal<"onIconColor">() : literal<"offIconColor">());
+  const NSColor tint = group.colorFromString(button.isOn() ? literal<"onIconColor">() : literal<"offIconColor">());
   if (!tint || !image.respondsToSelector(selector<"imageWithColor:">())) return image;
   return call<"imageWithColor:", NSImage>(image, tint);
 }

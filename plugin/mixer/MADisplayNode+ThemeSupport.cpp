@@ -7,8 +7,8 @@
 #include "cocoa/Override.h"
 #include "plugin/hostapi/MANode.h"
 #include "plugin/loader/Attach.h"
+#include "plugin/text/Truncated.h"
 #include "plugin/theme/ThemeUtility.h"
-#include "plugin/theme/Truncated.h"
 
 namespace velura {
 namespace {
@@ -22,40 +22,39 @@ struct PeakRow {
   std::array<std::int64_t, 3> host;
   ThemeKey key;
 };
-constexpr PeakRow kPeakColours[] = {{{102, 255, 127}, ThemeKey::kNormalPeakLevelTitleColor},
-                                    {{255, 214, 51}, ThemeKey::kWarningPeakLevelTitleColor},
-                                    {{255, 255, 255}, ThemeKey::kMaxPeakLevelTitleColor}};
+constexpr PeakRow kPeakColors[] = {{{102, 255, 127}, key<"normalPeakLevelTitleColor">},
+                                   {{255, 214, 51}, key<"warningPeakLevelTitleColor">},
+                                   {{255, 255, 255}, key<"maxPeakLevelTitleColor">}};
 
 /// Nothing for a colour that has no components in RGB.
-std::optional<std::array<std::int64_t, 3>> bytesOf(NSColor colour) {
+std::optional<std::array<std::int64_t, 3>> bytesOf(NSColor color) {
   constexpr NSInteger kRgbComponents = 4;
   constexpr double kScale = 255;
-  const bool isRgb =
-      colour && colour.type() == NSColorTypeComponentBased && colour.numberOfComponents() == kRgbComponents;
-  const NSColor rgb = isRgb ? colour : colour.colorUsingColorSpace(NSColorSpace::sRGBColorSpace());
+  const bool isRgb = color && color.type() == NSColorTypeComponentBased && color.numberOfComponents() == kRgbComponents;
+  const NSColor rgb = isRgb ? color : color.colorUsingColorSpace(NSColorSpace::sRGBColorSpace());
   if (!rgb) return std::nullopt;
   return std::array<std::int64_t, 3>{truncated(rgb.redComponent() * kScale), truncated(rgb.greenComponent() * kScale),
                                      truncated(rgb.blueComponent() * kScale)};
 }
 
-NSColor peakColour(NSColor host) {
+NSColor peakColor(NSColor host) {
   const auto bytes = bytesOf(host);
-  for (const PeakRow& row : kPeakColours) {
+  for (const PeakRow& row : kPeakColors) {
     if (bytes == row.host) return ThemeUtility::shared().colorForKey(row.key);
   }
   return {};
 }
 
-NSColor themedColour(MADisplayNode display, NSColor host) {
-  if (display.isNamed<"peak">()) return peakColour(host);
+NSColor themedColor(MADisplayNode display, NSColor host) {
+  if (display.isNamed<"peak">()) return peakColor(host);
   const bool isEmptyGroup =
       display.isNamed<"group">() && display.assetSetPath().isEqualToString(literal<"Displays.Empty">());
-  return isEmptyGroup ? ThemeUtility::shared().colorForKey(ThemeKey::kEmptyGroupLabelColor) : NSColor();
+  return isEmptyGroup ? ThemeUtility::shared().colorForKey(key<"emptyGroupLabelColor">) : NSColor();
 }
 
-void customSetTextColor(MADisplayNode display, NSColor colour) {
-  const NSColor themed = themedColour(display, colour);
-  SetTextColor::callHost(display, themed ? themed : colour);
+void customSetTextColor(MADisplayNode display, NSColor color) {
+  const NSColor themed = themedColor(display, color);
+  SetTextColor::callHost(display, themed ? themed : color);
 }
 
 }  // namespace

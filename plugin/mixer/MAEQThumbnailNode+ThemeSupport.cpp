@@ -13,13 +13,13 @@ using namespace cocoa;
 using DrawTitle = Override<"MAEQThumbnailNode", void(CGRect, CGContextRef),
                            "drawTitleInRect:inContext:", "customDrawTitleInRect:inContext:">;
 
-void drawTitle(NSString title, CGRect rect, CGContextRef context, NSColor colour) {
+void drawTitle(NSString title, CGRect rect, CGContextRef context, NSColor color) {
   const NSFont font = NSFont::systemFontOfSize(NSFont::smallSystemFontSize());
   const auto string = makeWith<NSMutableAttributedString, "initWithString:">(title);
   const NSRange whole{0, string->length()};
   text::setAlignment(string, NSTextAlignmentCenter, whole);
   string->addAttribute(NSFontAttributeName, font, whole);
-  string->addAttribute(NSForegroundColorAttributeName, colour, whole);
+  string->addAttribute(NSForegroundColorAttributeName, color, whole);
   CGContextSetShouldSmoothFonts(context, false);
   NSGraphicsContext::setCurrentContext(NSGraphicsContext::graphicsContextWithCGContext(context, false));
   const double height = font.pointSize();
@@ -28,11 +28,11 @@ void drawTitle(NSString title, CGRect rect, CGContextRef context, NSColor colour
 }
 
 void customDrawTitle(MAEQThumbnailNode thumbnail, CGRect rect, CGContextRef context) {
-  const NSColor colour = ThemeUtility::shared().colorForKey(ThemeKey::kEmptyEQLabelColor);
-  if (!colour) return DrawTitle::callHost(thumbnail, rect, context);
+  const NSColor color = ThemeUtility::shared().colorForKey(key<"emptyEQLabelColor">);
+  if (!color) return DrawTitle::callHost(thumbnail, rect, context);
   const NSString title = thumbnail.title();
   const SavedGraphicsState saved;
-  if (title.length() > 0) drawTitle(title, rect, context, colour);
+  if (title.length() > 0) drawTitle(title, rect, context, color);
 }
 
 }  // namespace

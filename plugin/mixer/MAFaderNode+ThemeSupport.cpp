@@ -2,9 +2,9 @@
 
 #include "cocoa/Override.h"
 #include "plugin/hostapi/MANode.h"
+#include "plugin/language/TrackTypes.h"
 #include "plugin/loader/Attach.h"
 #include "plugin/theme/ThemeUtility.h"
-#include "plugin/theme/TrackTypes.h"
 #include "plugin/theme/Utility.h"
 
 namespace velura {

@@ -14,17 +14,17 @@ using BackgroundFillColor =
     Override<"MAGainReductionMeterNode", NSColor(), "backgroundFillColor", "customBackgroundFillColor">;
 using FillColor = Override<"MAGainReductionMeterNode", NSColor(), "fillColor", "customFillColor">;
 
-constexpr KeyPair kFill{ThemeKey::kUnselectedGainReductionFillColor, ThemeKey::kSelectedGainReductionFillColor};
+constexpr KeyPair kFill{key<"UnselectedGainReductionFillColor">, key<"SelectedGainReductionFillColor">};
 
 NSColor customBackgroundFillColor(MANode meter) {
   const bool isOn = meter.respondsToSelector(selector<"isOn">()) && asks<"isOn">(meter.object);
-  const NSColor themed = ThemeUtility::shared().colorForKey(isOn ? ThemeKey::kGainReductionBackgroundColor
-                                                                 : ThemeKey::kGainReductionEmptyBackgroundColor);
+  const NSColor themed = ThemeUtility::shared().colorForKey(isOn ? key<"GainReductionBackgroundColor">
+                                                                 : key<"GainReductionEmptyBackgroundColor">);
   return themed ? themed : BackgroundFillColor::callHost(meter);
 }
 
 NSColor customFillColor(MANode meter) {
-  const NSColor themed = kFill.colour(meter.isHighlighted());
+  const NSColor themed = kFill.color(meter.isHighlighted());
   return themed ? themed : FillColor::callHost(meter);
 }
 

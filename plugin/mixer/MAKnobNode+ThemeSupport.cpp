@@ -2,7 +2,7 @@
 
 #include "cocoa/Override.h"
 #include "plugin/loader/Attach.h"
-#include "plugin/mixer/HostColour.h"
+#include "plugin/mixer/HostColor.h"
 #include "plugin/mixer/KnobDrawing.h"
 
 namespace velura {
@@ -21,7 +21,7 @@ void customUpdatePresentationObject(MANode knob, NSObject presentation, NSObject
 }
 
 /// The level of a send goes by where it takes its signal; a kind that is none of these keeps the host's colour.
-NSColor sendFillColour(MANode knob, NSColor host) {
+NSColor sendFillColor(MANode knob, NSColor host) {
   const NSObject send = knob.representedObject();
   if (!send.respondsToSelector(selector<"type">())) return {};
   const auto type = call<"type", NSInteger>(send);
@@ -29,28 +29,28 @@ NSColor sendFillColour(MANode knob, NSColor host) {
   constexpr NSInteger kPreFader = 1;
   constexpr NSInteger kPostPan = 2;
   if (type != kPostFader && type != kPreFader && type != kPostPan) return {};
-  if (isGrey(host)) return ThemeUtility::shared().colorForKey(ThemeKey::kSendKnobBypassFillColor);
-  return ThemeUtility::shared().colorForKey(type == kPostPan ? ThemeKey::kSendKnobPostPanFillColor
-                                                             : ThemeKey::kSendKnobFaderFillColor);
+  if (isGrey(host)) return ThemeUtility::shared().colorForKey(key<"sendKnobBypassFillColor">);
+  return ThemeUtility::shared().colorForKey(type == kPostPan ? key<"sendKnobPostPanFillColor">
+                                                             : key<"sendKnobFaderFillColor">);
 }
 
-NSColor themedFillColour(MANode knob, NSColor host) {
+NSColor themedFillColor(MANode knob, NSColor host) {
   const ThemeUtility& theme = ThemeUtility::shared();
-  if (isPannerKnob(knob)) return theme.colorForKey(ThemeKey::kPannerKnobFillColor);
-  if (knob.isNamed<"sendKnob">()) return sendFillColour(knob, host);
-  return knob.isNamed<"inputGainKnob">() ? theme.colorForKey(ThemeKey::kInputGainKnobFillColor) : NSColor();
+  if (isPannerKnob(knob)) return theme.colorForKey(key<"pannerKnobFillColor">);
+  if (knob.isNamed<"sendKnob">()) return sendFillColor(knob, host);
+  return knob.isNamed<"inputGainKnob">() ? theme.colorForKey(key<"inputGainKnobFillColor">) : NSColor();
 }
 
 NSColor customFillColor(MANode knob) {
   const NSColor host = FillColor::callHost(knob);
-  const NSColor themed = themedFillColour(knob, host);
+  const NSColor themed = themedFillColor(knob, host);
   return themed ? themed : host;
 }
 
 void customDrawRect(MANode knob, CGRect rect, CGContextRef context) {
   const bool isPanner = isPannerKnob(knob);
   if (ThemeUtility::shared().useImagesToDraw && (isPanner || drawImage(kSendFace, knob, rect, context))) return;
-  const NSColor ring = (isPanner ? kPannerRing : kSendRing).colour(knob.isHighlighted());
+  const NSColor ring = (isPanner ? kPannerRing : kSendRing).color(knob.isHighlighted());
   if (!ring) return DrawRect::callHost(knob, rect, context);
   drawRing(rect, context, ring);
 }

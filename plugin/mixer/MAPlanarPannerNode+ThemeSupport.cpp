@@ -26,13 +26,13 @@ NSColor themedOr(ThemeKey key, NSColor host) {
 }
 
 NSColor customValueIndicatorColor(MANode panner) {
-  return themedOr(ThemeKey::kSurroundPannerKnobBorderColor, ValueIndicatorColor::callHost(panner));
+  return themedOr(key<"surroundPannerKnobBorderColor">, ValueIndicatorColor::callHost(panner));
 }
 NSColor customSpreadFillColor(MANode panner) {
-  return themedOr(ThemeKey::kSurroundPannerKnobFillColor, SpreadFillColor::callHost(panner));
+  return themedOr(key<"surroundPannerKnobFillColor">, SpreadFillColor::callHost(panner));
 }
 NSColor customSpreadStrokeColor(MANode panner) {
-  return themedOr(ThemeKey::kSurroundPannerKnobBorderColor, SpreadStrokeColor::callHost(panner));
+  return themedOr(key<"surroundPannerKnobBorderColor">, SpreadStrokeColor::callHost(panner));
 }
 
 struct Line {
@@ -79,8 +79,8 @@ void drawGrid(CGRect rect, CGContextRef context, NSColor grid, NSColor backgroun
 BOOL customDrawBackground(MANode panner, CGRect rect, CGContextRef context) {
   const ThemeUtility& theme = ThemeUtility::shared();
   if (theme.useImagesToDraw && drawImage(kSurroundBackground, panner, rect, context)) return 1;
-  const NSColor grid = theme.colorForKey(ThemeKey::kSurroundPannerKnobGridColor);
-  const NSColor background = theme.colorForKey(ThemeKey::kSurroundPannerKnobBackgroundColor);
+  const NSColor grid = theme.colorForKey(key<"surroundPannerKnobGridColor">);
+  const NSColor background = theme.colorForKey(key<"surroundPannerKnobBackgroundColor">);
   if (!grid || !background) return 0;
   drawGrid(rect, context, grid, background);
   return 1;

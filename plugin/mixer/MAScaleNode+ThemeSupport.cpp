@@ -15,15 +15,15 @@ using HighlightedLabelColor =
     Override<"MAScaleNode", CGColorRef(), "highlightedLabelColor", "customHighlightedLabelColor">;
 using SetType = Override<"MAScaleNode", void(NSInteger), "setType:", "customSetType:">;
 
-constexpr KeyPair kTick{ThemeKey::kScaleTickMarkColor, ThemeKey::kScaleTickMarkHighlightColor};
-constexpr KeyPair kZeroTick{ThemeKey::kScale0DBTickMarkColor, ThemeKey::kScale0DBTickMarkHighlightColor};
+constexpr KeyPair kTick{key<"scaleTickMarkColor">, key<"scaleTickMarkHighlightColor">};
+constexpr KeyPair kZeroTick{key<"scale0DBTickMarkColor">, key<"scale0DBTickMarkHighlightColor">};
 
 CGColorRef customLabelColor(MAScaleNode scale) {
-  const NSColor themed = ThemeUtility::shared().colorForKey(ThemeKey::kScaleNumberColor);
+  const NSColor themed = ThemeUtility::shared().colorForKey(key<"scaleNumberColor">);
   return themed ? themed.CGColor() : LabelColor::callHost(scale);
 }
 CGColorRef customHighlightedLabelColor(MAScaleNode scale) {
-  const NSColor themed = ThemeUtility::shared().colorForKey(ThemeKey::kScaleNumberHighlightColor);
+  const NSColor themed = ThemeUtility::shared().colorForKey(key<"scaleNumberHighlightColor">);
   return themed ? themed.CGColor() : HighlightedLabelColor::callHost(scale);
 }
 
@@ -39,8 +39,8 @@ void customSetType(MAScaleNode scale, NSInteger type) {
   SetType::callHost(scale, type);
   for (const MAScaleTick tick : items<MAScaleTick>(scale.largeScaleTicks())) {
     const KeyPair& keys = isZeroTick(scale, tick) ? kZeroTick : kTick;
-    if (const NSColor plain = keys.colour(false)) tick.setColor(plain.CGColor());
-    if (const NSColor highlighted = keys.colour(true)) tick.setHighlightedColor(highlighted.CGColor());
+    if (const NSColor plain = keys.color(false)) tick.setColor(plain.CGColor());
+    if (const NSColor highlighted = keys.color(true)) tick.setHighlightedColor(highlighted.CGColor());
   }
 }
 

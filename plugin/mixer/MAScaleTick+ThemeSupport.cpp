@@ -24,9 +24,9 @@ CGColorRef themedOr(ThemeKey key, CGColorRef host) {
 }
 
 template <class Factory>
-NSObject customTick(Class tick, NSInteger type, CGColorRef colour, CGColorRef highlighted, double y, NSString label) {
-  return Factory::callHost(tick, type, themedOr(ThemeKey::kScaleTickMarkColor, colour),
-                           themedOr(ThemeKey::kScaleTickMarkHighlightColor, highlighted), y, label);
+NSObject customTick(Class tick, NSInteger type, CGColorRef color, CGColorRef highlighted, double y, NSString label) {
+  return Factory::callHost(tick, type, themedOr(key<"scaleTickMarkColor">, color),
+                           themedOr(key<"scaleTickMarkHighlightColor">, highlighted), y, label);
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ void customDrawRect(MANode panner, CGRect rect, CGContextRef context) {
   if (ThemeUtility::shared().useImagesToDraw && (isPannerKnob(panner) || drawImage(kSendFace, panner, rect, context))) {
     return;
   }
-  const NSColor ring = kPannerRing.colour(panner.isHighlighted());
+  const NSColor ring = kPannerRing.color(panner.isHighlighted());
   if (!ring) return DrawRect::callHost(panner, rect, context);
   drawRing(rect, context, ring);
 }

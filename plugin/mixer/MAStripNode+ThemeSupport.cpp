@@ -7,8 +7,8 @@
 #include "cocoa/Exception.h"
 #include "cocoa/Override.h"
 #include "plugin/gradient/StripAnchoring.h"
+#include "plugin/gradient/StripNodeDump.h"
 #include "plugin/loader/Attach.h"
-#include "plugin/mixer/StripNodeDump.h"
 #include "plugin/theme/SelectedTheme.h"
 #include "plugin/theme/ThemeUtility.h"
 #include "plugin/theme/Utility.h"
@@ -36,19 +36,19 @@ using DrawKnobFrame =
 
 /// What tells the kinds of strips apart, in one state.
 struct KindRow {
-  ThemeKey colour;
+  ThemeKey color;
   std::uint64_t ThemeUtility::*opacity;
 };
 enum Kind : std::size_t { kNormal, kFolder, kAux };
 enum State : std::size_t { kPlain, kHighlighted };
 
 constexpr KindRow kKinds[2][3] = {
-    {{ThemeKey::kStripBackgroundColor, &ThemeUtility::mixerOpacity},
-     {ThemeKey::kFolderStripBackgroundColor, &ThemeUtility::mixerFolderOpacity},
-     {ThemeKey::kAuxStripBackgroundColor, &ThemeUtility::mixerAuxOpacity}},
-    {{ThemeKey::kStripHighlightBackgroundColor, &ThemeUtility::mixerHighlightedOpacity},
-     {ThemeKey::kFolderStripHighlightBackgroundColor, &ThemeUtility::mixerFolderHighlightedOpacity},
-     {ThemeKey::kAuxStripHighlightBackgroundColor, &ThemeUtility::mixerAuxHighlightedOpacity}},
+    {{key<"stripBackgroundColor">, &ThemeUtility::mixerOpacity},
+     {key<"folderStripBackgroundColor">, &ThemeUtility::mixerFolderOpacity},
+     {key<"auxStripBackgroundColor">, &ThemeUtility::mixerAuxOpacity}},
+    {{key<"stripHighlightBackgroundColor">, &ThemeUtility::mixerHighlightedOpacity},
+     {key<"folderStripHighlightBackgroundColor">, &ThemeUtility::mixerFolderHighlightedOpacity},
+     {key<"auxStripHighlightBackgroundColor">, &ThemeUtility::mixerAuxHighlightedOpacity}},
 };
 
 Kind kindOf(MAStripNode strip) {
@@ -69,16 +69,16 @@ struct StripBackground {
 
 /// The track colour at the theme's opacity lies over the theme's gradient, or stands for the colour of the
 /// strip's kind where the theme has no gradient.
-StripBackground backgroundFor(MAStripNode strip, State state, NSColor hostColour, bool hasGradient) {
+StripBackground backgroundFor(MAStripNode strip, State state, NSColor hostColor, bool hasGradient) {
   const ThemeUtility& theme = ThemeUtility::shared();
   const KindRow& row = kKinds[state][kindOf(strip)];
-  const NSColor themed = theme.colorForKey(row.colour);
-  StripBackground background{themed ? themed : hostColour, NSColor()};
+  const NSColor themed = theme.colorForKey(row.color);
+  StripBackground background{themed ? themed : hostColor, NSColor()};
   if (!theme.useTrackColorAsStripBackground) return background;
   const std::uint64_t opacity = theme.*row.opacity;
-  const NSColor colour = opacity == 0 ? NSColor() : stripColor(strip);
-  if (!colour) return background;
-  const NSColor tinted = colour.colorWithAlphaComponent(static_cast<double>(opacity) / 100);
+  const NSColor color = opacity == 0 ? NSColor() : stripColor(strip);
+  if (!color) return background;
+  const NSColor tinted = color.colorWithAlphaComponent(static_cast<double>(opacity) / 100);
   (hasGradient ? background.overlay : background.base) = tinted;
   return background;
 }
@@ -100,7 +100,7 @@ NSColor customHighlightedBackgroundColor(MAStripNode strip) {
 }
 
 NSColor customBorderColor(MAStripNode strip) {
-  const NSColor themed = ThemeUtility::shared().colorForKey(ThemeKey::kStripBorderColor);
+  const NSColor themed = ThemeUtility::shared().colorForKey(key<"stripBorderColor">);
   return themed ? themed : BorderColor::callHost(strip);
 }
 
@@ -118,8 +118,8 @@ void customWillUpdatePresentationObject(MAStripNode strip) {
 // ---- Track colour ------------------------------------------------------------------------------
 
 /// Whether the window's strips are set up to show track colours. They are when the host cannot say.
-bool showsTrackColours(MAStripNode strip) {
-  constexpr NSUInteger kTrackColourSwitch = 44;
+bool showsTrackColors(MAStripNode strip) {
+  constexpr NSUInteger kTrackColorSwitch = 44;
   bool allowed = true;
   // Whatever the host raises while it is asked is let go: the colours are then allowed.
   static_cast<void>(guarded([&] {
@@ -131,7 +131,7 @@ bool showsTrackColours(MAStripNode strip) {
     const auto config = call<"createSaveConfigDict:", NSDictionary>(controller, window);
     if (!config) return;
     const auto switches = cast<NSArray>(config.objectForKey(literal<"isMixThing">()));
-    allowed = cast<NSNumber>(switches.objectAtIndex(kTrackColourSwitch)).boolValue();
+    allowed = cast<NSNumber>(switches.objectAtIndex(kTrackColorSwitch)).boolValue();
   }));
   return allowed;
 }
@@ -139,15 +139,15 @@ bool showsTrackColours(MAStripNode strip) {
 NSColor stripColorFromDataSource(MAStripNode strip) {
   const NSObject dataSource = call<"dataSource", NSObject>(strip.parent().controller());
   if (!dataSource.respondsToSelector(selector<"colorOfStrip:highlighted:">())) return {};
-  if (!showsTrackColours(strip)) return {};
+  if (!showsTrackColors(strip)) return {};
   return call<"colorOfStrip:highlighted:", NSColor>(dataSource, strip.representedObject(), BOOL(0));
 }
 
 // ---- Empty slots -------------------------------------------------------------------------------
 
 NSColor emptySlotColor(MAStripNode strip) {
-  return ThemeUtility::shared().colorForKey(strip.isHighlighted() ? ThemeKey::kEmptySlotSelectedBGColor
-                                                                  : ThemeKey::kEmptySlotBGColor);
+  return ThemeUtility::shared().colorForKey(strip.isHighlighted() ? key<"emptySlotSelectedBGColor">
+                                                                  : key<"emptySlotBGColor">);
 }
 
 NSColor emptySlotEdgeColor() { return NSColor::blackColor().colorWithAlphaComponent(0.05); }
@@ -179,29 +179,28 @@ bool isFinite(CGRect rect) {
 
 void customDrawSlotFrame(MAStripNode strip, CGRect rect, CGContextRef context) {
   constexpr std::uint64_t kHostRadius = 4;
-  const NSColor colour = emptySlotColor(strip);
+  const NSColor color = emptySlotColor(strip);
   const std::uint64_t radius = ThemeUtility::shared().emptySlotCornerRadius;
-  if (!colour && radius == kHostRadius) {
+  if (!color && radius == kHostRadius) {
     DrawSlotFrame::callHost(strip, rect, context);
     return;
   }
   if (!isFinite(rect)) return;
-  drawPath(roundedRect(rect, static_cast<double>(radius)), context, colour, emptySlotEdgeColor());
+  drawPath(roundedRect(rect, static_cast<double>(radius)), context, color, emptySlotEdgeColor());
 }
 
 void customDrawKnobFrame(MAStripNode strip, CGRect rect, CGContextRef context) {
-  const NSColor colour = emptySlotColor(strip);
-  if (!colour) {
+  const NSColor color = emptySlotColor(strip);
+  if (!color) {
     DrawKnobFrame::callHost(strip, rect, context);
     return;
   }
   if (!isFinite(rect)) return;
-  drawPath(CFRef<CGPathRef>::adopt(CGPathCreateWithEllipseInRect(rect, nullptr)), context, colour,
-           emptySlotEdgeColor());
+  drawPath(CFRef<CGPathRef>::adopt(CGPathCreateWithEllipseInRect(rect, nullptr)), context, color, emptySlotEdgeColor());
 }
 
 /// Draws a title centred in `size`, in a context that is scaled already.
-void drawTitle(NSString title, CGSize size, NSColor colour) {
+void drawTitle(NSString title, CGSize size, NSColor color) {
   if (title.length() == 0) return;
   const NSFont font = NSFont::systemFontOfSize(NSFont::smallSystemFontSize());
   const double height = font.boundingRectForFont().size.height;
@@ -209,12 +208,12 @@ void drawTitle(NSString title, CGSize size, NSColor colour) {
   style->setAlignment(NSTextAlignmentCenter);
   const auto attributes = NSMutableDictionary::dictionary();
   attributes.setObject(font, NSFontAttributeName);
-  attributes.setObject(colour, NSForegroundColorAttributeName);
+  attributes.setObject(color, NSForegroundColorAttributeName);
   attributes.setObject(style.get(), NSParagraphStyleAttributeName);
   text::drawInRect(title, CGRectMake(0, (size.height - (height - 1)) / 2, size.width, height - 1), attributes);
 }
 
-Ref<NSBitmapImageRep> titleBitmap(NSString title, CGSize size, double scale, NSColor colour) {
+Ref<NSBitmapImageRep> titleBitmap(NSString title, CGSize size, double scale, NSColor color) {
   constexpr double kLargestSide = 16'384;
   const auto fits = [&](double points) { return points * scale >= 1 && points * scale <= kLargestSide; };
   if (!fits(size.width) || !fits(size.height)) return {};
@@ -227,19 +226,19 @@ Ref<NSBitmapImageRep> titleBitmap(NSString title, CGSize size, double scale, NSC
   NSGraphicsContext::setCurrentContext(context);
   CGContextScaleCTM(context.CGContext(), scale, scale);
   CGContextSetShouldSmoothFonts(context.CGContext(), false);
-  drawTitle(title, size, colour);
+  drawTitle(title, size, color);
   NSGraphicsContext::restoreGraphicsState();
   return bitmap;
 }
 
 CGImageRef customElementTitleImage(MAStripNode strip, NSString title, CGSize size, double scale) {
-  const NSColor colour = ThemeUtility::shared().colorForKey(ThemeKey::kEmptySlotButtonLabelColor);
-  if (!colour) return ElementTitleImage::callHost(strip, title, size, scale);
+  const NSColor color = ThemeUtility::shared().colorForKey(key<"emptySlotButtonLabelColor">);
+  if (!color) return ElementTitleImage::callHost(strip, title, size, scale);
   // Fed from the few titles of empty slots; the scale is the screen's and no part of the key.
   static const NSMutableDictionary bitmaps = make<NSMutableDictionary>().detach();
   const NSString key = string(toStdString(title) + "_" + toStdString(NSString(NSStringFromSize(size))));
   if (const auto cached = cast<NSBitmapImageRep>(bitmaps.objectForKey(key))) return cached.CGImage();
-  const Ref<NSBitmapImageRep> bitmap = titleBitmap(title, size, scale, colour);
+  const Ref<NSBitmapImageRep> bitmap = titleBitmap(title, size, scale, color);
   if (!bitmap) return nullptr;
   bitmaps.setObject(bitmap.get(), key);
   return bitmap->CGImage();
@@ -273,17 +272,17 @@ double vlrBoundaryYForAnchor(MAStripNode strip, NSString name) {
   return anchor ? boundaryYForAnchor(strip, *anchor) : -1;
 }
 
-BOOL vlrResolveGradient(MAStripNode strip, NSObject gradient, NSColor base, id* outColours, id* outLocations) {
+BOOL vlrResolveGradient(MAStripNode strip, NSObject gradient, NSColor base, id* outColors, id* outLocations) {
   auto* parsed = stateIfKind<VLRStripGradient>(gradient);
   GradientStops stops;
   if (parsed == nullptr || !resolveGradient(strip, *parsed, base, stops)) return BOOL(0);
-  const auto colours = NSMutableArray::array();
+  const auto colors = NSMutableArray::array();
   const auto locations = NSMutableArray::array();
   for (std::size_t i = 0; i < stops.count; ++i) {
-    colours.addObject(stops.colours[i]);
+    colors.addObject(stops.colors[i]);
     locations.addObject(NSNumber::numberWithDouble(stops.locations[i]));
   }
-  if (outColours != nullptr) *outColours = colours.object;
+  if (outColors != nullptr) *outColors = colors.object;
   if (outLocations != nullptr) *outLocations = locations.object;
   return BOOL(1);
 }
@@ -311,13 +310,13 @@ NSColor stripColor(MAStripNode strip) {
   for (const MANode child : items<MANode>(strip.childrenArray())) {
     if (!child.isNamed<"name">() && !child.isNamed<"number">()) continue;
     if (!child.respondsToSelector(selector<"customBackgroundColor">())) continue;
-    auto colour = call<"customBackgroundColor", NSColor>(child);
-    if (!colour) colour = stripColorFromDataSource(strip);
-    if (!colour || colour.isEqual(hostBackgroundColor(strip)) ||
-        colour.isEqual(hostHighlightedBackgroundColor(strip)) || colour.alphaComponent() == 0) {
+    auto color = call<"customBackgroundColor", NSColor>(child);
+    if (!color) color = stripColorFromDataSource(strip);
+    if (!color || color.isEqual(hostBackgroundColor(strip)) || color.isEqual(hostHighlightedBackgroundColor(strip)) ||
+        color.alphaComponent() == 0) {
       return {};
     }
-    return colour;
+    return color;
   }
   return stripColorFromDataSource(strip);
 }

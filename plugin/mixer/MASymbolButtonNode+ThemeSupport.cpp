@@ -3,8 +3,8 @@
 #include "cocoa/Override.h"
 #include "plugin/hostapi/MANode.h"
 #include "plugin/loader/Attach.h"
-#include "plugin/mixer/ColouredText.h"
-#include "plugin/mixer/HostColour.h"
+#include "plugin/mixer/HostColor.h"
+#include "plugin/text/ColoredText.h"
 #include "plugin/theme/ThemeUtility.h"
 
 namespace velura {
@@ -20,14 +20,13 @@ using SetSymbol = Override<"MASymbolButtonNode", void(NSObject), "setSymbol:", "
 struct GlyphRow {
   NSString (*name)();
   ThemeKey on;
-  ThemeKey coloured;
+  ThemeKey colored;
 };
-using enum ThemeKey;
 constexpr GlyphRow kGlyphs[] = {
-    {literal<"mute">, kMuteBlinkOffGlyphSymbolColor, kMuteBlinkOnGlyphSymbolColor},
-    {literal<"solo">, kSoloBlinkOffGlyphSymbolColor, kSoloBlinkOnGlyphSymbolColor},
-    {literal<"monitoring">, kInputMonitorBlinkOffGlyphSymbolColor, kInputMonitorBlinkOnGlyphSymbolColor},
-    {literal<"record">, kRecordBlinkOnGlyphSymbolColor, kRecordBlinkOffGlyphSymbolColor},
+    {literal<"mute">, key<"MuteBlinkOffGlyphSymbolColor">, key<"MuteBlinkOnGlyphSymbolColor">},
+    {literal<"solo">, key<"SoloBlinkOffGlyphSymbolColor">, key<"SoloBlinkOnGlyphSymbolColor">},
+    {literal<"monitoring">, key<"InputMonitorBlinkOffGlyphSymbolColor">, key<"InputMonitorBlinkOnGlyphSymbolColor">},
+    {literal<"record">, key<"RecordBlinkOnGlyphSymbolColor">, key<"RecordBlinkOffGlyphSymbolColor">},
 };
 
 ThemeKey glyphKey(MANode button, NSColor host) {
@@ -36,21 +35,21 @@ ThemeKey glyphKey(MANode button, NSColor host) {
   for (const GlyphRow& row : kGlyphs) {
     if (!name.isEqualToString(row.name())) continue;
     if (button.state() == kOn) return row.on;
-    return isGrey(host) ? kGlyphSymbolsColor : row.coloured;
+    return isGrey(host) ? key<"GlyphSymbolsColor"> : row.colored;
   }
-  return kGlyphSymbolsColor;
+  return key<"GlyphSymbolsColor">;
 }
 
-void customSetForegroundColor(MANode button, NSColor colour) {
-  const NSColor themed = ThemeUtility::shared().colorForKey(kGlyphSymbolsColor);
-  SetForegroundColor::callHost(button, themed ? themed : colour);
+void customSetForegroundColor(MANode button, NSColor color) {
+  const NSColor themed = ThemeUtility::shared().colorForKey(key<"GlyphSymbolsColor">);
+  SetForegroundColor::callHost(button, themed ? themed : color);
 }
 
 void customSetSymbol(MANode button, NSObject symbol) {
   const auto text = as<NSAttributedString>(symbol);
-  const NSColor colour =
-      text.length() == 0 ? NSColor() : ThemeUtility::shared().colorForKey(glyphKey(button, foregroundColourOf(text)));
-  SetSymbol::callHost(button, colour ? NSObject(inColour(text, colour)) : symbol);
+  const NSColor color =
+      text.length() == 0 ? NSColor() : ThemeUtility::shared().colorForKey(glyphKey(button, foregroundColorOf(text)));
+  SetSymbol::callHost(button, color ? NSObject(inColor(text, color)) : symbol);
 }
 
 }  // namespace

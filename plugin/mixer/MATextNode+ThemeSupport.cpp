@@ -2,11 +2,11 @@
 
 #include "cocoa/Override.h"
 #include "plugin/gradient/GradientSwitch.h"
-#include "plugin/gradient/VLRStripBevel.h"
 #include "plugin/hostapi/MANode.h"
 #include "plugin/loader/Attach.h"
 #include "plugin/mixer/MAStripNode+ThemeSupport.h"
 #include "plugin/theme/ThemeUtility.h"
+#include "plugin/theme/VLRStripBevel.h"
 
 namespace velura {
 namespace {
@@ -28,17 +28,12 @@ struct TextRow {
 };
 
 constexpr TextRow kTexts[] = {
-    {literal<"label">, HighlightOf::kItself, ThemeKey::kTypeAndNumberTitleColor,
-     ThemeKey::kTypeAndNumberTitleHighlightColor},
-    {literal<"knob readout">, HighlightOf::kParent, ThemeKey::kPannerTitleColor, ThemeKey::kPannerTitleHighlightColor},
-    {literal<"panner readout">, HighlightOf::kParent, ThemeKey::kPannerTitleColor,
-     ThemeKey::kPannerTitleHighlightColor},
-    {literal<"name">, HighlightOf::kItself, ThemeKey::kNameAndNumberTitleColor,
-     ThemeKey::kNameAndNumberTitleHighlightColor},
-    {literal<"number">, HighlightOf::kItself, ThemeKey::kNameAndNumberTitleColor,
-     ThemeKey::kNameAndNumberTitleHighlightColor},
-    {literal<"notes">, HighlightOf::kItself, ThemeKey::kNameAndNumberTitleColor,
-     ThemeKey::kNameAndNumberTitleHighlightColor},
+    {literal<"label">, HighlightOf::kItself, key<"typeAndNumberTitleColor">, key<"typeAndNumberTitleHighlightColor">},
+    {literal<"knob readout">, HighlightOf::kParent, key<"pannerTitleColor">, key<"pannerTitleHighlightColor">},
+    {literal<"panner readout">, HighlightOf::kParent, key<"pannerTitleColor">, key<"pannerTitleHighlightColor">},
+    {literal<"name">, HighlightOf::kItself, key<"nameAndNumberTitleColor">, key<"nameAndNumberTitleHighlightColor">},
+    {literal<"number">, HighlightOf::kItself, key<"nameAndNumberTitleColor">, key<"nameAndNumberTitleHighlightColor">},
+    {literal<"notes">, HighlightOf::kItself, key<"nameAndNumberTitleColor">, key<"nameAndNumberTitleHighlightColor">},
 };
 
 NSColor customForegroundColor(MATextNode text) {
@@ -81,16 +76,16 @@ NSColor customBackgroundColor(MATextNode text) {
   const bool highlighted = strip.isHighlighted();
   if (isStripStyled(theme, highlighted) && !VLRGradientsDisabled()) return NSColor::clearColor();
   const NSColor themed =
-      theme.colorForKey(highlighted ? ThemeKey::kStripHighlightBackgroundColor : ThemeKey::kStripBackgroundColor);
+      theme.colorForKey(highlighted ? key<"stripHighlightBackgroundColor"> : key<"stripBackgroundColor">);
   return themed ? themed : host;
 }
 
-void customSetBackgroundColor(MATextNode text, NSColor colour) {
+void customSetBackgroundColor(MATextNode text, NSColor color) {
   if (ThemeUtility::shared().useTrackColorAsStripBackground && text.isNamed<"name">() &&
-      !colour.isEqual(BackgroundColor::callHost(text))) {
+      !color.isEqual(BackgroundColor::callHost(text))) {
     text.parent().setNeedsDisplay(true);
   }
-  SetBackgroundColor::callHost(text, colour);
+  SetBackgroundColor::callHost(text, color);
 }
 
 }  // namespace

@@ -29,9 +29,9 @@ NSString PluginGroup::image() const {
   return image.length() > 0 ? image : NSString();
 }
 
-NSColor PluginGroup::colour(NSString entry) const { return as<NSColor>(entries.objectForKey(entry)); }
+NSColor PluginGroup::color(NSString entry) const { return as<NSColor>(entries.objectForKey(entry)); }
 
-NSColor PluginGroup::colourFromString(NSString entry) const {
+NSColor PluginGroup::colorFromString(NSString entry) const {
   return ThemeUtility::shared().fromString(as<NSString>(entries.objectForKey(entry)));
 }
 

@@ -23,9 +23,9 @@ struct PluginGroup {
 
   /// The group's asset set, without what stands before it in the path; nil when it is missing or empty.
   [[nodiscard]] NSString image() const;
-  [[nodiscard]] NSColor colour(NSString entry) const;
+  [[nodiscard]] NSColor color(NSString entry) const;
   /// A colour that the group holds as a colour string.
-  [[nodiscard]] NSColor colourFromString(NSString entry) const;
+  [[nodiscard]] NSColor colorFromString(NSString entry) const;
 };
 
 /// The group of the plug-in that a node represents; an empty one when the node represents none, or one of no

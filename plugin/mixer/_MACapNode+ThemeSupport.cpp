@@ -1,8 +1,8 @@
 // The cap of a knob, with its pointer.
 
 #include "cocoa/Override.h"
+#include "plugin/hostapi/HostVersion.h"
 #include "plugin/loader/Attach.h"
-#include "plugin/loader/HostVersion.h"
 #include "plugin/mixer/KnobDrawing.h"
 
 namespace velura {
@@ -37,10 +37,10 @@ void customDrawCap(MANode cap, CGRect rect, CGContextRef context, BOOL flipped) 
   const bool isPanner = isPannerKnob(cap.parent());
   if (ThemeUtility::shared().useImagesToDraw && (isPanner || drawImage(kSendCapImage, cap, rect, context))) return;
   const CapDisc& disc = isPanner ? kPannerDisc : kSendDisc;
-  const NSColor colour = disc.keys.colour(cap.isHighlighted());
-  if (!colour) return DrawCap::callHost(cap, rect, context, flipped);
+  const NSColor color = disc.keys.color(cap.isHighlighted());
+  if (!color) return DrawCap::callHost(cap, rect, context, flipped);
   const double inset = areCapRectanglesLarger() ? disc.insetOnOlderHosts : 0;
-  fillDisc(rect.insetBy(inset, inset), context, colour);
+  fillDisc(rect.insetBy(inset, inset), context, color);
 }
 
 void addSwizzleMethod(Class /*self*/) {

@@ -22,7 +22,7 @@ void customUpdatePresentationObject(MANode cap, NSObject presentation, NSObject 
 void customDrawCap(MANode cap, CGRect rect, CGContextRef context, BOOL flipped) {
   constexpr double kInset = 3;
   if (ThemeUtility::shared().useImagesToDraw) return;
-  const NSColor disc = kPannerCap.colour(cap.isHighlighted());
+  const NSColor disc = kPannerCap.color(cap.isHighlighted());
   if (!disc) return DrawCap::callHost(cap, rect, context, flipped);
   fillDisc(rect.insetBy(kInset, kInset), context, disc);
 }

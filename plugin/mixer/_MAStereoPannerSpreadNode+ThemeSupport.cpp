@@ -17,8 +17,8 @@ using UpdatePresentationObject = Override<"_MAStereoPannerSpreadNode", void(NSOb
 NSColor customFillColor(MANode spread) {
   const MANode panner = spread.parent();
   const bool inverse = panner.respondsToSelector(selector<"inverseSpread">()) && asks<"inverseSpread">(panner.object);
-  const NSColor themed = ThemeUtility::shared().colorForKey(inverse ? ThemeKey::kStereoPannerKnobAlternateFillColor
-                                                                    : ThemeKey::kStereoPannerKnobFillColor);
+  const NSColor themed = ThemeUtility::shared().colorForKey(inverse ? key<"stereoPannerKnobAlternateFillColor">
+                                                                    : key<"stereoPannerKnobFillColor">);
   return themed ? themed : FillColor::callHost(spread);
 }
 

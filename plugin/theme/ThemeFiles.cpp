@@ -2,9 +2,9 @@
 
 #include "plugin/files/AtomicWrite.h"
 #include "plugin/hostapi/Identifiers.h"
-#include "plugin/theme/PropertyListReader.h"
-#include "plugin/theme/StringBytes.h"
-#include "plugin/theme/ThemeKeys.h"
+#include "plugin/language/ThemeKeys.h"
+#include "plugin/plist/PropertyListReader.h"
+#include "plugin/text/StringBytes.h"
 
 namespace velura {
 
@@ -50,11 +50,11 @@ NSMutableDictionary loadThemeSettings() {
   const Ref<NSDictionary> settings = readDictionary(settingsPath());
   if (!settings) return {};
   const NSMutableDictionary theme = NSMutableDictionary::dictionaryWithDictionary(settings);
-  removeUnchangedColours(theme);
+  removeUnchangedColors(theme);
   return theme;
 }
 
-void removeUnchangedColours(NSMutableDictionary theme) {
+void removeUnchangedColors(NSMutableDictionary theme) {
   const Ref<NSDictionary> reference = readReferenceTheme();
   for (const NSString key : items<NSString>(reference->allKeys())) {
     if (areSameString(reference->objectForKey(key), theme.objectForKey(key)) && !isKept(key)) {

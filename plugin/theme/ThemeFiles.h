@@ -14,6 +14,6 @@ cocoa::Ref<NSDictionary> readReferenceTheme();
 
 /// Removes the strings that equal the reference theme's, save for the kept keys. Removes nothing when the
 /// reference theme cannot be read.
-void removeUnchangedColours(NSMutableDictionary theme);
+void removeUnchangedColors(NSMutableDictionary theme);
 
 }  // namespace velura

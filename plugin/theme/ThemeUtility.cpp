@@ -2,14 +2,14 @@
 
 #include <mutex>
 
-#include "plugin/arrange/Utility+TrackColourWarning.h"
+#include "plugin/arrange/Utility+TrackColorWarning.h"
 #include "plugin/gradient/GradientSwitch.h"
-#include "plugin/theme/ColourString.h"
+#include "plugin/language/ColorString.h"
+#include "plugin/language/TrackTypes.h"
+#include "plugin/text/StringBytes.h"
 #include "plugin/theme/SelectedTheme.h"
-#include "plugin/theme/StringBytes.h"
 #include "plugin/theme/ThemeFiles.h"
 #include "plugin/theme/ThemeValues.h"
-#include "plugin/theme/TrackTypes.h"
 
 namespace velura {
 
@@ -22,10 +22,10 @@ struct FlagSetting {
   bool ThemeUtility::*field;
 };
 constexpr FlagSetting kFlags[] = {
-    {ThemeKey::kUseTrackColorAsStripBackground, &ThemeUtility::useTrackColorAsStripBackground},
-    {ThemeKey::kUseCalibratedColor, &ThemeUtility::useCalibratedColor},
-    {ThemeKey::kUseTrackColorAsArrangeStripBackground, &ThemeUtility::useTrackColorAsArrangeStripBackground},
-    {ThemeKey::kMixerBGMatchGradient, &ThemeUtility::mixerBGMatchGradient},
+    {key<"useTrackColorAsStripBackground">, &ThemeUtility::useTrackColorAsStripBackground},
+    {key<"useCalibratedColor">, &ThemeUtility::useCalibratedColor},
+    {key<"useTrackColorAsArrangeStripBackground">, &ThemeUtility::useTrackColorAsArrangeStripBackground},
+    {key<"mixerBGMatchGradient">, &ThemeUtility::mixerBGMatchGradient},
 };
 
 struct NumberSetting {
@@ -33,17 +33,17 @@ struct NumberSetting {
   std::uint64_t ThemeUtility::*field;
 };
 constexpr NumberSetting kNumbers[] = {
-    {ThemeKey::kUseTrackColorArrangeOpacity, &ThemeUtility::arrangeOpacity},
-    {ThemeKey::kUseTrackColorArrangeHighlightedOpacity, &ThemeUtility::arrangeHighlightedOpacity},
-    {ThemeKey::kUseTrackColorArrangeFolderOpacity, &ThemeUtility::arrangeFolderOpacity},
-    {ThemeKey::kUseTrackColorArrangeFolderHighlightedOpacity, &ThemeUtility::arrangeFolderHighlightedOpacity},
-    {ThemeKey::kUseTrackColorMixerOpacity, &ThemeUtility::mixerOpacity},
-    {ThemeKey::kUseTrackColorMixerHighlightedOpacity, &ThemeUtility::mixerHighlightedOpacity},
-    {ThemeKey::kUseTrackColorMixerFolderOpacity, &ThemeUtility::mixerFolderOpacity},
-    {ThemeKey::kUseTrackColorMixerFolderHighlightedOpacity, &ThemeUtility::mixerFolderHighlightedOpacity},
-    {ThemeKey::kUseTrackColorMixerAuxOpacity, &ThemeUtility::mixerAuxOpacity},
-    {ThemeKey::kUseTrackColorMixerAuxHighlightedOpacity, &ThemeUtility::mixerAuxHighlightedOpacity},
-    {ThemeKey::kEmptySlotBGCornerRadius, &ThemeUtility::emptySlotCornerRadius},
+    {key<"UseTrackColor_ArrangeOpacity">, &ThemeUtility::arrangeOpacity},
+    {key<"UseTrackColor_ArrangeHighlightedOpacity">, &ThemeUtility::arrangeHighlightedOpacity},
+    {key<"UseTrackColor_ArrangeFolderOpacity">, &ThemeUtility::arrangeFolderOpacity},
+    {key<"UseTrackColor_ArrangeFolderHighlightedOpacity">, &ThemeUtility::arrangeFolderHighlightedOpacity},
+    {key<"UseTrackColor_MixerOpacity">, &ThemeUtility::mixerOpacity},
+    {key<"UseTrackColor_MixerHighlightedOpacity">, &ThemeUtility::mixerHighlightedOpacity},
+    {key<"UseTrackColor_MixerFolderOpacity">, &ThemeUtility::mixerFolderOpacity},
+    {key<"UseTrackColor_MixerFolderHighlightedOpacity">, &ThemeUtility::mixerFolderHighlightedOpacity},
+    {key<"UseTrackColor_MixerAuxOpacity">, &ThemeUtility::mixerAuxOpacity},
+    {key<"UseTrackColor_MixerAuxHighlightedOpacity">, &ThemeUtility::mixerAuxHighlightedOpacity},
+    {key<"emptySlotBGCornerRadius">, &ThemeUtility::emptySlotCornerRadius},
 };
 
 struct ObjectSetting {
@@ -51,16 +51,16 @@ struct ObjectSetting {
   Ref<NSObject> ThemeUtility::*field;
 };
 constexpr ObjectSetting kGradients[] = {
-    {ThemeKey::kMixerStripBGGradient, &ThemeUtility::mixerStripGradient},
-    {ThemeKey::kMixerStripHighlightBGGradient, &ThemeUtility::mixerStripHighlightGradient},
-    {ThemeKey::kArrangeStripBGGradient, &ThemeUtility::arrangeStripGradient},
-    {ThemeKey::kArrangeStripHighlightBGGradient, &ThemeUtility::arrangeStripHighlightGradient},
-    {ThemeKey::kUseTrackColorGradientMixer, &ThemeUtility::mixerAutoGradient},
-    {ThemeKey::kUseTrackColorGradientArrange, &ThemeUtility::arrangeAutoGradient},
+    {key<"mixerStripBGGradient">, &ThemeUtility::mixerStripGradient},
+    {key<"mixerStripHighlightBGGradient">, &ThemeUtility::mixerStripHighlightGradient},
+    {key<"arrangeStripBGGradient">, &ThemeUtility::arrangeStripGradient},
+    {key<"arrangeStripHighlightBGGradient">, &ThemeUtility::arrangeStripHighlightGradient},
+    {key<"UseTrackColorGradient_Mixer">, &ThemeUtility::mixerAutoGradient},
+    {key<"UseTrackColorGradient_Arrange">, &ThemeUtility::arrangeAutoGradient},
 };
 constexpr ObjectSetting kBevels[] = {
-    {ThemeKey::kMixerStripBevel, &ThemeUtility::mixerStripBevel},
-    {ThemeKey::kArrangeStripBevel, &ThemeUtility::arrangeStripBevel},
+    {key<"mixerStripBevel">, &ThemeUtility::mixerStripBevel},
+    {key<"arrangeStripBevel">, &ThemeUtility::arrangeStripBevel},
 };
 
 void setBit(std::uint32_t& record, unsigned bit, std::optional<bool> on) {
@@ -82,13 +82,13 @@ BOOL isShared(std::uint32_t record, NSInteger type) {
 }
 
 /// A group of plug-ins with the colours of its colour strings added.
-NSObject withColours(NSObject group, const ThemeUtility& theme) {
+NSObject withColors(NSObject group, const ThemeUtility& theme) {
   const auto stored = as<NSDictionary>(group);
   if (!stored) return group;
   const NSMutableDictionary completed = NSMutableDictionary::dictionaryWithDictionary(stored);
-  for (const PluginGroupColour& colour : kPluginGroupColours) {
-    const NSColor made = theme.fromString(as<NSString>(stored.objectForKey(string(colour.stored))));
-    if (made) completed.setObject(made, string(colour.added));
+  for (const PluginGroupColor& color : kPluginGroupColors) {
+    const NSColor made = theme.fromString(as<NSString>(stored.objectForKey(string(color.stored))));
+    if (made) completed.setObject(made, string(color.added));
   }
   return completed;
 }
@@ -150,7 +150,7 @@ void ThemeUtility::apply(NSDictionary theme) {
   if (!theme) return;
   const ThemeValues values(theme);
   if (VLRIsCustomThemeSelected()) {
-    useImagesToDraw = values.flag(ThemeKey::kUseImagesToDrawKnob).value_or(useImagesToDraw);
+    useImagesToDraw = values.flag(key<"useImagesToDrawKnob">).value_or(useImagesToDraw);
   }
   for (const auto& [key, field] : kFlags) this->*field = values.flag(key).value_or(this->*field);
   for (const auto& [key, field] : kNumbers) {
@@ -159,7 +159,7 @@ void ThemeUtility::apply(NSDictionary theme) {
   applySharedImages(values, *this);
   applyGradientsAndBevels(theme);
   applyPluginGroups(theme);
-  applyColours(theme);
+  applyColors(theme);
 }
 
 void ThemeUtility::applyGradientsAndBevels(NSDictionary theme) {
@@ -169,27 +169,27 @@ void ThemeUtility::applyGradientsAndBevels(NSDictionary theme) {
 }
 
 void ThemeUtility::applyPluginGroups(NSDictionary theme) {
-  const auto stored = as<NSDictionary>(ThemeValues(theme).object(ThemeKey::kPluginGroupMapV2));
+  const auto stored = as<NSDictionary>(ThemeValues(theme).object(key<"PluginGroupMapV2">));
   if (!stored) return;
   const auto groups = make<NSMutableDictionary>();
   for (const NSObject key : items(stored.allKeys()))
-    groups->setObject(withColours(stored.objectForKey(key), *this), key);
+    groups->setObject(withColors(stored.objectForKey(key), *this), key);
   pluginGroupsMap = groups.get();
 }
 
-void ThemeUtility::applyColours(NSDictionary theme) {
-  const auto colours = make<NSMutableDictionary>();
+void ThemeUtility::applyColors(NSDictionary theme) {
+  const auto colors = make<NSMutableDictionary>();
   for (const NSObject key : items(theme.allKeys())) {
-    const NSColor colour = fromString(as<NSString>(theme.objectForKey(key)));
-    if (colour) colours->setObject(colour, key);
+    const NSColor color = fromString(as<NSString>(theme.objectForKey(key)));
+    if (color) colors->setObject(color, key);
   }
-  setColorCollection(colours.get());
+  setColorCollection(colors.get());
 }
 
 void ThemeUtility::setColorCollection(NSDictionary collection) {
   colorCollection_ = collection;
   for (const ThemeKeyRow& row : kThemeKeys) {
-    if (row.kind == ThemeKeyKind::kColour) colours_[indexOf(row.key)] = colorForKey(string(row.name));
+    if (row.kind == ThemeKeyKind::kColor) colors_[indexOf(keyOf(row))] = colorForKey(string(row.name));
   }
 }
 
@@ -198,8 +198,8 @@ NSColor ThemeUtility::colorForKey(NSString key) const {
 }
 
 NSColor ThemeUtility::fromString(NSString text) const {
-  const auto colour = parseColourString(utf8Bytes(text));
-  return colour ? colorWithRed(colour->red, colour->green, colour->blue, colour->alpha) : NSColor();
+  const auto color = parseColorString(utf8Bytes(text));
+  return color ? colorWithRed(color->red, color->green, color->blue, color->alpha) : NSColor();
 }
 
 NSColor ThemeUtility::colorWithRed(std::int64_t red, std::int64_t green, std::int64_t blue, std::int64_t alpha) const {
@@ -216,16 +216,16 @@ BOOL ThemeUtility::useSharedPannerType(NSInteger type) const { return isShared(u
 BOOL ThemeUtility::useSharedFaderType(NSInteger type) const { return isShared(useDifferentFaderTypes, type); }
 
 NSColor ThemeUtility::mixerBackgroundColor() const {
-  const NSColor base = colorForKey(ThemeKey::kMixerBackgroundColor);
+  const NSColor base = colorForKey(key<"mixerBackgroundColor">);
   if (!mixerBGMatchGradient || VLRGradientsDisabled()) return base;
   const VLRStripGradient* strip = gradient(mixerStripGradient);
   if (strip == nullptr) return base;
-  const NSArray colours = strip->stopColorsForBase(colorForKey(ThemeKey::kStripBackgroundColor));
-  return colours.count() == 0 ? base : cast<NSColor>(colours.objectAtIndex(0)).colorWithAlphaComponent(1);
+  const NSArray colors = strip->stopColorsForBase(colorForKey(key<"stripBackgroundColor">));
+  return colors.count() == 0 ? base : cast<NSColor>(colors.objectAtIndex(0)).colorWithAlphaComponent(1);
 }
 
 void ThemeUtility::windowDidUpdate(NSNotification notification) {
-  const NSColor title = colorForKey(ThemeKey::kWindowTitleColor);
+  const NSColor title = colorForKey(key<"windowTitleColor">);
   if (!title || !isHostWindow(notification.sender())) return;
   const NSTextField field = titleField(cast<NSWindow>(notification.sender()));
   // Windows update all the time: a title that has its colour is not to be drawn anew.
@@ -236,12 +236,12 @@ void ThemeUtility::handleDocumentDidOpen(NSNotification notification) { checkOpe
 
 void defineThemeUtility() {
   if (DefinedClass<ThemeUtility>::cls != nullptr) return;
-  using ColourByName = NSColor (ThemeUtility::*)(NSString) const;
+  using ColorByName = NSColor (ThemeUtility::*)(NSString) const;
   ClassDefinition<ThemeUtility>("ThemeUtility", "NSObject")
       .classMethod<"sharedInstance", sharedInstance>()
       .method<"init", &ThemeUtility::init>()
-      .method<"colorForKey:", static_cast<ColourByName>(&ThemeUtility::colorForKey)>()
-      .method<"liveLoopsColorForKey:", static_cast<ColourByName>(&ThemeUtility::colorForKey)>()
+      .method<"colorForKey:", static_cast<ColorByName>(&ThemeUtility::colorForKey)>()
+      .method<"liveLoopsColorForKey:", static_cast<ColorByName>(&ThemeUtility::colorForKey)>()
       .method<"fromString:", &ThemeUtility::fromString>()
       .method<"colorWithRed:green:blue:alpha:", &ThemeUtility::colorWithRed>()
       .method<"useSharedPannerType:", &ThemeUtility::useSharedPannerType>()

@@ -8,9 +8,9 @@
 
 #include "cocoa/AppKit.h"
 #include "cocoa/ClassDefinition.h"
-#include "plugin/gradient/VLRStripBevel.h"
-#include "plugin/gradient/VLRStripGradient.h"
-#include "plugin/theme/ThemeKeys.h"
+#include "plugin/language/ThemeKeys.h"
+#include "plugin/theme/VLRStripBevel.h"
+#include "plugin/theme/VLRStripGradient.h"
 
 namespace velura {
 
@@ -27,7 +27,7 @@ struct ThemeUtility : cocoa::ObjectState {
   void apply(NSDictionary theme);
 
   /// nil where the theme leaves the host's own colour.
-  [[nodiscard]] NSColor colorForKey(ThemeKey key) const { return colours_[indexOf(key)]; }
+  [[nodiscard]] NSColor colorForKey(ThemeKey key) const { return colors_[indexOf(key)]; }
   /// The same for names that only exist at run time, such as those of catalogue colours.
   [[nodiscard]] NSColor colorForKey(NSString key) const;
 
@@ -116,11 +116,11 @@ struct ThemeUtility : cocoa::ObjectState {
   static ThemeUtility& makeShared();
   void applyGradientsAndBevels(NSDictionary theme);
   void applyPluginGroups(NSDictionary theme);
-  void applyColours(NSDictionary theme);
+  void applyColors(NSDictionary theme);
 
   static inline std::atomic<ThemeUtility*> shared_{nullptr};
   cocoa::Ref<NSDictionary> colorCollection_;
-  std::array<cocoa::Ref<NSColor>, kThemeKeyCount> colours_;
+  std::array<cocoa::Ref<NSColor>, kThemeKeyCount> colors_;
 };
 
 /// Registers the class.

@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "cocoa/Foundation.h"
-#include "plugin/theme/ThemeKeys.h"
+#include "plugin/language/ThemeKeys.h"
 
 namespace velura {
 

@@ -30,7 +30,7 @@ NSObject sharedInstance(Class self) {
   return NSObject(instance);
 }
 
-void removeUnchangedColorFromDictionary(Class /*self*/, NSMutableDictionary theme) { removeUnchangedColours(theme); }
+void removeUnchangedColorFromDictionary(Class /*self*/, NSMutableDictionary theme) { removeUnchangedColors(theme); }
 
 NSInteger getTrackType(Class /*self*/, NSObject node) { return static_cast<NSInteger>(trackTypeOf(node)); }
 

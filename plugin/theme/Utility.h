@@ -3,7 +3,7 @@
 
 #include "cocoa/ClassDefinition.h"
 #include "cocoa/QuartzCore.h"
-#include "plugin/theme/TrackTypes.h"
+#include "plugin/language/TrackTypes.h"
 
 namespace velura {
 

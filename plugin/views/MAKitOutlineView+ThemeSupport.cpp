@@ -3,7 +3,7 @@
 #include "cocoa/AppKit.h"
 #include "cocoa/Override.h"
 #include "plugin/loader/Attach.h"
-#include "plugin/views/TableColours.h"
+#include "plugin/views/TableColors.h"
 
 namespace velura {
 namespace {
@@ -14,7 +14,7 @@ using SetThemeVariant = Override<"MAKitOutlineView", void(NSInteger), "setThemeV
 
 void customSetThemeVariant(NSView outline, NSInteger variant) {
   SetThemeVariant::callHost(outline, variant);
-  if (outline.className().isEqualToString(literal<"MALoopBrowserOutlineView">())) colourLoopBrowserList(outline);
+  if (outline.className().isEqualToString(literal<"MALoopBrowserOutlineView">())) colorLoopBrowserList(outline);
 }
 
 }  // namespace

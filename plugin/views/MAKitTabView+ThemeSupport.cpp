@@ -3,7 +3,7 @@
 #include "cocoa/AppKit.h"
 #include "cocoa/Override.h"
 #include "plugin/loader/Attach.h"
-#include "plugin/views/LayerColour.h"
+#include "plugin/views/LayerColor.h"
 
 namespace velura {
 namespace {
@@ -15,7 +15,7 @@ using SetLayer = Override<"MAKitTabView", void(CALayer), "setLayer:", "customSet
 void customSetLayer(NSView tabs, CALayer layer) {
   SetLayer::callHost(tabs, layer);
   if (!tabs.superview().className().isEqualToString(literal<"MALoopBrowserSplitView">())) return;
-  fillLayer(layer, ThemeKey::kLoopBrowserPaneHeaderColor);
+  fillLayer(layer, key<"LoopBrowser_PaneHeaderColor">);
 }
 
 }  // namespace

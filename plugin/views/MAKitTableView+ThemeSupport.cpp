@@ -3,7 +3,7 @@
 #include "cocoa/AppKit.h"
 #include "cocoa/Override.h"
 #include "plugin/loader/Attach.h"
-#include "plugin/views/TableColours.h"
+#include "plugin/views/TableColors.h"
 
 namespace velura {
 namespace {
@@ -16,7 +16,7 @@ using SetGridStyleMask = Override<"MAKitTableView", void(NSUInteger), "setGridSt
 bool isLoopBrowserTable(NSView table) { return table.className().isEqualToString(literal<"MALoopBrowserTableView">()); }
 
 /// The tables of the browsers live in several windows: those in the loop browser take its colours.
-bool showsLoopBrowserColours(NSView table) {
+bool showsLoopBrowserColors(NSView table) {
   if (isLoopBrowserTable(table)) return true;
   if (!table.className().isEqualToString(literal<"MyMAKitTableView">())) return false;
   for (NSView view = table.superview(); view; view = view.superview()) {
@@ -27,7 +27,7 @@ bool showsLoopBrowserColours(NSView table) {
 
 void customSetThemeVariant(NSView table, NSInteger variant) {
   SetThemeVariant::callHost(table, variant);
-  if (showsLoopBrowserColours(table)) colourLoopBrowserList(table);
+  if (showsLoopBrowserColors(table)) colorLoopBrowserList(table);
 }
 
 void customSetGridStyleMask(NSView table, NSUInteger mask) {

@@ -23,9 +23,9 @@ std::intptr_t typeOf(NSView controls) {
 
 void customControlsDrawRect(NSView controls, CGRect dirty) {
   constexpr std::intptr_t kLibrary = 2;
-  const NSColor colour = ThemeUtility::shared().colorForKey(ThemeKey::kLibraryColorHeaderBackground);
-  if (!colour || typeOf(controls) != kLibrary) return ControlsDrawRect::callHost(controls, dirty);
-  colour.setFill();
+  const NSColor color = ThemeUtility::shared().colorForKey(key<"LibraryColorHeaderBackground">);
+  if (!color || typeOf(controls) != kLibrary) return ControlsDrawRect::callHost(controls, dirty);
+  color.setFill();
   NSRectFill(dirty);
 }
 

@@ -3,7 +3,7 @@
 #include "cocoa/AppKit.h"
 #include "cocoa/Override.h"
 #include "plugin/loader/Attach.h"
-#include "plugin/theme/StringBytes.h"
+#include "plugin/text/StringBytes.h"
 #include "plugin/theme/ThemeUtility.h"
 
 namespace velura {
@@ -18,27 +18,27 @@ struct RowKeys {
   ThemeKey on;
   ThemeKey off;
 };
-constexpr RowKeys kFirstRow{ThemeKey::kLoopbrowserSearchButtonTitleOn, ThemeKey::kLoopbrowserSearchButtonTitleOff};
-constexpr RowKeys kOtherRows{ThemeKey::kLoopbrowserSearchButtonTitleSecondRowOn,
-                             ThemeKey::kLoopbrowserSearchButtonTitleSecondRowOff};
+constexpr RowKeys kFirstRow{key<"LoopbrowserSearchButtonTitleOn">, key<"LoopbrowserSearchButtonTitleOff">};
+constexpr RowKeys kOtherRows{key<"LoopbrowserSearchButtonTitleSecondRowOn">,
+                             key<"LoopbrowserSearchButtonTitleSecondRowOff">};
 
-void recolour(NSMutableAttributedString text, NSRange range, const RowKeys& keys, bool isOn) {
-  const NSColor colour = ThemeUtility::shared().colorForKey(isOn ? keys.on : keys.off);
-  if (!colour || range.length == 0) return;
+void recolor(NSMutableAttributedString text, NSRange range, const RowKeys& keys, bool isOn) {
+  const NSColor color = ThemeUtility::shared().colorForKey(isOn ? keys.on : keys.off);
+  if (!color || range.length == 0) return;
   call<"removeAttribute:range:">(text, NSForegroundColorAttributeName, range);
-  text.addAttribute(NSForegroundColorAttributeName, colour, range);
+  text.addAttribute(NSForegroundColorAttributeName, color, range);
 }
 
 /// The rows are told apart by the runs of one colour: the first begins with the text. What was visited has its new
 /// colour already, and takes no further part.
-void recolourRuns(NSMutableAttributedString text, bool isOn) {
+void recolorRuns(NSMutableAttributedString text, bool isOn) {
   call<"beginEditing">(text);
   const NSRange whole{0, text.length()};
   for (NSUInteger at = 0; at < whole.length;) {
     NSRange run{};
-    const auto colour = call<"attribute:atIndex:longestEffectiveRange:inRange:", NSObject>(
+    const auto color = call<"attribute:atIndex:longestEffectiveRange:inRange:", NSObject>(
         text, NSForegroundColorAttributeName, at, &run, NSRange{at, whole.length - at});
-    if (colour) recolour(text, run, run.location == 0 ? kFirstRow : kOtherRows, isOn);
+    if (color) recolor(text, run, run.location == 0 ? kFirstRow : kOtherRows, isOn);
     if (run.length == 0) break;
     at = run.location + run.length;
   }
@@ -51,9 +51,9 @@ NSObject customAttributedString(NSCell cell) {
   if (!text) return host;
   const bool isOn = cell.state() != 0;
   if (utf8Bytes(cell.stringValue()).find('\n') == std::string::npos) {
-    recolour(text, {0, text.length()}, kFirstRow, isOn);
+    recolor(text, {0, text.length()}, kFirstRow, isOn);
   } else {
-    recolourRuns(text, isOn);
+    recolorRuns(text, isOn);
   }
   return text;
 }

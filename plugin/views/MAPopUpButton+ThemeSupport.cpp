@@ -13,7 +13,7 @@ using namespace cocoa;
 using SetQuickHelpID = Override<"MAPopUpButton", void(NSObject), "setQuickHelpID:", "customSetQuickHelpID:">;
 
 void customSetQuickHelpID(NSObject button, NSObject identifier) {
-  const NSColor title = ThemeUtility::shared().colorForKey(ThemeKey::kLoopPacksMenuTitleColor);
+  const NSColor title = ThemeUtility::shared().colorForKey(key<"LoopPacksMenuTitleColor">);
   if (title && as<NSString>(identifier).isEqualToString(literal<"LPB_023_LoopsMenu">())) {
     call<"setTitleColor:">(button, title);
   }

@@ -13,16 +13,16 @@ using namespace cocoa;
 using SendsOnFaderHackState =
     Override<"MAPopUpButtonCell", void(NSInteger), "sendsOnFaderHackState:", "customSendsOnFaderHackState:">;
 
-NSColor arrowColour(NSInteger state) {
+NSColor arrowColor(NSInteger state) {
   const ThemeUtility& theme = ThemeUtility::shared();
-  if (state == NSControlStateValueOn) return theme.colorForKey(ThemeKey::kSendsOnFaderPopupMenuArrowColorOn);
-  if (state == NSControlStateValueOff) return theme.colorForKey(ThemeKey::kPopupButtonMenuArrowColorOff);
+  if (state == NSControlStateValueOn) return theme.colorForKey(key<"sendsOnFaderPopupMenuArrowColorOn">);
+  if (state == NSControlStateValueOff) return theme.colorForKey(key<"popupButtonMenuArrowColorOff">);
   return {};
 }
 
 void customSendsOnFaderHackState(NSObject cell, NSInteger state) {
   SendsOnFaderHackState::callHost(cell, state);
-  if (const NSColor colour = arrowColour(state)) call<"setMenuArrowColor:">(cell, colour);
+  if (const NSColor color = arrowColor(state)) call<"setMenuArrowColor:">(cell, color);
 }
 
 }  // namespace

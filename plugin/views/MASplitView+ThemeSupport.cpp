@@ -3,7 +3,7 @@
 #include "cocoa/AppKit.h"
 #include "cocoa/Override.h"
 #include "plugin/loader/Attach.h"
-#include "plugin/views/LayerColour.h"
+#include "plugin/views/LayerColor.h"
 
 namespace velura {
 namespace {
@@ -15,7 +15,7 @@ using SetLayer = Override<"MASplitView", void(CALayer), "setLayer:", "customSetL
 void customSetLayer(NSView split, CALayer layer) {
   SetLayer::callHost(split, layer);
   if (split.className().isEqualToString(literal<"MALoopBrowserSplitView">())) {
-    fillLayer(layer, ThemeKey::kLoopBrowserHeaderColor);
+    fillLayer(layer, key<"LoopBrowserHeaderColor">);
   }
 }
 

@@ -3,8 +3,8 @@
 #include "cocoa/AppKit.h"
 #include "cocoa/Override.h"
 #include "plugin/loader/Attach.h"
-#include "plugin/theme/StringBytes.h"
-#include "plugin/views/LayerColour.h"
+#include "plugin/text/StringBytes.h"
+#include "plugin/views/LayerColor.h"
 
 namespace velura {
 namespace {
@@ -16,7 +16,7 @@ using ViewDidMoveToWindow = Override<"MATextField", void(), "viewDidMoveToWindow
 void customViewDidMoveToWindow(NSView field) {
   constexpr std::string_view kVolumeLabel = "MAMixerLegendVolumeLabelItem";
   if (BriefUTF8(call<"identifier", NSString>(field)).view().starts_with(kVolumeLabel)) {
-    fillLayer(field.superview().layer(), ThemeKey::kComponentsLabelBackgroundColor);
+    fillLayer(field.superview().layer(), key<"componentsLabelBackgroundColor">);
   }
   ViewDidMoveToWindow::callHost(field);
 }

@@ -18,14 +18,14 @@ using SetAttributesPlain =
 using SetAttributesBold =
     Override<"BinProEditableInfoFieldCell", void(NSDictionary), "setAttributesBold:", "customSetAttributesBold:">;
 
-NSColor nameColour() { return ThemeUtility::shared().colorForKey(ThemeKey::kFileBrowserCellTextColor); }
+NSColor nameColor() { return ThemeUtility::shared().colorForKey(key<"FileBrowserCellTextColor">); }
 
 /// The attributes with the theme's colour, if it has one.
-NSDictionary inNameColour(NSDictionary attributes) {
-  const NSColor colour = nameColour();
-  if (!colour || !attributes) return attributes;
+NSDictionary inNameColor(NSDictionary attributes) {
+  const NSColor color = nameColor();
+  if (!color || !attributes) return attributes;
   const NSMutableDictionary themed = NSMutableDictionary::dictionaryWithDictionary(attributes);
-  themed.setObject(colour, NSForegroundColorAttributeName);
+  themed.setObject(color, NSForegroundColorAttributeName);
   return themed;
 }
 
@@ -41,19 +41,19 @@ bool isFileBrowserCell(NSCell cell) {
 }
 
 void customSetTextAttributes(NSCell cell, NSDictionary attributes) {
-  SetTextAttributes::callHost(cell, isFileBrowserCell(cell) ? inNameColour(attributes) : attributes);
+  SetTextAttributes::callHost(cell, isFileBrowserCell(cell) ? inNameColor(attributes) : attributes);
 }
 
-void customSetTextColor(NSCell cell, NSColor colour) {
-  const NSColor themed = nameColour();
-  SetTextColor::callHost(cell, themed ? themed : colour);
+void customSetTextColor(NSCell cell, NSColor color) {
+  const NSColor themed = nameColor();
+  SetTextColor::callHost(cell, themed ? themed : color);
 }
 
 void customSetAttributesPlain(NSCell cell, NSDictionary attributes) {
-  SetAttributesPlain::callHost(cell, inNameColour(attributes));
+  SetAttributesPlain::callHost(cell, inNameColor(attributes));
 }
 void customSetAttributesBold(NSCell cell, NSDictionary attributes) {
-  SetAttributesBold::callHost(cell, inNameColour(attributes));
+  SetAttributesBold::callHost(cell, inNameColor(attributes));
 }
 
 void addSwizzleMethod(Class /*self*/) {

@@ -14,7 +14,7 @@ using BackgroundColor = Override<"MixerLegendView", NSColor(), "backgroundColor"
 using AddElements = Override<"MixerLegendViewController", void(), "addElements", "customAddElements">;
 
 NSColor customBackgroundColor(NSView legend) {
-  const NSColor themed = ThemeUtility::shared().colorForKey(ThemeKey::kComponentsLabelBackgroundColor);
+  const NSColor themed = ThemeUtility::shared().colorForKey(key<"componentsLabelBackgroundColor">);
   return themed ? themed : BackgroundColor::callHost(legend);
 }
 

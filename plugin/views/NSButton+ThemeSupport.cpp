@@ -24,10 +24,10 @@ void customSetImage(NSButton button, NSImage image) {
   if (!isToolbarButton(button)) return SetImage::callHost(button, image);
   const bool isSwitch = call<"showsStateBy", NSUInteger>(button.cell()) != 0;
   if (!isSwitch) {
-    return SetImage::callHost(button, tinted(image, ThemeKey::kOneClickToolbarIconsSymbolsColor));
+    return SetImage::callHost(button, tinted(image, key<"OneClickToolbarIconsSymbolsColor">));
   }
-  NSImage shown = tinted(image, ThemeKey::kOnOffToolbarIconsOffSymbolsColor);
-  NSImage other = tinted(image, ThemeKey::kOnOffToolbarIconsOnSymbolsColor);
+  NSImage shown = tinted(image, key<"On_OffToolbarIcons_OffSymbolsColor">);
+  NSImage other = tinted(image, key<"On_OffToolbarIcons_OnSymbolsColor">);
   if (button.state() == NSControlStateValueOn) std::swap(shown, other);
   SetImage::callHost(button, shown);
   call<"setAlternateImage:">(button, other);

@@ -25,7 +25,7 @@ void showState(NSButtonCell cell, NSView button) {
   const bool isOn = cell.state() == NSControlStateValueOn;
   call<"setBordered:">(button, BOOL(!isOn));
   if (!isOn) return;
-  cell.setBackgroundColor(ThemeUtility::shared().colorForKey(ThemeKey::kOnOffToolbarIconsOnBackgroundColor));
+  cell.setBackgroundColor(ThemeUtility::shared().colorForKey(key<"On_OffToolbarIcons_OnBackgroundColor">));
   button.layer().setCornerRadius(kCornerRadius);
 }
 

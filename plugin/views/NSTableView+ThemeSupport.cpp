@@ -3,7 +3,7 @@
 #include "cocoa/AppKit.h"
 #include "cocoa/Override.h"
 #include "plugin/loader/Attach.h"
-#include "plugin/views/TableColours.h"
+#include "plugin/views/TableColors.h"
 
 namespace velura {
 namespace {
@@ -16,7 +16,7 @@ void customSetAutosaveName(NSView table, NSString name) {
   SetAutosaveName::callHost(table, name);
   if (!name.isEqualToString(literal<"LibrarySearchTableView">())) return;
   call<"setGridStyleMask:">(table, kColumnLinesOnly);
-  colourTable(table, ThemeKey::kTableViewSeparatorColor, ThemeKey::kTableviewColor);
+  colorTable(table, key<"TableViewSeparatorColor">, key<"TableviewColor">);
 }
 
 }  // namespace

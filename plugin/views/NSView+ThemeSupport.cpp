@@ -3,7 +3,7 @@
 #include "cocoa/AppKit.h"
 #include "cocoa/Override.h"
 #include "plugin/loader/Attach.h"
-#include "plugin/views/LayerColour.h"
+#include "plugin/views/LayerColor.h"
 
 namespace velura {
 namespace {
@@ -14,7 +14,7 @@ using NotePadBackground = Override<"NotePadBackgroundView", NSColor(), "backgrou
 using NotesListDrawRect = Override<"CLgDocwNotesListView", void(CGRect), "drawRect:", "clgDocwNotesListViewDrawRect:">;
 
 NSColor notePadViewBackgroundColor(NSView view) {
-  const NSColor themed = ThemeUtility::shared().colorForKey(ThemeKey::kListAreaNotePadBG);
+  const NSColor themed = ThemeUtility::shared().colorForKey(key<"ListArea_NotePad_BG">);
   if (!themed) return NotePadBackground::callHost(view);
   if (view.wantsLayer()) view.layer().setBackgroundColor(themed.CGColor());
   return themed;
@@ -29,10 +29,10 @@ NSView decorationOf(NSView list) {
 
 void notesListDrawRect(NSView list, CGRect dirty) {
   NotesListDrawRect::callHost(list, dirty);
-  const NSColor colour = ThemeUtility::shared().colorForKey(ThemeKey::kListAreabuttonMatrixBackgroundColor);
-  const NSView decoration = colour ? decorationOf(list) : NSView();
+  const NSColor color = ThemeUtility::shared().colorForKey(key<"ListAreabuttonMatrixBackgroundColor">);
+  const NSView decoration = color ? decorationOf(list) : NSView();
   if (!decoration) return;
-  colour.setFill();
+  color.setFill();
   NSRectFill(decoration.convertRectToView(decoration.bounds(), list));
 }
 

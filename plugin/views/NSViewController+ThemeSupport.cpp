@@ -5,16 +5,16 @@
 
 #include "cocoa/AppKit.h"
 #include "cocoa/Override.h"
+#include "plugin/hostapi/HostVersion.h"
 #include "plugin/hostapi/Identifiers.h"
 #include "plugin/imaging/MyNSBitmapImageRep.h"
 #include "plugin/imaging/RectToSourceColorData.h"
-#include "plugin/imaging/Utility+Recolouring.h"
+#include "plugin/imaging/Utility+Recoloring.h"
 #include "plugin/loader/Attach.h"
-#include "plugin/loader/HostVersion.h"
-#include "plugin/mixer/ColouredText.h"
-#include "plugin/theme/StringBytes.h"
+#include "plugin/text/ColoredText.h"
+#include "plugin/text/StringBytes.h"
 #include "plugin/theme/ThemeUtility.h"
-#include "plugin/views/LibraryColours.h"
+#include "plugin/views/LibraryColors.h"
 
 namespace velura {
 namespace {
@@ -30,12 +30,12 @@ using LegendItem = Override<"CLgRupertContentsViewController", NSObject(NSString
 
 void customUpdateLibrary(NSObject controller, NSObject dataSource) {
   UpdateLibrary::callHost(controller, dataSource);
-  const NSColor title = ThemeUtility::shared().colorForKey(ThemeKey::kLibraryHeaderTextColor);
+  const NSColor title = ThemeUtility::shared().colorForKey(key<"LibraryHeaderTextColor">);
   if (title && controller.respondsToSelector(selector<"headerTitle">())) {
     call<"headerTitle", NSTextField>(controller).setTextColor(title);
   }
   if (controller.respondsToSelector(selector<"soundPacksFilterPopUpButton">())) {
-    colourLibraryMenu(call<"soundPacksFilterPopUpButton", NSObject>(controller));
+    colorLibraryMenu(call<"soundPacksFilterPopUpButton", NSObject>(controller));
   }
 }
 
@@ -55,17 +55,17 @@ NSMutableDictionary scaleCache() {
   return cache;
 }
 
-struct ScaleColours {
+struct ScaleColors {
   NSColor tick;
   NSColor number;
   NSColor zero;
   [[nodiscard]] bool any() const { return tick || number || zero; }
 };
 
-ScaleColours scaleColours() {
+ScaleColors scaleColors() {
   const ThemeUtility& theme = ThemeUtility::shared();
-  return {theme.colorForKey(ThemeKey::kScaleTickMarkColor), theme.colorForKey(ThemeKey::kScaleNumberColor),
-          theme.colorForKey(ThemeKey::kScale0DBTickMarkColor)};
+  return {theme.colorForKey(key<"scaleTickMarkColor">), theme.colorForKey(key<"scaleNumberColor">),
+          theme.colorForKey(key<"scale0DBTickMarkColor">)};
 }
 
 NSImage readyMadeScale(NSString size) {
@@ -84,7 +84,7 @@ bool hasLongFaders(NSObject controller) {
 }
 
 /// Numbers stand left of the ticks; the mark of 0 dB lies in a band of its own in both parts.
-NSArray scaleRules(NSBitmapImageRep bitmap, const ScaleColours& colours, bool longFaders) {
+NSArray scaleRules(NSBitmapImageRep bitmap, const ScaleColors& colors, bool longFaders) {
   constexpr double kTickWidth = 23;  // points
   constexpr double kBandHeight = 32;
   constexpr double kBandOfLongFaders = 323;
@@ -99,10 +99,10 @@ NSArray scaleRules(NSBitmapImageRep bitmap, const ScaleColours& colours, bool lo
     double alpha;
     NSColor suggested;
   };
-  const Rule rules[] = {{CGRectMake(0, band, ticks, kBandHeight), 1, colours.zero},
-                        {CGRectMake(0, 0, ticks, height), 0.4, colours.number},
-                        {CGRectMake(ticks, band, width - ticks, kBandHeight), 1, colours.zero},
-                        {CGRectMake(ticks, 0, width - ticks, height), 0.4, colours.tick}};
+  const Rule rules[] = {{CGRectMake(0, band, ticks, kBandHeight), 1, colors.zero},
+                        {CGRectMake(0, 0, ticks, height), 0.4, colors.number},
+                        {CGRectMake(ticks, band, width - ticks, kBandHeight), 1, colors.zero},
+                        {CGRectMake(ticks, 0, width - ticks, height), 0.4, colors.tick}};
   const NSMutableArray list = NSMutableArray::array();
   for (const Rule& rule : rules) {
     const NSColor white = NSColor::colorWithDeviceRed(1, 1, 1, rule.alpha);
@@ -112,37 +112,37 @@ NSArray scaleRules(NSBitmapImageRep bitmap, const ScaleColours& colours, bool lo
 }
 
 /// The host's picture in the theme's colours; nil when it cannot be read.
-Ref<NSImage> recolouredScale(NSImage image, const ScaleColours& colours, bool longFaders) {
+Ref<NSImage> recoloredScale(NSImage image, const ScaleColors& colors, bool longFaders) {
   const NSData tiff = image.TIFFRepresentation();
   if (!tiff) return {};
   const auto bitmap =
       call<"imageRepWithData:", NSBitmapImageRep>(asObject(DefinedClass<MyNSBitmapImageRep>::cls), tiff);
   if (!bitmap) return {};
-  applyTransformationToBitmap(bitmap, scaleRules(bitmap, colours, longFaders));
+  applyTransformationToBitmap(bitmap, scaleRules(bitmap, colors, longFaders));
   const NSSize size{static_cast<double>(bitmap.pixelsWide()), static_cast<double>(bitmap.pixelsHigh())};
-  Ref<NSImage> recoloured = NSImage::withSize(size);
-  recoloured->addRepresentation(bitmap);
-  return recoloured;
+  Ref<NSImage> recolored = NSImage::withSize(size);
+  recolored->addRepresentation(bitmap);
+  return recolored;
 }
 
 void themeScale(NSObject controller, NSObject item) {
-  const ScaleColours colours = scaleColours();
-  if (!item || !colours.any()) return;
+  const ScaleColors colors = scaleColors();
+  if (!item || !colors.any()) return;
   const auto image = call<"image", NSImage>(item);
   const NSString key(NSStringFromSize(image.size()));
   if (const NSObject known = scaleCache().objectForKey(key)) return call<"setImage:">(item, known);
   Ref<NSImage> themed = readyMadeScale(key);
-  if (!themed) themed = recolouredScale(image, colours, hasLongFaders(controller));
+  if (!themed) themed = recoloredScale(image, colors, hasLongFaders(controller));
   if (!themed) return;
   scaleCache().setObject(themed.get(), key);
   call<"setImage:">(item, themed.get());
 }
 
 void themeLabel(NSObject item) {
-  const NSColor colour = ThemeUtility::shared().colorForKey(ThemeKey::kComponentsLabelColor);
-  if (!colour || !item.respondsToSelector(selector<"attributedStringValue">())) return;
+  const NSColor color = ThemeUtility::shared().colorForKey(key<"componentsLabelColor">);
+  if (!color || !item.respondsToSelector(selector<"attributedStringValue">())) return;
   const auto text = as<NSAttributedString>(call<"attributedStringValue", NSObject>(item));
-  if (text.length() > 0) call<"setAttributedStringValue:">(item, inColour(text, colour));
+  if (text.length() > 0) call<"setAttributedStringValue:">(item, inColor(text, color));
 }
 
 NSObject customLegendItem(NSObject controller, NSString identifier) {

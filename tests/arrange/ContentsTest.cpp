@@ -18,9 +18,9 @@ constexpr Rgba kClear{0, 0, 0, 0};
 
 TEST(ArrangeBackgrounds, FollowTheUsersChoiceOfWorkspace) {
   const ThemeFile both = ThemeFile()
-                             .text("ArrangeWorkspaceColor", colour(1, 2, 3))
-                             .text("ArrangeWorkspaceBrightColor", colour(101, 102, 103));
-  const ThemeFile dark = ThemeFile().text("ArrangeWorkspaceColor", colour(1, 2, 3));
+                             .text("ArrangeWorkspaceColor", color(1, 2, 3))
+                             .text("ArrangeWorkspaceBrightColor", color(101, 102, 103));
+  const ThemeFile dark = ThemeFile().text("ArrangeWorkspaceColor", color(1, 2, 3));
   struct Case {
     const ThemeFile& theme;
     std::optional<long> choice;
@@ -48,7 +48,7 @@ TEST(ArrangeBackgrounds, FollowTheUsersChoiceOfWorkspace) {
 TEST(ArrangeBackgrounds, OfGlobalTracksAndSeparators) {
   const AutoreleasePool pool;
   const ThemeFile theme =
-      ThemeFile().text("GlobalTracks_ContentBar_BG", colour(1, 2, 3)).text("MainSeparators", colour(4, 5, 6));
+      ThemeFile().text("GlobalTracks_ContentBar_BG", color(1, 2, 3)).text("MainSeparators", color(4, 5, 6));
   struct Case {
     ThemeFile theme;
     Rgba bar;
@@ -114,9 +114,9 @@ constexpr Rgba kBlue{40, 60, 230, 50};
 /// 14 on the first track, two that overlap on the second.
 host::Song songOfMarkers() {
   host::Song song;
-  song.arrange.markers = {{.name = "Intro", .start = 3, .end = 5, .colour = host::SongColour{220, 40, 40}},
+  song.arrange.markers = {{.name = "Intro", .start = 3, .end = 5, .color = host::SongColor{220, 40, 40}},
                           {.name = "", .start = 5, .end = 7},
-                          {.name = "", .start = 9, .end = 12, .colour = host::SongColour{40, 60, 230}}};
+                          {.name = "", .start = 9, .end = 12, .color = host::SongColor{40, 60, 230}}};
   song.tracks.resize(3);
   song.tracks[0].regions = {{.name = "", .start = 4, .length = 2}, {.name = "", .start = 10, .length = 4}};
   song.tracks[1].regions = {{.name = "", .start = 3, .length = 1.5}, {.name = "", .start = 3.5, .length = 1.5}};
@@ -218,7 +218,7 @@ TEST_F(MarkerBands, AreRepaintedWhenTheyChange) {
   application_->settle(WindowKind::kArrange);
   struct Case {
     const char* what;
-    host::SongColour colour;
+    host::SongColor color;
     double start;
     bool repaints;
   };
@@ -228,7 +228,7 @@ TEST_F(MarkerBands, AreRepaintedWhenTheyChange) {
                          {"one point to the right", {220, 50, 40}, 3 + 1 / 32.0, false},
                          {"two points to the right", {220, 50, 40}, 3 + 2 / 32.0, true}};
   for (const Case& c : kCases) {
-    song().arrange.markers[0].colour = c.colour;
+    song().arrange.markers[0].color = c.color;
     song().arrange.markers[0].start = c.start;
     song().arrange.markers[0].name = "";
     application_->arrange().songChanged();

@@ -31,8 +31,8 @@ constexpr const char* kSwitches[] = {kRenderSwitch, kDiagnosisSwitch, kProbeSwit
 /// Two markers at 32 points a bar, a cycle above them and a region.
 host::Song songOfMarkers() {
   host::Song song;
-  song.arrange.markers = {{.name = "", .start = 3, .end = 5, .colour = host::SongColour{220, 40, 40}},
-                          {.name = "", .start = 5, .end = 9, .colour = host::SongColour{40, 60, 230}}};
+  song.arrange.markers = {{.name = "", .start = 3, .end = 5, .color = host::SongColor{220, 40, 40}},
+                          {.name = "", .start = 5, .end = 9, .color = host::SongColor{40, 60, 230}}};
   song.arrange.cycle = {.start = 1, .end = 31, .on = true};
   song.tracks.resize(1);
   song.tracks[0].regions = {{.name = "", .start = 4, .length = 2}};

@@ -13,7 +13,7 @@
 
 #include "cocoa/Call.h"
 #include "cocoa/ClassDefinition.h"
-#include "plugin/arrange/VLRGridSettings.h"
+#include "plugin/language/VLRGridSettings.h"
 #include "standin/RunLoop.h"
 #include "tests/support/HostTest.h"
 #include "tests/support/Memory.h"

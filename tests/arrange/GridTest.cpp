@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "host/arrange/Timeline.h"
-#include "plugin/arrange/RegionLineColour.h"
+#include "plugin/arrange/RegionLineColor.h"
 #include "tests/arrange/ArrangeContents.h"
 
 namespace {
@@ -15,7 +15,7 @@ using namespace cocoa;
 using namespace support;
 using testing::IsEmpty;
 
-constexpr host::SongColour kBase{120, 60, 40};
+constexpr host::SongColor kBase{120, 60, 40};
 constexpr Rgba kBody{84, 42, 28};  // of a region in that colour, below its title
 
 /// A track with a region from bar 1 to 5 and one from bar 7 to 8, at 64 points a bar; the same on a second
@@ -26,7 +26,7 @@ host::Song songOfRegions() {
   song.tracks.resize(2);
   for (int i = 0; i < 2; ++i) {
     host::Track& track = song.tracks[static_cast<std::size_t>(i)];
-    track.colour = kBase;
+    track.color = kBase;
     track.regions = {{.name = "", .start = 1.0 + 2 * i, .length = 4}, {.name = "", .start = 7.0 + 2 * i, .length = 1}};
   }
   return song;
@@ -171,22 +171,22 @@ TEST_F(Grid, HasLinesOfEveryWidthOpacityAndGrey) {
   EXPECT_EQ(pixel(picture(), 68, 37), (Rgba{255, 255, 255})) << "and its divisions";
 }
 
-Rgba asPixel(const velura::LineColour& colour) {
+Rgba asPixel(const velura::LineColor& color) {
   const auto byte = [](double channel) { return std::lround(channel * 255); };
-  return {byte(colour.red), byte(colour.green), byte(colour.blue)};
+  return {byte(color.red), byte(color.green), byte(color.blue)};
 }
-velura::LineColour bodyOf(const host::SongColour& base) {
+velura::LineColor bodyOf(const host::SongColor& base) {
   const auto body = [](int channel) { return std::round(channel * 0.7) / 255; };
   return {body(base.red), body(base.green), body(base.blue)};
 }
 
-TEST_F(Grid, TakesItsColoursFromTheRegions) {
-  constexpr host::SongColour kBases[] = {kBase, {250, 240, 200}, {100, 100, 100}, {255, 255, 255}};
+TEST_F(Grid, TakesItsColorsFromTheRegions) {
+  constexpr host::SongColor kBases[] = {kBase, {250, 240, 200}, {100, 100, 100}, {255, 255, 255}};
   host::Song made;
   made.arrange.zoom = 64;
-  for (const host::SongColour& base : kBases) {
+  for (const host::SongColor& base : kBases) {
     host::Track& track = made.tracks.emplace_back();
-    track.colour = base;
+    track.color = base;
     track.height = 60;
     track.regions = {{.name = "", .start = 1, .length = 4}};
   }
@@ -207,7 +207,7 @@ TEST_F(Grid, TakesItsColoursFromTheRegions) {
     EXPECT_TRUE(needsDisplay());
     const NSBitmapImageRep drawn = picture();
     for (long i = 0; i < 4; ++i) {
-      const velura::LineColour body = bodyOf(kBases[i]);
+      const velura::LineColor body = bodyOf(kBases[i]);
       const auto expected = c.mode == 1 ? velura::adaptiveGrey(body, c.strength) : velura::tintOf(body, c.vibrance);
       EXPECT_TRUE(near(pixel(drawn, 128, 60 * i + 57), asPixel(expected), 3))
           << "mode " << c.mode << " region " << i << pixel(drawn, 128, 60 * i + 57) << asPixel(expected);
@@ -218,7 +218,7 @@ TEST_F(Grid, TakesItsColoursFromTheRegions) {
   EXPECT_EQ(pixel(picture(), 128, 57), (Rgba{230, 230, 230})) << "grey again";
 }
 
-TEST_F(Grid, ReadsColoursAnewAfterTwoSecondsAndWhenRegionsComeAndGo) {
+TEST_F(Grid, ReadsColorsAnewAfterTwoSecondsAndWhenRegionsComeAndGo) {
   start(only("bar").integer("colorMode", 2), songOfRegions());
   settledPicture();
   EXPECT_EQ(standin::runMainQueue(), 0U);
@@ -231,7 +231,7 @@ TEST_F(Grid, ReadsColoursAnewAfterTwoSecondsAndWhenRegionsComeAndGo) {
   EXPECT_EQ(standin::runMainQueue(), 1U) << "one region less";
   picture();
   EXPECT_EQ(standin::runMainQueue(), 0U);
-  song().tracks[0].colour = host::SongColour{20, 200, 20};
+  song().tracks[0].color = host::SongColor{20, 200, 20};
   application_->arrange().songChanged();
   standin::setClock(kNow + 3.95);
   draw();

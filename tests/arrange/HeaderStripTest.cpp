@@ -33,12 +33,12 @@ host::Song fourTracks() {
     track.name = "T";
     track.selected = i % 2 != 0;
     track.folder = i >= 2;
-    track.colour = host::SongColour{200, 40 * i, 100};
+    track.color = host::SongColor{200, 40 * i, 100};
   }
   song.tracks[1].height = 25;
   return song;
 }
-Rgba trackColour(std::size_t row) { return {200, 40 * static_cast<long>(row), 100}; }
+Rgba trackColor(std::size_t row) { return {200, 40 * static_cast<long>(row), 100}; }
 
 /// A colour at an opacity on another.
 Rgba blended(const Rgba& over, long opacity, const Rgba& under) {
@@ -58,12 +58,12 @@ class HeaderStrips : public HostTest {
   [[nodiscard]] std::vector<Rgba> edge() const {
     const NSBitmapImageRep drawn = picture();
     const host::TrackRows rows(application_->song());
-    std::vector<Rgba> colours;
+    std::vector<Rgba> colors;
     for (std::size_t i = 0; i <= rows.count(); ++i) {
       const double y = i < rows.count() ? rows.top(i) + rows.height(i) / 2 : rows.total() + 5;
-      colours.push_back(pixel(drawn, drawn.pixelsWide() - 1, static_cast<long>(y)));
+      colors.push_back(pixel(drawn, drawn.pixelsWide() - 1, static_cast<long>(y)));
     }
-    return colours;
+    return colors;
   }
 
   /// Has the header view paint a list of strips into a bitmap of 40 by 40 points.
@@ -94,23 +94,23 @@ class HeaderStrips : public HostTest {
   }
 };
 
-ThemeFile fourColours() {
+ThemeFile fourColors() {
   return ThemeFile()
-      .text("EmptyAreaBelow", colour(8, 16, 24))
-      .text("arrangeStripBackgroundColor", colour(10, 0, 0))
-      .text("arrangeStripHighlightBackgroundColor", colour(20, 0, 0))
-      .text("arrangeFolderStripBackgroundColor", colour(30, 0, 0))
-      .text("arrangeFolderSelectedStripBackgroundColor", colour(40, 100, 0, 50));
+      .text("EmptyAreaBelow", color(8, 16, 24))
+      .text("arrangeStripBackgroundColor", color(10, 0, 0))
+      .text("arrangeStripHighlightBackgroundColor", color(20, 0, 0))
+      .text("arrangeFolderStripBackgroundColor", color(30, 0, 0))
+      .text("arrangeFolderSelectedStripBackgroundColor", color(40, 100, 0, 50));
 }
 
-TEST_F(HeaderStrips, TakeTheColoursOfTheirKind) {
+TEST_F(HeaderStrips, TakeTheColorsOfTheirKind) {
   const ThemeFile two = ThemeFile()
-                            .text("arrangeStripBackgroundColor", colour(10, 0, 0))
-                            .text("arrangeFolderSelectedStripBackgroundColor", colour(40, 0, 0));
+                            .text("arrangeStripBackgroundColor", color(10, 0, 0))
+                            .text("arrangeFolderSelectedStripBackgroundColor", color(40, 0, 0));
   const std::pair<ThemeFile, std::vector<Rgba>> kCases[] = {
-      {fourColours(), {{10, 0, 0}, {20, 0, 0}, {30, 0, 0}, blended({40, 100, 0}, 50, kEmpty), kEmpty}},
+      {fourColors(), {{10, 0, 0}, {20, 0, 0}, {30, 0, 0}, blended({40, 100, 0}, 50, kEmpty), kEmpty}},
       {two, {{10, 0, 0}, kHostEmpty, kHostEmpty, {40, 0, 0}, kHostEmpty}},
-      {ThemeFile().text("EmptyAreaBelow", colour(8, 16, 24)), {kEmpty, kEmpty, kEmpty, kEmpty, kEmpty}},
+      {ThemeFile().text("EmptyAreaBelow", color(8, 16, 24)), {kEmpty, kEmpty, kEmpty, kEmpty, kEmpty}},
       {ThemeFile(), {kHostEmpty, kHostEmpty, kHostEmpty, kHostEmpty, kHostEmpty}},
   };
   for (const bool flipped : {false, true}) {
@@ -127,9 +127,9 @@ TEST_F(HeaderStrips, TakeTheColoursOfTheirKind) {
 TEST_F(HeaderStrips, AreLookedForOnlyUnderAThemeThatHasSome) {
   constexpr const char* kLine = "Velura Context is flipped. We need to handle this";
   const std::pair<ThemeFile, bool> kCases[] = {
-      {ThemeFile().text("EmptyAreaBelow", colour(8, 16, 24)), false},
-      {ThemeFile().text("arrangeFolderStripBackgroundColor", colour(1, 2, 3)), true},
-      {ThemeFile().text("arrangeStripHighlightBackgroundColor", colour(1, 2, 3)), true},
+      {ThemeFile().text("EmptyAreaBelow", color(8, 16, 24)), false},
+      {ThemeFile().text("arrangeFolderStripBackgroundColor", color(1, 2, 3)), true},
+      {ThemeFile().text("arrangeStripHighlightBackgroundColor", color(1, 2, 3)), true},
       {ThemeFile().text("arrangeStripBGGradient", "AutoGradient:{{10},{-10},V}"), true},
       {ThemeFile().text("arrangeStripHighlightBGGradient", "AutoGradient:{{10},{-10},V}"), true},
       {ThemeFile().text("arrangeStripBevel", "Bevel:{R,2,30}"), true},
@@ -154,7 +154,7 @@ NSDictionary raisedConfiguration(Class /*self*/, NSObject /*window*/) {
   return {};
 }
 
-TEST_F(HeaderStrips, SampleTheHostsColourBarsWhereTheyAre) {
+TEST_F(HeaderStrips, SampleTheHostsColorBarsWhereTheyAre) {
   struct Case {
     host::HeaderSetup setup;
     host::HostOptions options;
@@ -162,10 +162,10 @@ TEST_F(HeaderStrips, SampleTheHostsColourBarsWhereTheyAre) {
     bool seen;  // the tracks' own colours
   };
   const auto surfaces = [](int bars) { return host::HeaderSetup{.controlSurfaceBars = bars}; };
-  const std::vector<Rgba> kTracks{trackColour(0), trackColour(1), trackColour(2), trackColour(3), kEmpty};
+  const std::vector<Rgba> kTracks{trackColor(0), trackColor(1), trackColor(2), trackColor(3), kEmpty};
   std::vector<Case> cases = {
-      {{.trackNumbers = true, .colourBars = false}, {}, 0, false},
-      {{.colourBars = false, .controlSurfaceBars = 3}, {}, 0, false},
+      {{.trackNumbers = true, .colorBars = false}, {}, 0, false},
+      {{.colorBars = false, .controlSurfaceBars = 3}, {}, 0, false},
       {{}, {}, 2, true},
       {{.trackNumbers = false}, {}, 2, true},
       {surfaces(3), {.adapterBySong = true}, 16, true},
@@ -176,9 +176,9 @@ TEST_F(HeaderStrips, SampleTheHostsColourBarsWhereTheyAre) {
   eachInChild(cases, [&](const Case& c) {
     host::Song song = fourTracks();
     song.arrange.headers = c.setup;
-    start(ThemeFile().flag("useTrackColorAsArrangeStripBackground", true).text("EmptyAreaBelow", colour(8, 16, 24)),
+    start(ThemeFile().flag("useTrackColorAsArrangeStripBackground", true).text("EmptyAreaBelow", color(8, 16, 24)),
           song, c.options);
-    EXPECT_EQ(column(), std::tuple(c.column, c.setup.colourBars, c.setup.trackNumbers));
+    EXPECT_EQ(column(), std::tuple(c.column, c.setup.colorBars, c.setup.trackNumbers));
     EXPECT_EQ(edge(), c.seen ? kTracks : std::vector<Rgba>(5, kEmpty)) << c.column;
   });
 }
@@ -188,7 +188,7 @@ TEST_F(HeaderStrips, SampleColumnOneWhereTheHostDoesNotTell) {
   const Class controller = metaclassOf(classNamed("TrackHeaderConfigController"));
   detail::replaceFunction<"createSaveConfigDict:", noConfiguration>(controller);
   EXPECT_EQ(std::get<0>(column()), 1);
-  EXPECT_EQ(edge()[0], trackColour(0));
+  EXPECT_EQ(edge()[0], trackColor(0));
   detail::replaceFunction<"createSaveConfigDict:", raisedConfiguration>(controller);
   EXPECT_EQ(column(), std::tuple(1, false, false));
   EXPECT_EQ((call<"getXOffsetinTrack:showTrackNumP:", NSInteger>(headers(), static_cast<BOOL*>(nullptr),
@@ -196,18 +196,18 @@ TEST_F(HeaderStrips, SampleColumnOneWhereTheHostDoesNotTell) {
             1);
 }
 
-TEST_F(HeaderStrips, UseTheThemesColoursWhereTheHostShowsNoBars) {
+TEST_F(HeaderStrips, UseTheThemesColorsWhereTheHostShowsNoBars) {
   host::Song song = fourTracks();
-  song.arrange.headers.colourBars = false;
-  start(fourColours().flag("useTrackColorAsArrangeStripBackground", true), song);
+  song.arrange.headers.colorBars = false;
+  start(fourColors().flag("useTrackColorAsArrangeStripBackground", true), song);
   EXPECT_THAT(edge(), ElementsAre(Rgba{10, 0, 0}, Rgba{20, 0, 0}, Rgba{30, 0, 0}, testing::_, kEmpty));
 }
 
-TEST_F(HeaderStrips, FadeTrackColoursByKind) {
+TEST_F(HeaderStrips, FadeTrackColorsByKind) {
   const auto withOpacities = [](const std::array<long, 4>& percents) {
     return ThemeFile()
         .flag("useTrackColorAsArrangeStripBackground", true)
-        .text("EmptyAreaBelow", colour(8, 16, 24))
+        .text("EmptyAreaBelow", color(8, 16, 24))
         .integer("UseTrackColor_ArrangeOpacity", percents[0])
         .integer("UseTrackColor_ArrangeHighlightedOpacity", percents[1])
         .integer("UseTrackColor_ArrangeFolderOpacity", percents[2])
@@ -218,14 +218,14 @@ TEST_F(HeaderStrips, FadeTrackColoursByKind) {
     start(withOpacities(kPercents));
     const auto shown = edge();
     for (std::size_t i = 0; i < 4; ++i) {
-      EXPECT_TRUE(near(shown[i], blended(trackColour(i), kPercents[i], kEmpty), 2)) << i << shown[i];
+      EXPECT_TRUE(near(shown[i], blended(trackColor(i), kPercents[i], kEmpty), 2)) << i << shown[i];
     }
     return true;
   }));
   start(withOpacities({0, 0, 0, 0})
-            .text("arrangeStripHighlightBackgroundColor", colour(20, 0, 0))
-            .text("arrangeFolderStripBackgroundColor", colour(30, 0, 0))
-            .text("arrangeFolderSelectedStripBackgroundColor", colour(40, 0, 0)));
+            .text("arrangeStripHighlightBackgroundColor", color(20, 0, 0))
+            .text("arrangeFolderStripBackgroundColor", color(30, 0, 0))
+            .text("arrangeFolderSelectedStripBackgroundColor", color(40, 0, 0)));
   EXPECT_THAT(edge(), ElementsAre(kEmpty, Rgba{20, 0, 0}, Rgba{30, 0, 0}, Rgba{40, 0, 0}, kEmpty))
       << "opacity 0 takes the theme's colour, and no strip is painted where there is none";
 }
@@ -249,14 +249,14 @@ TEST_F(HeaderStrips, SampleWhateverPartOfTheColumnIsDrawn) {
         const double fromTop = height - (dirty.maxY() - static_cast<double>(y) - 0.5);
         const auto row = rows.rowAt(fromTop);
         if (fromTop > rows.top(row) + rows.height(row) - 1) continue;  // the line that the host draws between headers
-        ASSERT_EQ(pixel(drawn, drawn.pixelsWide() - 1, y), trackColour(row % 4)) << down << " " << part << " " << y;
+        ASSERT_EQ(pixel(drawn, drawn.pixelsWide() - 1, y), trackColor(row % 4)) << down << " " << part << " " << y;
       }
     }
   }
 }
 
-TEST_F(HeaderStrips, AreListedAsRectangleColourAndSelection) {
-  start(fourColours());
+TEST_F(HeaderStrips, AreListedAsRectangleColorAndSelection) {
+  start(fourColors());
   const Ref<NSBitmapImageRep> bitmap =
       NSBitmapImageRep::withBitmapDataPlanes(nullptr, 4, 4, 8, 4, true, false, NSDeviceRGBColorSpace, 0, 0);
   const SavedGraphicsState saved;
@@ -340,7 +340,7 @@ std::string redStops(int count) {
   return text + "V}";
 }
 
-TEST_F(HeaderStrips, ChooseBetweenGradientAndColour) {
+TEST_F(HeaderStrips, ChooseBetweenGradientAndColor) {
   constexpr Rgba kRed{255, 0, 0};
   constexpr Rgba kBlue{0, 0, 255};
   constexpr Rgba kHalf{128, 0, 128};  // blue, half of it over red
@@ -368,11 +368,11 @@ TEST_F(HeaderStrips, ChooseBetweenGradientAndColour) {
       {with(tracks, redStops(2)), false, 0.5, kHalf},
       {with(tracks, redStops(2)), true, 0.5, kHalf},
       {withSelected(with(tracks, "LinearGradient:{{0,0,255,100},{0,0,255,100},V}")), true, 0.5, kHalf},
-      {with(tracks, kShaded).text("arrangeStripBackgroundColor", colour(255, 0, 0)), false, 0.5, kHalf},
-      {with(tracks, kShaded).text("arrangeStripHighlightBackgroundColor", colour(255, 0, 0)), true, 0.5, kHalf},
+      {with(tracks, kShaded).text("arrangeStripBackgroundColor", color(255, 0, 0)), false, 0.5, kHalf},
+      {with(tracks, kShaded).text("arrangeStripHighlightBackgroundColor", color(255, 0, 0)), true, 0.5, kHalf},
       {with(tracks, kShaded), false, 0.5, kGlass},  // nothing to shade
       {with(tracks, kAnchored), false, 0.5, kGlass},
-      {ThemeFile().text("arrangeStripBackgroundColor", colour(0, 255, 0)), false, 1, kBlue},
+      {ThemeFile().text("arrangeStripBackgroundColor", color(0, 255, 0)), false, 1, kBlue},
   };
   eachInChild(kCases, [&](const Case& c) {
     start(c.theme);
@@ -432,7 +432,7 @@ TEST_F(HeaderStrips, ShowBevelsInTheirUpperAndLowerBands) {
 // ---- The track table ----------------------------------------------------------------------------------
 
 TEST_F(HeaderStrips, SpareTheHostTheFormattingOfDescriptions) {
-  start(fourColours().flag("useTrackColorAsArrangeStripBackground", true));
+  start(fourColors().flag("useTrackColorAsArrangeStripBackground", true));
   application_->arrange().songChanged();
   const std::size_t before = host::formattedDescriptions();
   picture();
@@ -462,13 +462,13 @@ NSArray raisedChildren(NSView /*self*/) {
 }
 
 TEST_F(HeaderStrips, AreLeftOutWhenTheHostRaises) {
-  start(fourColours());
+  start(fourColors());
   detail::replaceFunction<"accessibilityChildren", raisedChildren>(classNamed("ArrangeTrackHeaderSectionView"));
   testing::internal::CaptureStderr();
   const NSBitmapImageRep drawn = picture();
   EXPECT_THAT(testing::internal::GetCapturedStderr(),
               HasSubstr("[Velura] vlrBuildTrackCacheSynchronously: exception: Refused — no headers now"));
-  EXPECT_EQ(pixel(drawn, 2, 10), trackColour(0)) << "the host's own drawing";
+  EXPECT_EQ(pixel(drawn, 2, 10), trackColor(0)) << "the host's own drawing";
   EXPECT_EQ(pixel(drawn, drawn.pixelsWide() - 1, 10), kEmpty);
   EXPECT_FALSE(asks<"isInDrawingMode">(theme().object));
   EXPECT_FALSE((call<"getTracksData", NSData>(headers())));
@@ -477,7 +477,7 @@ TEST_F(HeaderStrips, AreLeftOutWhenTheHostRaises) {
 TEST_F(HeaderStrips, KeepTheTableOfAMousePress) {
   eachInChild({"12.2.9", "12.3", "13"}, [&](const std::string& version) {
     const bool keeps = version != "12.2.9";
-    start(fourColours(), fourTracks(), {.version = version});
+    start(fourColors(), fourTracks(), {.version = version});
     const auto cached = [&] { return call<"vlrCachedTrackData", NSData>(headers()); };
     const CGRect frame = screenFrame(accessibilityChildren(headers())[0]);
     const CGPoint place{frame.midX(), frame.midY()};
@@ -496,8 +496,8 @@ TEST_F(HeaderStrips, KeepTheTableOfAMousePress) {
 TEST_F(HeaderStrips, StandBehindAnOpaqueNameEditor) {
   const Rgba host{255, 255, 255, 90};
   const std::pair<std::string, Rgba> kCases[] = {
-      {writeTheme(ThemeFile().text("EmptyAreaBelow", colour(8, 16, 24, 30)).list()), kEmpty},
-      {writeTheme(ThemeFile().text("arrangeStripBackgroundColor", colour(8, 16, 24)).list()), host},
+      {writeTheme(ThemeFile().text("EmptyAreaBelow", color(8, 16, 24, 30)).list()), kEmpty},
+      {writeTheme(ThemeFile().text("arrangeStripBackgroundColor", color(8, 16, 24)).list()), host},
       {"default", host},
       {"", host},
   };
@@ -519,7 +519,7 @@ TEST_F(HeaderStrips, StandBehindAnOpaqueNameEditor) {
 }
 
 TEST_F(HeaderStrips, UseACanvasOfTheColumnsHeight) {
-  start(fourColours());
+  start(fourColors());
   const auto canvas = [&] {
     picture();
     return call<"backupImageRep", NSBitmapImageRep>(headers());

@@ -65,8 +65,8 @@ class HostileHost : public ArrangeContents {
           std::move(options),
           ThemeFile()
               .flag("useTrackColorAsArrangeStripBackground", true)
-              .text("EmptyAreaBelow", colour(8, 16, 24))
-              .text("arrangeStripBackgroundColor", colour(1, 2, 3))
+              .text("EmptyAreaBelow", color(8, 16, 24))
+              .text("arrangeStripBackgroundColor", color(1, 2, 3))
               .text("arrangeStripBGGradient", "LinearGradient:{{0,0,0,100},{255,255,255,100},V}")
               .text("arrangeStripBevel", "Bevel:{R,2,30}"));
   }
@@ -85,7 +85,7 @@ class HostileHost : public ArrangeContents {
 TEST_F(HostileHost, MayTellAnythingOfItsElements) {
   host::Song song;
   song.tracks.resize(2);
-  song.arrange.markers = {{.name = "", .start = 3, .end = 5, .colour = host::SongColour{220, 40, 40}}};
+  song.arrange.markers = {{.name = "", .start = 3, .end = 5, .color = host::SongColor{220, 40, 40}}};
   open(song);
   const auto everything = NSMutableArray::array();
   const double kNumbers[] = {0, -1, 1e-300, 12.5, 1e9, 1e18, 1e300, -1e300, kNaN, kInfinity, -kInfinity};
@@ -114,7 +114,7 @@ TEST_F(HostileHost, MayTellAnythingOfItsElements) {
 TEST_F(HostileHost, MayNestItsElementsWithoutEnd) {
   host::Song song;
   song.tracks.resize(1);
-  song.arrange.markers = {{.name = "", .start = 1, .end = 30, .colour = host::SongColour{220, 40, 40}}};
+  song.arrange.markers = {{.name = "", .start = 1, .end = 30, .color = host::SongColor{220, 40, 40}}};
   open(song);
   const CGRect screen =
       contents().window().convertRectToScreen(contents().convertRectToView(CGRectMake(300, 200, 40, 40), NSView()));
@@ -174,7 +174,7 @@ NSBitmapImageRep raisedBitmap(NSView /*self*/, CGRect /*rect*/) {
   return {};
 }
 
-TEST_F(HostileHost, MayRaiseWhileItsColoursAreRead) {
+TEST_F(HostileHost, MayRaiseWhileItsColorsAreRead) {
   open(sampleSong());
   picture();
   const Class view = classNamed("ArrangeContentsSectionView");
@@ -212,14 +212,14 @@ TEST_F(HostileHost, MayShowThousandsOfTracksAndRegions) {
     track.name = "T";
     track.selected = i % 5 == 0;
     track.folder = i % 7 == 0;
-    track.colour = host::SongColour{i % 256, 90, 160};
+    track.color = host::SongColor{i % 256, 90, 160};
     for (int k = 0; k < 4; ++k) {
       track.regions.push_back({.name = "R", .start = 1 + 8.0 * k + static_cast<double>(random() % 8), .length = 4});
     }
   }
   for (int i = 0; i < 60; ++i) {
     song.arrange.markers.push_back(
-        {.name = "M", .start = 1.0 + i, .end = 2.0 + i, .colour = host::SongColour{220, 40 * (i % 5), 40}});
+        {.name = "M", .start = 1.0 + i, .end = 2.0 + i, .color = host::SongColor{220, 40 * (i % 5), 40}});
   }
   open(std::move(song));
   const auto begin = std::chrono::steady_clock::now();

@@ -9,7 +9,7 @@
 
 namespace support {
 
-struct RulerColour {
+struct RulerColor {
   std::uint8_t red;
   std::uint8_t green;
   std::uint8_t blue;
@@ -17,7 +17,7 @@ struct RulerColour {
 
 class PaintedRuler {
  public:
-  PaintedRuler(long width, long height, RulerColour background = {60, 60, 60}, double pixelsPerPoint = 1)
+  PaintedRuler(long width, long height, RulerColor background = {60, 60, 60}, double pixelsPerPoint = 1)
       : width_(width),
         height_(height),
         pixelsPerPoint_(pixelsPerPoint),
@@ -26,13 +26,13 @@ class PaintedRuler {
   }
 
   /// Columns and rows from the first to, not including, the last.
-  PaintedRuler& fill(long left, long right, long top, long bottom, RulerColour colour) {
+  PaintedRuler& fill(long left, long right, long top, long bottom, RulerColor color) {
     for (long y = top; y < bottom; ++y) {
       for (long x = left; x < right; ++x) {
         std::uint8_t* pixel = bytes_.data() + (y * width_ + x) * 4;
-        pixel[0] = colour.red;
-        pixel[1] = colour.green;
-        pixel[2] = colour.blue;
+        pixel[0] = color.red;
+        pixel[1] = color.green;
+        pixel[2] = color.blue;
         pixel[3] = 255;
       }
     }
@@ -40,8 +40,8 @@ class PaintedRuler {
   }
 
   /// A tick that stands on the last row.
-  PaintedRuler& tick(long column, long height, RulerColour colour = {200, 200, 200}) {
-    return fill(column, column + 1, height_ - height, height_, colour);
+  PaintedRuler& tick(long column, long height, RulerColor color = {200, 200, 200}) {
+    return fill(column, column + 1, height_ - height, height_, color);
   }
 
   [[nodiscard]] velura::RulerPixels pixels(double screenLeft = 0) const {

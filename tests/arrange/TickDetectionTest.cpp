@@ -12,7 +12,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using velura::RulerTicks;
 
-constexpr RulerColour kFaint{100, 100, 100};  // 40 above the background: below the first threshold only
+constexpr RulerColor kFaint{100, 100, 100};  // 40 above the background: below the first threshold only
 
 RulerTicks read(const PaintedRuler& ruler, double left = 0) { return velura::detectTicks(ruler.pixels(), left); }
 
@@ -24,9 +24,9 @@ PaintedRuler ticksEvery(long step, long first, long end, long height) {
 }
 
 /// Bars of 16 every 80 pixels, beats of 10, divisions of 5 every 10.
-PaintedRuler musicalRuler(RulerColour colour = {200, 200, 200}) {
+PaintedRuler musicalRuler(RulerColor color = {200, 200, 200}) {
   PaintedRuler ruler(240, 38);
-  for (long x = 0; x < 240; x += 10) ruler.tick(x, x % 80 == 0 ? 16 : x % 20 == 0 ? 10 : 5, colour);
+  for (long x = 0; x < 240; x += 10) ruler.tick(x, x % 80 == 0 ? 16 : x % 20 == 0 ? 10 : 5, color);
   return ruler;
 }
 

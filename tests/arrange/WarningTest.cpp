@@ -19,7 +19,7 @@ using namespace support;
 NSString skipKey() { return literal<"SkipTrackColorWarning">(); }
 NSUserDefaults defaults() { return NSUserDefaults::standardUserDefaults(); }
 
-class TrackColourWarning : public HostTest {
+class TrackColorWarning : public HostTest {
  protected:
   /// Opens a song whose headers show colour bars or not, under a theme that asks for track colours or not.
   void open(bool bars, bool tracks = true) {
@@ -30,7 +30,7 @@ class TrackColourWarning : public HostTest {
     });
     standin::setOpenedURL([this](const std::string& address) { opened_.push_back(address); });
     host::Song song;
-    song.arrange.headers.colourBars = bars;
+    song.arrange.headers.colorBars = bars;
     startWith(writeTheme(ThemeFile().flag("useTrackColorAsArrangeStripBackground", tracks).list()), song);
   }
   /// How many alerts have run since this was asked last, with those that are due now.
@@ -45,7 +45,7 @@ class TrackColourWarning : public HostTest {
   std::function<void(NSAlert)> whileItRuns_ = [](NSAlert) {};
 };
 
-TEST_F(TrackColourWarning, ComesOnceForADocumentWithoutColourBars) {
+TEST_F(TrackColorWarning, ComesOnceForADocumentWithoutColorBars) {
   open(false);
   EXPECT_EQ(alerts_, 0) << "not while the document opens";
   EXPECT_EQ(alerts(), 1);
@@ -55,7 +55,7 @@ TEST_F(TrackColourWarning, ComesOnceForADocumentWithoutColourBars) {
   EXPECT_FALSE(defaults().boolForKey(skipKey()));
 }
 
-TEST_F(TrackColourWarning, ComesOnceForARefreshOfSeveralWindows) {
+TEST_F(TrackColorWarning, ComesOnceForARefreshOfSeveralWindows) {
   open(false);
   application_->openWindow(host::WindowKind::kLists);
   application_->openWindow(host::WindowKind::kLibrary);
@@ -64,7 +64,7 @@ TEST_F(TrackColourWarning, ComesOnceForARefreshOfSeveralWindows) {
   EXPECT_EQ(alerts(), 1) << "three windows hide their bars";
 }
 
-TEST_F(TrackColourWarning, StaysAwayWhereNothingIsWrong) {
+TEST_F(TrackColorWarning, StaysAwayWhereNothingIsWrong) {
   eachInChild({std::pair(true, true), std::pair(false, false), std::pair(true, false)}, [&](const auto& c) {
     const auto [bars, tracks] = c;
     open(bars, tracks);
@@ -74,7 +74,7 @@ TEST_F(TrackColourWarning, StaysAwayWhereNothingIsWrong) {
   });
 }
 
-TEST_F(TrackColourWarning, SaysWhatToDo) {
+TEST_F(TrackColorWarning, SaysWhatToDo) {
   whileItRuns_ = [](NSAlert alert) {
     EXPECT_EQ(alert.buttons().count(), 2U);
     EXPECT_EQ(toStdString(cast<NSButton>(alert.buttons().objectAtIndex(0)).title()), "Close");
@@ -96,7 +96,7 @@ TEST_F(TrackColourWarning, SaysWhatToDo) {
   EXPECT_EQ(alerts(), 1);
 }
 
-TEST_F(TrackColourWarning, HelpsAndStaysOpen) {
+TEST_F(TrackColorWarning, HelpsAndStaysOpen) {
   whileItRuns_ = [this](NSAlert alert) {
     const auto help = cast<NSButton>(alert.buttons().objectAtIndex(1));
     call<"performClick:">(help, NSObject());
@@ -109,7 +109,7 @@ TEST_F(TrackColourWarning, HelpsAndStaysOpen) {
   EXPECT_TRUE(opened_[0].starts_with("https://")) << opened_[0];
 }
 
-TEST_F(TrackColourWarning, IsGivenNoMoreToWhoeverDoesNotWantIt) {
+TEST_F(TrackColorWarning, IsGivenNoMoreToWhoeverDoesNotWantIt) {
   whileItRuns_ = [](NSAlert alert) { call<"performClick:">(alert.suppressionButton(), NSObject()); };
   open(false);
   EXPECT_EQ(alerts(), 1);
@@ -130,7 +130,7 @@ NSDictionary shortConfiguration(Class /*self*/, NSObject /*window*/) {
   return configuration;
 }
 
-TEST_F(TrackColourWarning, CountsBarsAsHiddenThatCannotBeAskedFor) {
+TEST_F(TrackColorWarning, CountsBarsAsHiddenThatCannotBeAskedFor) {
   open(true);
   EXPECT_EQ(alerts(), 0);
   const Class controller = metaclassOf(classNamed("TrackHeaderConfigController"));
@@ -142,7 +142,7 @@ TEST_F(TrackColourWarning, CountsBarsAsHiddenThatCannotBeAskedFor) {
   EXPECT_EQ(alerts(), 1);
 }
 
-TEST_F(TrackColourWarning, IsNotMovedByOtherDocuments) {
+TEST_F(TrackColorWarning, IsNotMovedByOtherDocuments) {
   open(false);
   alerts();
   const auto post = [](NSObject document) {

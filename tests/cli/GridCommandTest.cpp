@@ -12,7 +12,7 @@
 
 #include "cli/PrivateFolders.h"
 #include "cocoa/Foundation.h"
-#include "plugin/theme/PropertyListReader.h"
+#include "plugin/plist/PropertyListReader.h"
 #include "tests/support/Commands.h"
 #include "tests/support/Theme.h"
 

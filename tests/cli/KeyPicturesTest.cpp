@@ -9,7 +9,7 @@
 #include "cli/KeyPictures.h"
 #include "cli/Picture.h"
 #include "cli/PrivateFolders.h"
-#include "plugin/theme/ThemeKeys.h"
+#include "plugin/language/ThemeKeys.h"
 #include "tests/support/Commands.h"
 #include "tests/support/Theme.h"
 
@@ -78,7 +78,7 @@ TEST(Picture, FindsThePartThatTellsMost) {
   EXPECT_FALSE(session::mostTellingPart(before, after, 401, 60));
 }
 
-TEST(Picture, KeepsAtMost256ColoursCloseToTheirOwn) {
+TEST(Picture, KeepsAtMost256ColorsCloseToTheirOwn) {
   Picture many{64, 64, {}};
   for (int i = 0; i < 64 * 64; ++i) {
     for (const int sample : {i % 64 * 4, i / 64 * 4, 128}) many.samples.push_back(static_cast<std::uint8_t>(sample));
@@ -88,12 +88,12 @@ TEST(Picture, KeepsAtMost256ColoursCloseToTheirOwn) {
   const auto read = session::readPicture(path);
   ASSERT_TRUE(read);
   ASSERT_EQ(read->samples.size(), many.samples.size());
-  std::set<int> colours;
+  std::set<int> colors;
   for (std::size_t i = 0; i < many.samples.size(); ++i) {
     EXPECT_NEAR(read->samples[i], many.samples[i], 48);
-    if (i % 3 == 0) colours.insert(read->samples[i] << 16 | read->samples[i + 1] << 8 | read->samples[i + 2]);
+    if (i % 3 == 0) colors.insert(read->samples[i] << 16 | read->samples[i + 1] << 8 | read->samples[i + 2]);
   }
-  EXPECT_LE(colours.size(), 256U);
+  EXPECT_LE(colors.size(), 256U);
 }
 
 }  // namespace

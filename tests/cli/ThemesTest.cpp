@@ -6,9 +6,9 @@
 #include <set>
 
 #include "cocoa/AppKit.h"
-#include "plugin/theme/PropertyListReader.h"
-#include "plugin/theme/ThemeKeys.h"
-#include "plugin/theme/TrackTypes.h"
+#include "plugin/language/ThemeKeys.h"
+#include "plugin/language/TrackTypes.h"
+#include "plugin/plist/PropertyListReader.h"
 #include "tests/support/Theme.h"
 
 namespace {

@@ -44,15 +44,15 @@ class Anchoring : public HostTest {
   }
   /// The resolved locations; empty when the gradient cannot be resolved.
   static std::vector<double> locations(NSObject strip, const char* text, NSColor base = NSColor()) {
-    id colours = nullptr;
+    id colors = nullptr;
     id places = nullptr;
     std::vector<double> found;
-    if (call<"vlrResolveGradient:baseColor:outColors:outLocations:", BOOL>(strip, gradient(text), base, &colours,
+    if (call<"vlrResolveGradient:baseColor:outColors:outLocations:", BOOL>(strip, gradient(text), base, &colors,
                                                                            &places) == 0) {
       return found;
     }
     for (const NSNumber place : items<NSNumber>(NSArray(places))) found.push_back(place.doubleValue());
-    EXPECT_EQ(NSArray(colours).count(), found.size());
+    EXPECT_EQ(NSArray(colors).count(), found.size());
     return found;
   }
   Ref<NSObject> root_;
@@ -237,11 +237,11 @@ TEST_F(Anchoring, PlacesSortsAndSmoothsStops) {
         << c.gradient << " at " << c.height;
   }
   EXPECT_EQ(locations(addStrip(), "AutoGradient:{10,-10,V}", NSColor::whiteColor()).size(), 2U);
-  id colours = nullptr;
+  id colors = nullptr;
   id places = nullptr;
   static_cast<void>(call<"vlrResolveGradient:baseColor:outColors:outLocations:", BOOL>(
-      addStrip(), gradient(stopsAt({"0", "90", "@fader"}).c_str()), NSColor(), &colours, &places));
-  EXPECT_EQ(rgba(cast<NSColor>(NSArray(colours).objectAtIndex(1))), (Rgba{3, 3, 3}))
+      addStrip(), gradient(stopsAt({"0", "90", "@fader"}).c_str()), NSColor(), &colors, &places));
+  EXPECT_EQ(rgba(cast<NSColor>(NSArray(colors).objectAtIndex(1))), (Rgba{3, 3, 3}))
       << "the colours move with their locations";
 }
 

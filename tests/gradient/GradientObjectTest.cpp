@@ -7,8 +7,8 @@
 
 #include "cocoa/Call.h"
 #include "plugin/gradient/GradientSwitch.h"
-#include "plugin/gradient/VLRStripBevel.h"
-#include "plugin/gradient/VLRStripGradient.h"
+#include "plugin/theme/VLRStripBevel.h"
+#include "plugin/theme/VLRStripGradient.h"
 #include "standin/Clock.h"
 #include "tests/support/Theme.h"
 
@@ -32,14 +32,14 @@ class GradientObject : public testing::Test {
   AutoreleasePool pool_;
 };
 
-std::string hexOf(NSColor colour) {
+std::string hexOf(NSColor color) {
   char text[32];
-  std::snprintf(text, sizeof text, "%.3f %.3f %.3f %.3f", colour.redComponent(), colour.greenComponent(),
-                colour.blueComponent(), colour.alphaComponent());
+  std::snprintf(text, sizeof text, "%.3f %.3f %.3f %.3f", color.redComponent(), color.greenComponent(),
+                color.blueComponent(), color.alphaComponent());
   return text;
 }
 
-TEST_F(GradientObject, DerivesColoursFromTheBase) {
+TEST_F(GradientObject, DerivesColorsFromTheBase) {
   const NSObject automatic = gradient(string("AutoGradient:{{20},{-100},V}"));
   EXPECT_EQ((call<"mode", NSInteger>(automatic)), 1);
   EXPECT_FALSE((call<"stopColors", NSArray>(automatic)));

@@ -4,8 +4,8 @@
 
 #include <chrono>
 
-#include "plugin/gradient/VLRStripBevel.h"
-#include "plugin/gradient/VLRStripGradient.h"
+#include "plugin/theme/VLRStripBevel.h"
+#include "plugin/theme/VLRStripGradient.h"
 
 namespace velura {
 namespace {
@@ -18,11 +18,11 @@ std::string linearOf(int stops) {
   return text + "V}";
 }
 
-TEST(GradientString, ReadsColoursInOrder) {
+TEST(GradientString, ReadsColorsInOrder) {
   const auto gradient = parseGradient("LinearGradient:{{62,62,66,100},{ 40, 300,-44,+5 x},H,S4}");
   ASSERT_TRUE(gradient);
   EXPECT_EQ(gradient->mode, GradientMode::kLinear);
-  EXPECT_EQ(gradient->colours, (std::vector<StopColour>{{62, 62, 66, 100}, {40, 300, -44, 5}}));
+  EXPECT_EQ(gradient->colors, (std::vector<StopColor>{{62, 62, 66, 100}, {40, 300, -44, 5}}));
   EXPECT_EQ(gradient->locations, (Locations{0, 1}));
   EXPECT_FALSE(gradient->hasAnchors);
   EXPECT_EQ(gradient->angleDegrees, 90);
@@ -71,9 +71,9 @@ TEST(GradientString, SortsPlainPositionsAndKeepsTheOrderOfEqualOnes) {
   const auto gradient = parseGradient("LinearGradient:{{1,0,0,1,50},{2,0,0,1,50},{3,0,0,1,10},V}");
   ASSERT_TRUE(gradient);
   EXPECT_EQ(gradient->locations, (Locations{0.1, 0.5, 0.5}));
-  EXPECT_EQ(gradient->colours[0].red, 3);
-  EXPECT_EQ(gradient->colours[1].red, 1);
-  EXPECT_EQ(gradient->colours[2].red, 2);
+  EXPECT_EQ(gradient->colors[0].red, 3);
+  EXPECT_EQ(gradient->colors[1].red, 1);
+  EXPECT_EQ(gradient->colors[2].red, 2);
 }
 
 TEST(GradientString, AnchorsKeepTheWrittenOrder) {
@@ -107,7 +107,7 @@ TEST(GradientString, TheNumberOfStopsIs2To24) {
   EXPECT_FALSE(parseGradient(linearOf(0)));
   EXPECT_FALSE(parseGradient(linearOf(1)));
   EXPECT_TRUE(parseGradient(linearOf(2)));
-  EXPECT_EQ(parseGradient(linearOf(24))->colours.size(), 24U);
+  EXPECT_EQ(parseGradient(linearOf(24))->colors.size(), 24U);
   EXPECT_FALSE(parseGradient(linearOf(25)));
 }
 

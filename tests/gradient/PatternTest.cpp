@@ -18,7 +18,7 @@ struct Request {
   const char* gradient = nullptr;
   NSColor base;
   CGSize size{84, 300};
-  std::vector<NSColor> colours;
+  std::vector<NSColor> colors;
   std::vector<double> locations;
   const char* bevel = nullptr;
   NSInteger style = 0;
@@ -32,13 +32,13 @@ class Patterns : public HostTest {
     const auto parsed = [](const char* cls, const char* maker, const char* text) {
       return text == nullptr ? NSObject() : send<NSObject>(classNamed(cls), sel_registerName(maker), string(text));
     };
-    const auto colours = NSMutableArray::array();
-    for (const NSColor each : request.colours) colours.addObject(each);
+    const auto colors = NSMutableArray::array();
+    for (const NSColor each : request.colors) colors.addObject(each);
     const auto locations = NSMutableArray::array();
     for (const double each : request.locations) locations.addObject(NSNumber::numberWithDouble(each));
     return call<"patternColorForGradient:baseColor:size:stopColors:stopLocations:bevel:bevelStyle:overlayColor:",
                 NSColor>(theme(), parsed("VLRStripGradient", "gradientFromString:", request.gradient), request.base,
-                         request.size, static_cast<NSArray>(colours), static_cast<NSArray>(locations),
+                         request.size, static_cast<NSArray>(colors), static_cast<NSArray>(locations),
                          parsed("VLRStripBevel", "bevelFromString:", request.bevel), request.style, request.overlay);
   }
   [[nodiscard]] NSMutableDictionary cache() const { return call<"gradientPatternCache", NSMutableDictionary>(theme()); }
@@ -79,16 +79,16 @@ TEST_F(Patterns, AreNotMadeWhereThereIsNothingToRender) {
       {"infinite", {.base = base, .size = {84, INFINITY}, .overlay = veil}, true},
       {"negative", {.base = base, .size = {-84, 300}, .overlay = veil}, true},
       {"base alone", {.base = base}, true},
-      {"stops without a gradient", {.base = base, .colours = {base, veil}, .locations = {0, 1}}, true},
-      {"one stop", {.gradient = kVertical, .base = base, .colours = {base}, .locations = {0}}, true},
+      {"stops without a gradient", {.base = base, .colors = {base, veil}, .locations = {0, 1}}, true},
+      {"one stop", {.gradient = kVertical, .base = base, .colors = {base}, .locations = {0}}, true},
       {"25 stops",
        {.gradient = kVertical,
         .base = base,
-        .colours = std::vector<NSColor>(25, base),
+        .colors = std::vector<NSColor>(25, base),
         .locations = std::vector<double>(25, 0.5)},
        true},
       {"more colours than locations",
-       {.gradient = kVertical, .base = base, .colours = {base, base, base}, .locations = {0, 1}},
+       {.gradient = kVertical, .base = base, .colors = {base, base, base}, .locations = {0, 1}},
        true},
       {"a bevel of no style", {.base = base, .bevel = kBevel}, true},
       {"a style without a bevel", {.base = base, .style = 1}, true},
@@ -104,7 +104,7 @@ TEST_F(Patterns, AreNotMadeWhereThereIsNothingToRender) {
 TEST_F(Patterns, HaveTheSizeTheirContentNeeds) {
   const NSColor base = grey(0.5);
   const auto stops = [&](Request request) {
-    request.colours = {grey(0), grey(1)};
+    request.colors = {grey(0), grey(1)};
     request.locations = {0, 1};
     return request;
   };
@@ -145,7 +145,7 @@ TEST_F(Patterns, RunAlongTheCompassBearing) {
     const NSColor made =
         pattern({.gradient = text.c_str(),
                  .size = {200, 200},
-                 .colours = {NSColor::colorWithSRGBRed(1, 0, 0, 1), NSColor::colorWithSRGBRed(0, 0, 1, 1)},
+                 .colors = {NSColor::colorWithSRGBRed(1, 0, 0, 1), NSColor::colorWithSRGBRed(0, 0, 1, 1)},
                  .locations = {0, 1}});
     const long right = static_cast<long>(patternSize(made).width) - 1;
     const long bottom = static_cast<long>(patternSize(made).height) - 1;
@@ -178,7 +178,7 @@ TEST_F(Patterns, AreCachedByEverythingThatTheyShow) {
     return Request{.gradient = kVertical,
                    .base = grey(0.5),
                    .size = {100.4, 300.2},
-                   .colours = {grey(0), grey(1)},
+                   .colors = {grey(0), grey(1)},
                    .locations = {0, 1},
                    .bevel = "Bevel:{R,2,30}",
                    .style = 1,
@@ -192,7 +192,7 @@ TEST_F(Patterns, AreCachedByEverythingThatTheyShow) {
   EXPECT_EQ(pattern(same), first);
   using Change = void (*)(Request&);
   constexpr Change kChanges[] = {
-      [](Request& r) { r.colours[0] = grey(0.001); },
+      [](Request& r) { r.colors[0] = grey(0.001); },
       [](Request& r) { r.locations[1] = 0.999999; },
       [](Request& r) { r.size.width = 101.1; },
       [](Request& r) { r.size.height = 301.1; },
@@ -202,7 +202,7 @@ TEST_F(Patterns, AreCachedByEverythingThatTheyShow) {
       [](Request& r) { r.bevel = "Bevel:{R,2,31}"; },
       [](Request& r) { r.overlay = grey(1, 0.51); },
       [](Request& r) { r.overlay = NSColor(); },
-      [](Request& r) { r.colours[0] = NSColor::colorWithCalibratedRed(0, 0, 0, 1); },
+      [](Request& r) { r.colors[0] = NSColor::colorWithCalibratedRed(0, 0, 0, 1); },
   };
   for (const Change change : kChanges) {
     Request changed = request();
@@ -223,7 +223,7 @@ TEST_F(Patterns, NameTheirFieldsInTheKey) {
   cache().removeAllObjects();
   static_cast<void>(pattern({.gradient = kHorizontal,
                              .size = {84, 300},
-                             .colours = {grey(0), grey(1)},
+                             .colors = {grey(0), grey(1)},
                              .locations = {0, 1},
                              .bevel = "Bevel:{R,2,30}",
                              .style = 2}));

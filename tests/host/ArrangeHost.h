@@ -7,7 +7,7 @@
 
 #include "cocoa/AppKit.h"
 #include "host/arrange/ArrangeWindow.h"
-#include "tests/support/Colours.h"
+#include "tests/support/Colors.h"
 #include "tests/support/Theme.h"
 
 namespace support {
@@ -24,7 +24,7 @@ inline NSBitmapImageRep drawn(NSView view, CGRect rect) {
   return bitmap;
 }
 
-inline Rgba songColour(const host::SongColour& colour) { return {colour.red, colour.green, colour.blue, 100}; }
+inline Rgba songColor(const host::SongColor& color) { return {color.red, color.green, color.blue, 100}; }
 
 inline std::vector<NSObject> accessibilityChildren(NSObject of) {
   std::vector<NSObject> all;

@@ -21,7 +21,7 @@ host::Song songOfTracks(std::size_t tracks, std::size_t regions) {
   for (std::size_t i = 0; i < tracks; ++i) {
     host::Track& track = song.tracks.emplace_back();
     track.name = "T" + std::to_string(i);
-    track.colour = host::SongColour{200, static_cast<int>(i % 200), 40};
+    track.color = host::SongColor{200, static_cast<int>(i % 200), 40};
     for (std::size_t k = 0; k < regions; ++k) {
       track.regions.push_back({.name = "R", .start = 1 + 4 * static_cast<double>(k), .length = 4});
     }

@@ -75,7 +75,7 @@ void record(NSObject button, Value value) {
   if (toStdString(call<"name", NSString>(button)) == "input") told().emplace_back(Selector.view());
   sendSuper<void>(classNamed("MAButtonNode"), button.object, selector<Selector>(), value);  // stores it as well
 }
-void recordColour(NSObject button, NSColor /*colour*/) {
+void recordColor(NSObject button, NSColor /*colour*/) {
   told().push_back("colour, state " + std::to_string(call<"state", NSInteger>(button)));
 }
 
@@ -101,7 +101,7 @@ TEST_F(Mixer, ButtonsHearOfTheirPathFirst) {
   EXPECT_THAT((std::vector{path(0), path(1), path(2)}),
               ElementsAre("Buttons.MIDIPlugIn", "Buttons.AudioPlugIn", "Buttons.EmptyPlugIn"));
   told().clear();
-  detail::replaceFunction<"setForegroundColor:", recordColour>(cls);
+  detail::replaceFunction<"setForegroundColor:", recordColor>(cls);
   call<"setState:">(node(0, "input"), NSInteger(0));
   call<"setState:">(node(0, "input"), NSInteger(0));
   EXPECT_THAT(told(), ElementsAre("colour, state 0")) << "after the new state is stored, once";

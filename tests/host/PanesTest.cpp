@@ -43,7 +43,7 @@ TEST(Panes, LibraryShowsAnotherPatchInTheHostsLook) {
   EXPECT_FALSE(packs.selectedItem().attributedTitle());
 }
 
-TEST(Panes, ListsTakeTheirColoursAnewWithTheAppearance) {
+TEST(Panes, ListsTakeTheirColorsAnewWithTheAppearance) {
   const AutoreleasePool pool;
   const auto application = panesHost();
   const NSView content = application->window(WindowKind::kLoopBrowser).contentView();

@@ -90,7 +90,7 @@ TEST(Ruler, LeavesOutTicksThatWouldStandTooClose) {
 
 bool isGrey(const Rgba& c) { return std::max({c.red, c.green, c.blue}) - std::min({c.red, c.green, c.blue}) <= 4; }
 
-TEST(Ruler, ColoursNothingButMarkersAndTheCycle) {
+TEST(Ruler, ColorsNothingButMarkersAndTheCycle) {
   for (const double scale : {1.0, 2.0}) {
     const auto application = arrangeHost(sampleSong(), {.scale = scale});
     const NSView ruler = application->arrange().ruler();
@@ -100,9 +100,9 @@ TEST(Ruler, ColoursNothingButMarkersAndTheCycle) {
     for (long y = static_cast<long>(kTopStrip * scale); y < picture.pixelsHigh(); ++y) {
       const double place = static_cast<double>(y) / scale;
       const bool inLane = place >= host::kMarkerLaneTop && place < host::kMarkerLaneBottom;
-      long coloured = 0;
-      for (long x = 0; x < picture.pixelsWide(); ++x) coloured += isGrey(pixel(picture, x, y)) ? 0 : 1;
-      EXPECT_EQ(coloured > 0, inLane) << "row " << place;
+      long colored = 0;
+      for (long x = 0; x < picture.pixelsWide(); ++x) colored += isGrey(pixel(picture, x, y)) ? 0 : 1;
+      EXPECT_EQ(colored > 0, inLane) << "row " << place;
     }
     // Every marker has its colour from edge to edge; without one, and where no marker is, the lane is grey.
     const long row = static_cast<long>((host::kMarkerLaneBottom - 1) * scale);
@@ -111,9 +111,9 @@ TEST(Ruler, ColoursNothingButMarkersAndTheCycle) {
       const host::Timeline timeline(application->song().arrange);
       const long from = std::lround(timeline.x(marker.start) * scale);
       const long to = std::min(std::lround(timeline.x(marker.end) * scale), static_cast<long>(picture.pixelsWide()));
-      for (long x = from; x < to && marker.colour; ++x) {
+      for (long x = from; x < to && marker.color; ++x) {
         marked[static_cast<std::size_t>(x)] = true;
-        ASSERT_EQ(pixel(picture, x, row), songColour(*marker.colour)) << marker.name << " at " << x;
+        ASSERT_EQ(pixel(picture, x, row), songColor(*marker.color)) << marker.name << " at " << x;
       }
     }
     for (long x = 0; x < picture.pixelsWide(); ++x) {

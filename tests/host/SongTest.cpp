@@ -20,8 +20,8 @@ TEST(Song, ReadsTracksAndKeepsDefaultsForWhatIsMissing) {
   ASSERT_EQ(song->tracks.size(), 4U);
   const host::Track& kick = song->tracks[0];
   EXPECT_EQ(kick.name, "Kick");
-  EXPECT_EQ(kick.colour->red, 10);
-  EXPECT_EQ(kick.colour->blue, 255);
+  EXPECT_EQ(kick.color->red, 10);
+  EXPECT_EQ(kick.color->blue, 255);
   EXPECT_EQ(kick.pan, -64) << "clamped";
   EXPECT_TRUE(kick.audioPlugIns.at(0).bypassed);
   EXPECT_TRUE(song->tracks[1].folder);

@@ -126,7 +126,7 @@ void transform(NSBitmapImageRep bitmap, NSArray rules) {
   call<"applyTransformationToBitMap:colorCollection:">(classNamed("Utility"), bitmap, rules);
 }
 
-TEST_F(ThemeImages, ExchangeTheColoursOfARuleFromAnyThread) {
+TEST_F(ThemeImages, ExchangeTheColorsOfARuleFromAnyThread) {
   start();
   const Ref<NSObject> rule = ruleFor(CGRectMake(0, 0, 1, 1), white(1), opaque(255, 0, 0));
   const NSColor former = call<"suggestedColor", NSColor>(rule.get());
@@ -145,7 +145,7 @@ TEST_F(ThemeImages, ExchangeTheColoursOfARuleFromAnyThread) {
   EXPECT_TRUE(former.isEqual(opaque(255, 0, 0))) << "outlives its place";
 }
 
-TEST_F(ThemeImages, ChangeColoursInBitmapsOfEveryFormat) {
+TEST_F(ThemeImages, ChangeColorsInBitmapsOfEveryFormat) {
   start();
   struct Layout {
     int bits;
@@ -179,7 +179,7 @@ TEST_F(ThemeImages, ChangeColoursInBitmapsOfEveryFormat) {
   }
 }
 
-TEST_F(ThemeImages, LeaveBitmapsAloneThatHaveNoColours) {
+TEST_F(ThemeImages, LeaveBitmapsAloneThatHaveNoColors) {
   start();
   const NSArray rules = arrayOf({ruleFor(CGRectMake(0, 0, 9, 9), white(1), opaque(255, 0, 0)), string("no rule"),
                                  ruleFor(CGRectMake(0, 0, 9, 9), NSColor(), opaque(255, 0, 0))});
@@ -237,7 +237,7 @@ TEST_F(ThemeImages, ReadSinglePixels) {
   EXPECT_TRUE(near(rgba(made), {26, 51, 102, 50}));
 }
 
-TEST_F(ThemeImages, RememberTheNamesOfColourSpaces) {
+TEST_F(ThemeImages, RememberTheNamesOfColorSpaces) {
   start();
   const id made = call<"alloc", id>(classNamed("MyNSBitmapImageRep"));
   const auto bitmap =
@@ -292,21 +292,21 @@ class ScalePictures : public ThemeImages {
     made->setColor(white(0), 52, 0);
     image_ = bridged(made->CGImage());
   }
-  static ThemeFile scaleColours() {
+  static ThemeFile scaleColors() {
     return ThemeFile()
-        .text("scaleTickMarkColor", colour(10, 0, 0))
-        .text("scale0DBTickMarkColor", colour(20, 0, 0, 50))
-        .text("scaleNumberColor", colour(30, 0, 0))
-        .text("scaleTickMarkHighlightColor", colour(110, 0, 0))
-        .text("scale0DBTickMarkHighlightColor", colour(120, 0, 0))
-        .text("scaleNumberHighlightColor", colour(130, 0, 0));
+        .text("scaleTickMarkColor", color(10, 0, 0))
+        .text("scale0DBTickMarkColor", color(20, 0, 0, 50))
+        .text("scaleNumberColor", color(30, 0, 0))
+        .text("scaleTickMarkHighlightColor", color(110, 0, 0))
+        .text("scale0DBTickMarkHighlightColor", color(120, 0, 0))
+        .text("scaleNumberHighlightColor", color(130, 0, 0));
   }
 
   Ref<NSObject> image_;
 };
 
 TEST_F(ScalePictures, OfVolumesShowZeroDecibelsApart) {
-  startScales(scaleColours());
+  startScales(scaleColors());
   const Ref<NSObject> node = scale("volumeScale");
   const NSObject presented = update(node);
   EXPECT_EQ(presented, contentsOf(node).get()) << "the host updates as well";
@@ -319,7 +319,7 @@ TEST_F(ScalePictures, OfVolumesShowZeroDecibelsApart) {
 }
 
 TEST_F(ScalePictures, OfLevelsShowNumbersLeftOfTicks) {
-  startScales(scaleColours());
+  startScales(scaleColors());
   const Ref<NSObject> node = scale("levelScale");
   highlight(node, 1);
   update(node);
@@ -329,7 +329,7 @@ TEST_F(ScalePictures, OfLevelsShowNumbersLeftOfTicks) {
 }
 
 TEST_F(ScalePictures, AreMadeOncePerPictureAndChosenByTheHighlight) {
-  startScales(scaleColours());
+  startScales(scaleColors());
   const Ref<NSObject> first = scale("volumeScale");
   const Ref<NSObject> second = scale("volumeScale");
   update(first);
@@ -350,7 +350,7 @@ TEST_F(ScalePictures, AreMadeOncePerPictureAndChosenByTheHighlight) {
 }
 
 TEST_F(ScalePictures, StayTheHostsWhereNothingIsThemed) {
-  startScales(ThemeFile().text("scaleTickMarkColor", colour(10, 0, 0)));
+  startScales(ThemeFile().text("scaleTickMarkColor", color(10, 0, 0)));
   const Ref<NSObject> other = scale("panScale");
   update(other);
   EXPECT_EQ(contentsOf(other).get(), image_.get());
@@ -371,7 +371,7 @@ TEST_F(ScalePictures, StayTheHostsInOlderHosts) {
   defineHostClasses({.version = "11.1.9"});
   ASSERT_EQ(classNamed(host::kDynamicScaleClass), nullptr);
   host::defineMADynamicScaleNode();  // a class of that name does not make a host a newer one
-  start(scaleColours(), {.version = "11.1.9"});
+  start(scaleColors(), {.version = "11.1.9"});
   const Ref<NSObject> node = scale("volumeScale");
   update(node);
   EXPECT_EQ(contentsOf(node).get(), image_.get());

@@ -10,7 +10,7 @@
 #include "host/mixer/MAScaleNode.h"
 #include "plugin/mixer/LevelMeters.h"
 #include "tests/support/HostTest.h"
-#include "tests/support/KeyColours.h"
+#include "tests/support/KeyColors.h"
 
 namespace {
 
@@ -43,7 +43,7 @@ class Controls : public HostTest {
     static_cast<void>(application_->draw(host::WindowKind::kMixer));
   }
   /// The colour of the title that the host draws.
-  static NSColor titleColour(NSObject button) {
+  static NSColor titleColor(NSObject button) {
     const auto title = call<"attributedTitleForState:", NSAttributedString>(button, call<"state", NSInteger>(button));
     return cast<NSColor>(title.attribute(NSForegroundColorAttributeName, 0, nullptr));
   }
@@ -131,7 +131,7 @@ const std::vector<TitleCase>& titleCases() {
   return cases;
 }
 
-TEST_F(Controls, WriteTheirTitlesInTheColourOfTheirKindAndState) {
+TEST_F(Controls, WriteTheirTitlesInTheColorOfTheirKindAndState) {
   std::vector<Track> tracks;
   for (const TitleCase& c : titleCases()) {
     for (const bool selected : {false, true}) {
@@ -140,11 +140,11 @@ TEST_F(Controls, WriteTheirTitlesInTheColourOfTheirKindAndState) {
       track.selected = selected;
     }
   }
-  start(allColours(), std::move(tracks));
+  start(allColors(), std::move(tracks));
   for (std::size_t i = 0; i < titleCases().size(); ++i) {
     const TitleCase& c = titleCases()[i];
-    EXPECT_EQ(rgba(titleColour(node(2 * i, c.button))), colourOf(c.key)) << i << c.key;
-    EXPECT_EQ(rgba(titleColour(node(2 * i + 1, c.button))), colourOf(c.selectedKey)) << i << c.selectedKey;
+    EXPECT_EQ(rgba(titleColor(node(2 * i, c.button))), colorOf(c.key)) << i << c.key;
+    EXPECT_EQ(rgba(titleColor(node(2 * i + 1, c.button))), colorOf(c.selectedKey)) << i << c.selectedKey;
   }
 }
 
@@ -152,15 +152,15 @@ TEST_F(Controls, FollowTheStateOfTheirButtonsWhileTheyAreShown) {
   Track track;
   track.audioPlugIns = {{.name = "A"}};
   track.sends = {{.bus = "B"}};
-  start(allColours(), {track});
+  start(allColors(), {track});
   const auto& mixer = application_->mixer();
   mixer.setPlugIn(0, 0, {.name = "Other", .bypassed = true});
   mixer.setSend(0, 0, 0.5, true);
   mixer.setSelected(0, true);
   static_cast<void>(application_->draw(host::WindowKind::kMixer));
-  EXPECT_EQ(rgba(titleColour(node(0, "audioPlugIn"))), colourOf("audioFXInsertButtonBypassHighlightTitleColor"));
-  EXPECT_EQ(rgba(titleColour(node(0, "sendButton"))), colourOf("sendButtonBypassHighlightTitleColor"));
-  EXPECT_EQ(rgba(call<"fillColor", NSColor>(node(0, "sendKnob"))), colourOf("sendKnobBypassFillColor"));
+  EXPECT_EQ(rgba(titleColor(node(0, "audioPlugIn"))), colorOf("audioFXInsertButtonBypassHighlightTitleColor"));
+  EXPECT_EQ(rgba(titleColor(node(0, "sendButton"))), colorOf("sendButtonBypassHighlightTitleColor"));
+  EXPECT_EQ(rgba(call<"fillColor", NSColor>(node(0, "sendKnob"))), colorOf("sendKnobBypassFillColor"));
 }
 
 // ---- Groups of plug-ins -------------------------------------------------------------------------------
@@ -168,11 +168,11 @@ TEST_F(Controls, FollowTheStateOfTheirButtonsWhileTheyAreShown) {
 TEST_F(Controls, TakeTheLooksOfTheGroupOfTheirPlugIn) {
   const ThemeFile group = ThemeFile()
                               .text("image", "AudioPlugIn_Blue")
-                              .text("onTextColorStr", colour(1, 2, 3))
-                              .text("dimTextColorStr", colour(4, 5, 6))
-                              .text("onIconColor", colour(250, 0, 0))
+                              .text("onTextColorStr", color(1, 2, 3))
+                              .text("dimTextColorStr", color(4, 5, 6))
+                              .text("onIconColor", color(250, 0, 0))
                               .text("offIconColor", "no colour");
-  const ThemeFile nameless = ThemeFile().text("onTextColorStr", colour(7, 8, 9)).text("image", "");
+  const ThemeFile nameless = ThemeFile().text("onTextColorStr", color(7, 8, 9)).text("image", "");
   const ThemeFile groups = ThemeFile()
                                .xml("0x61756678:0x64656C79:0x64656D6F", group.dictionary())
                                .xml("0x00000001:0x00000002:0x00000003", nameless.dictionary())
@@ -187,21 +187,21 @@ TEST_F(Controls, TakeTheLooksOfTheGroupOfTheirPlugIn) {
   const std::vector<Case> cases{
       {insert({.codes = kGrouped}), kBlue, {1, 2, 3}},
       // The group has no colour for it.
-      {insert({.bypassed = true, .codes = kGrouped}), kBlue, colourOf("audioFXInsertButtonBypassTitleColor")},
+      {insert({.bypassed = true, .codes = kGrouped}), kBlue, colorOf("audioFXInsertButtonBypassTitleColor")},
       {insert({.lowLatency = true, .codes = kGrouped}), kBlue, {1, 2, 3}},
       {insert({.dimmed = true, .codes = kGrouped}), kBlue, {4, 5, 6}},
       {insert({.codes = {{1, 2, 3}}}), kPlain, {7, 8, 9}},  // without an asset set, its colours still count
-      {insert({.codes = {{1, 2, 4}}}), kPlain, colourOf("audioFXInsertButtonTitleColor")},
+      {insert({.codes = {{1, 2, 4}}}), kPlain, colorOf("audioFXInsertButtonTitleColor")},
   };
   std::vector<Track> tracks;
   for (const Case& c : cases) c.set(tracks.emplace_back());
   played({.codes = kGrouped}, true)(tracks.emplace_back());
-  start(allColours().xml("PluginGroupMapV2", groups.dictionary()), std::move(tracks));
+  start(allColors().xml("PluginGroupMapV2", groups.dictionary()), std::move(tracks));
   for (std::size_t i = 0; i < cases.size(); ++i) {
     const NSObject button = node(i, "audioPlugIn");
     EXPECT_EQ(toStdString(call<"assetSetPath", NSString>(button)), cases[i].path) << i;
     EXPECT_EQ((call<"numberOfSegments", NSInteger>(button)), 3) << i;
-    EXPECT_EQ(rgba(titleColour(button)), cases[i].title) << i;
+    EXPECT_EQ(rgba(titleColor(button)), cases[i].title) << i;
   }
   EXPECT_EQ(toStdString(call<"assetSetPath", NSString>(node(6, "input"))), "Buttons.CustomInstrument")
       << "the slot of an instrument comes before its group";
@@ -249,29 +249,28 @@ TEST_F(Controls, FillTheirKnobsByWhatTheyControl) {
   for (const bool inverse : {false, true}) {
     tracks.emplace_back().panning = {.mode = PanMode::kStereo, .inverseSpread = inverse};
   }
-  start(allColours({"stereoPannerKnobAlternateFillColor"}), tracks);
+  start(allColors({"stereoPannerKnobAlternateFillColor"}), tracks);
   for (std::size_t i = 0; i < std::size(kCases); ++i) {
     const NSObject knob = node(i, kCases[i].knob);
     ASSERT_TRUE(knob) << i;
     const Rgba shown = rgba(call<"fillColor", NSColor>(knob));
     if (kCases[i].key != nullptr) {
-      EXPECT_EQ(shown, colourOf(kCases[i].key)) << i;
+      EXPECT_EQ(shown, colorOf(kCases[i].key)) << i;
     } else {
       EXPECT_NE(shown.blue, kThemedBlue) << i;
     }
   }
-  const auto spreadColour = [&](std::size_t track) {
+  const auto spreadColor = [&](std::size_t track) {
     for (const NSObject part : items(call<"childrenArray", NSArray>(node(track, "pan")))) {
       if (toStdString(part.className()) == "_MAStereoPannerSpreadNode") return rgba(call<"fillColor", NSColor>(part));
     }
     return Rgba{};
   };
-  EXPECT_EQ(spreadColour(std::size(kCases)), colourOf("stereoPannerKnobFillColor"));
-  EXPECT_NE(spreadColour(std::size(kCases) + 1).blue, kThemedBlue)
-      << "exchanged sides without a colour keep the host's";
+  EXPECT_EQ(spreadColor(std::size(kCases)), colorOf("stereoPannerKnobFillColor"));
+  EXPECT_NE(spreadColor(std::size(kCases) + 1).blue, kThemedBlue) << "exchanged sides without a colour keep the host's";
 }
 
-TEST_F(Controls, DrawRingsAndCapsInTheThemesColours) {
+TEST_F(Controls, DrawRingsAndCapsInTheThemesColors) {
   Track stereo;
   stereo.panning.mode = host::PanMode::kStereo;
   stereo.sends = {{.bus = "B"}};
@@ -280,7 +279,7 @@ TEST_F(Controls, DrawRingsAndCapsInTheThemesColours) {
   selected.selected = true;
   Track surround;
   surround.panning = {.mode = host::PanMode::kSurround, .spread = 0.1, .x = -0.8};
-  start(allColours(), {stereo, selected, surround}, {.version = "12.3"});
+  start(allColors(), {stereo, selected, surround}, {.version = "12.3"});
   // A point on the ring, left of the middle of the knob, and one on the cap beside the pointer.
   const auto ring = [&](NSObject knob) { return shownAt(knob, 2, call<"frame", CGRect>(knob).size.height / 2); };
   const auto cap = [&](NSObject knob) {
@@ -288,27 +287,27 @@ TEST_F(Controls, DrawRingsAndCapsInTheThemesColours) {
     const CGSize size = call<"frame", CGRect>(part).size;
     return shownAt(part, size.width * 0.625, size.height / 2);
   };
-  EXPECT_EQ(ring(node(0, "pan")), colourOf("pannerKnobMeterBackgroundColor"));
-  EXPECT_EQ(ring(node(1, "pan")), colourOf("pannerKnobMeterBackgroundHighlightColor"));
-  EXPECT_EQ(ring(node(0, "sendKnob")), colourOf("sendKnobMeterBackgroundColor"));
-  EXPECT_EQ(ring(node(1, "sendKnob")), colourOf("sendKnobMeterBackgroundHighlightColor"));
-  EXPECT_EQ(cap(node(0, "pan")), colourOf("pannerKnobBackgroundColor"));
-  EXPECT_EQ(cap(node(1, "pan")), colourOf("pannerKnobBackgroundHighlightColor"));
-  EXPECT_EQ(cap(node(0, "sendKnob")), colourOf("sendKnobBackgroundColor"));
-  EXPECT_EQ(cap(node(1, "sendKnob")), colourOf("sendKnobBackgroundHighlightColor"));
+  EXPECT_EQ(ring(node(0, "pan")), colorOf("pannerKnobMeterBackgroundColor"));
+  EXPECT_EQ(ring(node(1, "pan")), colorOf("pannerKnobMeterBackgroundHighlightColor"));
+  EXPECT_EQ(ring(node(0, "sendKnob")), colorOf("sendKnobMeterBackgroundColor"));
+  EXPECT_EQ(ring(node(1, "sendKnob")), colorOf("sendKnobMeterBackgroundHighlightColor"));
+  EXPECT_EQ(cap(node(0, "pan")), colorOf("pannerKnobBackgroundColor"));
+  EXPECT_EQ(cap(node(1, "pan")), colorOf("pannerKnobBackgroundHighlightColor"));
+  EXPECT_EQ(cap(node(0, "sendKnob")), colorOf("sendKnobBackgroundColor"));
+  EXPECT_EQ(cap(node(1, "sendKnob")), colorOf("sendKnobBackgroundHighlightColor"));
   const NSObject planar = node(2, "surround");
   const double half = call<"frame", CGRect>(planar).size.height / 2;
-  EXPECT_EQ(ring(planar), colourOf("surroundPannerKnobGridColor"));
-  EXPECT_EQ(shownAt(planar, half + 1, half - 1), colourOf("surroundPannerKnobBackgroundColor"));
+  EXPECT_EQ(ring(planar), colorOf("surroundPannerKnobGridColor"));
+  EXPECT_EQ(shownAt(planar, half + 1, half - 1), colorOf("surroundPannerKnobBackgroundColor"));
   for (const char* getter : {"valueIndicatorColor", "spreadStrokeColor"}) {
-    EXPECT_EQ(rgba(send<NSColor>(planar.object, sel_registerName(getter))), colourOf("surroundPannerKnobBorderColor"));
+    EXPECT_EQ(rgba(send<NSColor>(planar.object, sel_registerName(getter))), colorOf("surroundPannerKnobBorderColor"));
   }
-  EXPECT_EQ(rgba(call<"spreadFillColor", NSColor>(planar)), colourOf("surroundPannerKnobFillColor"));
+  EXPECT_EQ(rgba(call<"spreadFillColor", NSColor>(planar)), colorOf("surroundPannerKnobFillColor"));
 }
 
 TEST_F(Controls, KeepCapsInsideOfTheRingOnOlderHosts) {
   eachInChild({"10.7.4", "10.7.5"}, [&](const char* version) {
-    start(allColours(), {Track{}}, {.version = version});
+    start(allColors(), {Track{}}, {.version = version});
     const NSObject cap = call<"childrenArray", NSArray>(node(0, "pan")).objectAtIndex(1);
     const auto bitmap =
         NSBitmapImageRep::withBitmapDataPlanes(nullptr, 40, 40, 8, 4, true, false, NSDeviceRGBColorSpace, 0, 0);
@@ -319,11 +318,11 @@ TEST_F(Controls, KeepCapsInsideOfTheRingOnOlderHosts) {
   });
 }
 
-TEST_F(Controls, LeaveASurroundPannerToTheHostUnlessBothColoursAreThere) {
+TEST_F(Controls, LeaveASurroundPannerToTheHostUnlessBothColorsAreThere) {
   Track surround;
   surround.panning.mode = host::PanMode::kSurround;
-  start(allColours({"surroundPannerKnobBackgroundColor"}), {surround});
-  EXPECT_NE(shownAt(node(0, "surround"), 2, 20), colourOf("surroundPannerKnobGridColor"));
+  start(allColors({"surroundPannerKnobBackgroundColor"}), {surround});
+  EXPECT_NE(shownAt(node(0, "surround"), 2, 20), colorOf("surroundPannerKnobGridColor"));
 }
 
 // ---- Image mode ---------------------------------------------------------------------------------------
@@ -380,16 +379,16 @@ static_assert(velura::MeterType::of(23).base == 3 && velura::MeterType::of(23).s
 static_assert(velura::MeterType{3, 2}.number() == 33 && velura::MeterType{1, 6}.number() == 71);
 static_assert(!velura::MeterType::of(5).isThemed() && !velura::MeterType::of(0).isThemed());
 
-ThemeFile meterTheme(const char* kind, int colours) {
+ThemeFile meterTheme(const char* kind, int colors) {
   ThemeFile theme;
   theme.flag(std::string("useSharedLevelMeter?") + kind, false);
-  for (int i = 0; i < colours; ++i) {
-    theme.text("levelMeterColor" + std::to_string(i) + "?" + kind, colour(50 * i, 0, 0));
+  for (int i = 0; i < colors; ++i) {
+    theme.text("levelMeterColor" + std::to_string(i) + "?" + kind, color(50 * i, 0, 0));
   }
   return theme;
 }
 
-TEST_F(Controls, GiveTheMetersOfEachKindOfStripTheirColours) {
+TEST_F(Controls, GiveTheMetersOfEachKindOfStripTheirColors) {
   const char* const kKinds[] = {"audio", "instrument", "aux", "bus", "stereo_out", "master", "folder"};
   constexpr StripType kTypes[] = {StripType::kAudio,     StripType::kInstrument, StripType::kAux,   StripType::kBus,
                                   StripType::kStereoOut, StripType::kMaster,     StripType::kAudio, StripType::kOther};
@@ -431,7 +430,7 @@ CGImageRef texture(NSInteger type, CGSize size, double scale) {
 }
 
 TEST_F(Controls, DrawMeterTexturesAlongTheirLongerSide) {
-  start(meterTheme("folder", 5).text("VUMeterBackground", colour(9, 8, 7)), {Track{}});
+  start(meterTheme("folder", 5).text("VUMeterBackground", color(9, 8, 7)), {Track{}});
   const auto upright = NSBitmapImageRep::withCGImage(texture(71, {6, 200}, 2));
   EXPECT_EQ(upright->pixelsWide(), 12);
   EXPECT_EQ(upright->pixelsHigh(), 400);
@@ -452,10 +451,10 @@ TEST_F(Controls, DrawMeterTexturesAlongTheirLongerSide) {
   EXPECT_LT(pixel(background, 0, 0).alpha, 30) << "the corners are round";
 }
 
-TEST_F(Controls, TakeMissingMeterColoursFromTheReferenceTheme) {
+TEST_F(Controls, TakeMissingMeterColorsFromTheReferenceTheme) {
   struct Case {
     const char* text;
-    bool isColour;
+    bool isColor;
   };
   for (const Case& c : {Case{"sRGBColor:{255, 0, 0}", true},
                         {"sRGBColor:{0xFF, 010, 0, 50}", true},
@@ -466,12 +465,12 @@ TEST_F(Controls, TakeMissingMeterColoursFromTheReferenceTheme) {
                 start(meterTheme("audio", 4), {Track{}}, {}, ThemeFile().text("levelMeterColor4?audio", c.text).list());
                 return call<"mixerLevelType", NSInteger>(node(0, "level")) > 10;
               }),
-              c.isColour)
+              c.isColor)
         << c.text;
   }
 }
 
-TEST_F(Controls, PlaceMeterColoursWhereTheHostPlacesItsOwn) {
+TEST_F(Controls, PlaceMeterColorsWhereTheHostPlacesItsOwn) {
   start(ThemeFile(), {Track{}});
   for (const NSInteger base : {1, 2, 3, 4}) {
     EXPECT_NE(velura::vlrLevelMeterLocationsForBaseType(base), (velura::MeterLocations{0, 0.67, 0.82, 0.92, 0.92}))
@@ -480,30 +479,30 @@ TEST_F(Controls, PlaceMeterColoursWhereTheHostPlacesItsOwn) {
   EXPECT_EQ(velura::vlrLevelMeterLocationsForBaseType(4).front(), 0);
 }
 
-TEST_F(Controls, ColourGainReductionByStateAndSelection) {
+TEST_F(Controls, ColorGainReductionByStateAndSelection) {
   Track compressed;
   compressed.gainReduction = 0.5;
   compressed.audioPlugIns = {{.name = "Squeeze"}};
   Track selected = compressed;
   selected.selected = true;
-  start(allColours(), {compressed, selected, Track{}});
+  start(allColors(), {compressed, selected, Track{}});
   const auto ask = [&](std::size_t track, const char* getter) {
     return rgba(send<NSColor>(node(track, "gainReductionMeter").object, sel_registerName(getter)));
   };
-  EXPECT_EQ(ask(0, "backgroundFillColor"), colourOf("GainReductionBackgroundColor"));
-  EXPECT_EQ(ask(2, "backgroundFillColor"), colourOf("GainReductionEmptyBackgroundColor"));
-  EXPECT_EQ(ask(0, "fillColor"), colourOf("UnselectedGainReductionFillColor"));
-  EXPECT_EQ(ask(1, "fillColor"), colourOf("SelectedGainReductionFillColor"));
+  EXPECT_EQ(ask(0, "backgroundFillColor"), colorOf("GainReductionBackgroundColor"));
+  EXPECT_EQ(ask(2, "backgroundFillColor"), colorOf("GainReductionEmptyBackgroundColor"));
+  EXPECT_EQ(ask(0, "fillColor"), colorOf("UnselectedGainReductionFillColor"));
+  EXPECT_EQ(ask(1, "fillColor"), colorOf("SelectedGainReductionFillColor"));
 }
 
 // ---- Scales, displays, glyphs -------------------------------------------------------------------------
 
-TEST_F(Controls, ColourTheTicksAndNumbersOfScales) {
-  start(allColours(), {Track{}}, {.version = "11.1.2"});
+TEST_F(Controls, ColorTheTicksAndNumbersOfScales) {
+  start(allColors(), {Track{}}, {.version = "11.1.2"});
   for (const char* name : {"volumeScale", "levelScale"}) {
     const NSObject scale = node(0, name);
-    EXPECT_EQ(rgba(call<"labelColor", CGColorRef>(scale)), colourOf("scaleNumberColor"));
-    EXPECT_EQ(rgba(call<"highlightedLabelColor", CGColorRef>(scale)), colourOf("scaleNumberHighlightColor"));
+    EXPECT_EQ(rgba(call<"labelColor", CGColorRef>(scale)), colorOf("scaleNumberColor"));
+    EXPECT_EQ(rgba(call<"highlightedLabelColor", CGColorRef>(scale)), colorOf("scaleNumberHighlightColor"));
     const auto ticks = call<"largeScaleTicks", NSArray>(scale);
     EXPECT_GT(ticks.count(), 4U);
     long zeros = 0;
@@ -511,23 +510,23 @@ TEST_F(Controls, ColourTheTicksAndNumbersOfScales) {
       const bool isZero = std::string_view(name) == "volumeScale" && call<"defaultYPosition", double>(tick) == 101.0;
       zeros += isZero ? 1 : 0;
       EXPECT_EQ(rgba(call<"color", CGColorRef>(tick)),
-                colourOf(isZero ? "scale0DBTickMarkColor" : "scaleTickMarkColor"));
+                colorOf(isZero ? "scale0DBTickMarkColor" : "scaleTickMarkColor"));
       EXPECT_EQ(rgba(call<"highlightedColor", CGColorRef>(tick)),
-                colourOf(isZero ? "scale0DBTickMarkHighlightColor" : "scaleTickMarkHighlightColor"));
+                colorOf(isZero ? "scale0DBTickMarkHighlightColor" : "scaleTickMarkHighlightColor"));
     }
     EXPECT_EQ(zeros, std::string_view(name) == "volumeScale" ? 1 : 0);
   }
   const auto tick = call<"scaleTickWithType:color:highlightedColor:defaultYPosition:label:", NSObject>(
       asObject(classNamed("MAScaleTick")), NSInteger(1), NSColor::redColor().CGColor(), NSColor::redColor().CGColor(),
       100.5, literal<"x">());
-  EXPECT_EQ(rgba(call<"color", CGColorRef>(tick)), colourOf("scaleTickMarkColor")) << "by the factory alone";
+  EXPECT_EQ(rgba(call<"color", CGColorRef>(tick)), colorOf("scaleTickMarkColor")) << "by the factory alone";
 }
 
-TEST_F(Controls, RecolourScalesThatArePictures) {
+TEST_F(Controls, RecolorScalesThatArePictures) {
   Track selected;
   selected.selected = true;
-  start(allColours(), {Track{}, selected}, {.version = "12.3"});
-  const auto colours = [&](std::size_t track, const char* name) {
+  start(allColors(), {Track{}, selected}, {.version = "12.3"});
+  const auto colors = [&](std::size_t track, const char* name) {
     const auto image = bridged<CGImageRef>(call<"contents", NSObject>(node(track, name)));
     const auto bitmap = NSBitmapImageRep::withCGImage(image);
     std::vector<Rgba> found;
@@ -538,41 +537,41 @@ TEST_F(Controls, RecolourScalesThatArePictures) {
     return found;
   };
   const auto contains = [](const std::vector<Rgba>& found, const char* key) {
-    return std::ranges::any_of(found, [&](const Rgba& c) { return near(c, colourOf(key), 2); });
+    return std::ranges::any_of(found, [&](const Rgba& c) { return near(c, colorOf(key), 2); });
   };
-  EXPECT_TRUE(contains(colours(0, "volumeScale"), "scale0DBTickMarkColor"));
-  EXPECT_TRUE(contains(colours(0, "volumeScale"), "scaleTickMarkColor"));
-  EXPECT_TRUE(contains(colours(0, "levelScale"), "scaleNumberColor"));
-  EXPECT_TRUE(contains(colours(0, "levelScale"), "scaleTickMarkColor"));
-  EXPECT_TRUE(contains(colours(1, "volumeScale"), "scale0DBTickMarkHighlightColor"));
-  EXPECT_TRUE(contains(colours(1, "levelScale"), "scaleNumberHighlightColor"));
+  EXPECT_TRUE(contains(colors(0, "volumeScale"), "scale0DBTickMarkColor"));
+  EXPECT_TRUE(contains(colors(0, "volumeScale"), "scaleTickMarkColor"));
+  EXPECT_TRUE(contains(colors(0, "levelScale"), "scaleNumberColor"));
+  EXPECT_TRUE(contains(colors(0, "levelScale"), "scaleTickMarkColor"));
+  EXPECT_TRUE(contains(colors(1, "volumeScale"), "scale0DBTickMarkHighlightColor"));
+  EXPECT_TRUE(contains(colors(1, "levelScale"), "scaleNumberHighlightColor"));
 }
 
-TEST_F(Controls, ColourDisplaysByWhatTheyShow) {
+TEST_F(Controls, ColorDisplaysByWhatTheyShow) {
   Track tracks[4];
   const double peaks[] = {-20, -1.5, 3, -20};
   for (int i = 0; i < 4; ++i) tracks[i].peak = peaks[i];
   tracks[3].group = "1: Drums";
-  start(allColours(), {tracks[0], tracks[1], tracks[2], tracks[3]});
+  start(allColors(), {tracks[0], tracks[1], tracks[2], tracks[3]});
   const auto text = [&](std::size_t track, const char* name) {
     return rgba(call<"textColor", NSColor>(node(track, name)));
   };
-  EXPECT_EQ(text(0, "peak"), colourOf("normalPeakLevelTitleColor"));
-  EXPECT_EQ(text(1, "peak"), colourOf("warningPeakLevelTitleColor"));
-  EXPECT_EQ(text(2, "peak"), colourOf("maxPeakLevelTitleColor"));
-  EXPECT_EQ(text(0, "group"), colourOf("emptyGroupLabelColor"));
+  EXPECT_EQ(text(0, "peak"), colorOf("normalPeakLevelTitleColor"));
+  EXPECT_EQ(text(1, "peak"), colorOf("warningPeakLevelTitleColor"));
+  EXPECT_EQ(text(2, "peak"), colorOf("maxPeakLevelTitleColor"));
+  EXPECT_EQ(text(0, "group"), colorOf("emptyGroupLabelColor"));
   EXPECT_NE(text(3, "group").blue, kThemedBlue);
   EXPECT_NE(text(0, "volume").blue, kThemedBlue);
   // Bytes are cut off, not rounded: 52.9 of 255 is no 51, and 51.9 is one.
   const NSObject peak = node(0, "peak");
   call<"setTextColor:">(peak, NSColor::colorWithSRGBRed(1, 214.5 / 255, 51.9 / 255, 1));
-  EXPECT_EQ(text(0, "peak"), colourOf("warningPeakLevelTitleColor"));
+  EXPECT_EQ(text(0, "peak"), colorOf("warningPeakLevelTitleColor"));
   call<"setTextColor:">(peak, NSColor::colorWithSRGBRed(1, 214.5 / 255, 52.1 / 255, 1));
   EXPECT_NE(text(0, "peak").blue, kThemedBlue);
 }
 
 TEST_F(Controls, DrawTheTitleOfAnEmptyEqualizer) {
-  start(allColours(), {Track{}});
+  start(allColors(), {Track{}});
   const NSObject thumbnail = node(0, "equalizerThumbnail");
   const auto painted = [&] {
     const auto bitmap =
@@ -581,7 +580,7 @@ TEST_F(Controls, DrawTheTitleOfAnEmptyEqualizer) {
     call<"drawTitleInRect:inContext:">(thumbnail, CGRectMake(0, 0, 60, 40), context.CGContext());
     long count = 0;
     for (const Rgba& shown : pixels(bitmap)) {
-      EXPECT_TRUE(shown.alpha < 100 || near(shown, colourOf("emptyEQLabelColor"), 2));
+      EXPECT_TRUE(shown.alpha < 100 || near(shown, colorOf("emptyEQLabelColor"), 2));
       count += shown.alpha > 0 ? 1 : 0;
     }
     return count;
@@ -591,12 +590,12 @@ TEST_F(Controls, DrawTheTitleOfAnEmptyEqualizer) {
   EXPECT_EQ(painted(), 0) << "the host's own title is not drawn either";
 }
 
-TEST_F(Controls, ColourGlyphsByNameAndState) {
+TEST_F(Controls, ColorGlyphsByNameAndState) {
   Track on;
   on.muted = on.soloed = on.recordArmed = on.monitoring = true;
   Track blinking;
   blinking.blinking = {.mute = true, .solo = true, .record = true, .monitoring = true};
-  start(allColours({"SoloBlinkOnGlyphSymbolColor"}), {Track{}, on, blinking});
+  start(allColors({"SoloBlinkOnGlyphSymbolColor"}), {Track{}, on, blinking});
   const auto glyph = [&](std::size_t track, const char* name) {
     const auto symbol = call<"symbol", NSAttributedString>(node(track, name));
     return rgba(cast<NSColor>(symbol.attribute(NSForegroundColorAttributeName, 0, nullptr)));
@@ -610,10 +609,10 @@ TEST_F(Controls, ColourGlyphsByNameAndState) {
                         {"solo", "SoloBlinkOffGlyphSymbolColor", nullptr},
                         {"monitoring", "InputMonitorBlinkOffGlyphSymbolColor", "InputMonitorBlinkOnGlyphSymbolColor"},
                         {"record", "RecordBlinkOnGlyphSymbolColor", "RecordBlinkOffGlyphSymbolColor"}}) {
-    EXPECT_EQ(glyph(0, c.name), colourOf("GlyphSymbolsColor")) << c.name;
-    EXPECT_EQ(glyph(1, c.name), colourOf(c.on)) << c.name;
+    EXPECT_EQ(glyph(0, c.name), colorOf("GlyphSymbolsColor")) << c.name;
+    EXPECT_EQ(glyph(1, c.name), colorOf(c.on)) << c.name;
     if (c.blinking != nullptr) {
-      EXPECT_EQ(glyph(2, c.name), colourOf(c.blinking)) << c.name;
+      EXPECT_EQ(glyph(2, c.name), colorOf(c.blinking)) << c.name;
     } else {
       EXPECT_NE(glyph(2, c.name).blue, kThemedBlue) << "a missing colour is not taken from the plain glyphs";
     }

@@ -22,7 +22,7 @@ using host::StripType;
 using host::Track;
 using namespace support;
 
-constexpr Rgba kTrackColour{200, 100, 50};
+constexpr Rgba kTrackColor{200, 100, 50};
 const Rgba kHostStrip{62, 63, 66};
 const Rgba kHostHighlight{92, 95, 102};
 
@@ -31,7 +31,7 @@ Track track(StripType type, bool folder = false) {
   made.type = type;
   made.folder = folder;
   made.name = "Track";
-  made.colour = host::SongColour{200, 100, 50};
+  made.color = host::SongColor{200, 100, 50};
   return made;
 }
 
@@ -51,14 +51,14 @@ class Strips : public HostTest {
   }
 };
 
-TEST_F(Strips, TakeTheColoursOfTheirKind) {
+TEST_F(Strips, TakeTheColorsOfTheirKind) {
   start(ThemeFile()
-            .text("stripBackgroundColor", colour(10, 11, 12))
-            .text("folderStripBackgroundColor", colour(20, 21, 22))
-            .text("auxStripBackgroundColor", colour(30, 31, 32))
-            .text("stripHighlightBackgroundColor", colour(110, 11, 12))
-            .text("folderStripHighlightBackgroundColor", colour(120, 21, 22))
-            .text("stripBorderColor", colour(1, 2, 3, 50)));
+            .text("stripBackgroundColor", color(10, 11, 12))
+            .text("folderStripBackgroundColor", color(20, 21, 22))
+            .text("auxStripBackgroundColor", color(30, 31, 32))
+            .text("stripHighlightBackgroundColor", color(110, 11, 12))
+            .text("folderStripHighlightBackgroundColor", color(120, 21, 22))
+            .text("stripBorderColor", color(1, 2, 3, 50)));
   for (const NSUInteger normal : {kAudio, kBus, kInstrument, kOther}) {
     EXPECT_EQ(rgba(background(normal)), (Rgba{10, 11, 12})) << normal;
     EXPECT_EQ(rgba(highlighted(normal)), (Rgba{110, 11, 12})) << normal;
@@ -71,14 +71,14 @@ TEST_F(Strips, TakeTheColoursOfTheirKind) {
   EXPECT_EQ(rgba(call<"customBackgroundColor", NSColor>(strip(kAudio))), kHostStrip);
 }
 
-TEST_F(Strips, TakeTheTrackColourAtTheOpacityOfTheirKind) {
+TEST_F(Strips, TakeTheTrackColorAtTheOpacityOfTheirKind) {
   start(ThemeFile()
             .flag("useTrackColorAsStripBackground", true)
             .integer("UseTrackColor_MixerOpacity", 40)
             .integer("UseTrackColor_MixerHighlightedOpacity", 80)
             .integer("UseTrackColor_MixerFolderOpacity", 0)
             .integer("UseTrackColor_MixerAuxHighlightedOpacity", 7)
-            .text("folderStripBackgroundColor", colour(20, 21, 22)));
+            .text("folderStripBackgroundColor", color(20, 21, 22)));
   const auto faded = [](long alpha) { return Rgba{200, 100, 50, alpha}; };
   EXPECT_EQ(rgba(background(kAudio)), faded(40));
   EXPECT_EQ(rgba(highlighted(kAudio)), faded(80));
@@ -90,7 +90,7 @@ TEST_F(Strips, TakeTheTrackColourAtTheOpacityOfTheirKind) {
   EXPECT_EQ(rgba(background(kOther)), faded(40)) << "no name at all: from the data source";
 }
 
-TEST_F(Strips, LayTheTrackColourOverTheThemesGradient) {
+TEST_F(Strips, LayTheTrackColorOverTheThemesGradient) {
   start(ThemeFile()
             .flag("useTrackColorAsStripBackground", true)
             .integer("UseTrackColor_MixerOpacity", 50)
@@ -98,10 +98,10 @@ TEST_F(Strips, LayTheTrackColourOverTheThemesGradient) {
             .text("mixerStripHighlightBGGradient", "LinearGradient:{{100,100,100,100},{100,100,100,100},V}")
             .text("UseTrackColorGradient_Mixer", "AutoGradient:{10,-10,V}"));
   EXPECT_TRUE(near(patternPixel(background(kAudio), 3, 100), {100, 50, 25}));
-  EXPECT_TRUE(near(patternPixel(highlighted(kAudio), 3, 100), kTrackColour));
+  EXPECT_TRUE(near(patternPixel(highlighted(kAudio), 3, 100), kTrackColor));
 }
 
-TEST_F(Strips, ShadeTheTrackColourWhereThereIsNoStripGradient) {
+TEST_F(Strips, ShadeTheTrackColorWhereThereIsNoStripGradient) {
   start(ThemeFile()
             .flag("useTrackColorAsStripBackground", true)
             .integer("UseTrackColor_MixerOpacity", 50)
@@ -113,7 +113,7 @@ TEST_F(Strips, ShadeTheTrackColourWhereThereIsNoStripGradient) {
   EXPECT_TRUE(near(patternPixel(pattern, 0, height - 1), {149, 75, 37, 50}, 2));
 }
 
-TEST_F(Strips, ShowNoTrackColourThatTheNameFieldDoesNotShow) {
+TEST_F(Strips, ShowNoTrackColorThatTheNameFieldDoesNotShow) {
   start(ThemeFile().flag("useTrackColorAsStripBackground", true));
   const NSObject name = node(kAudio, "name");
   const std::pair<NSColor, Rgba> kCases[] = {
@@ -121,7 +121,7 @@ TEST_F(Strips, ShowNoTrackColourThatTheNameFieldDoesNotShow) {
       {host::look(host::Look::kStripBackground), kHostStrip},  // as that of the strip itself
       {host::look(host::Look::kStripHighlight), kHostStrip},
       {NSColor::colorWithSRGBRed(1, 0, 0, 0), kHostStrip},
-      {NSColor(), kTrackColour},  // the data source's
+      {NSColor(), kTrackColor},  // the data source's
   };
   for (const auto& [behindTheName, expected] : kCases) {
     call<"setBackgroundColor:">(name, behindTheName);
@@ -131,19 +131,19 @@ TEST_F(Strips, ShowNoTrackColourThatTheNameFieldDoesNotShow) {
 
 void raiseInstead(Class /*self*/) { NSException::raise(literal<"Refused">(), literal<"not now">()); }
 
-TEST_F(Strips, AskTheDataSourceOnlyWhenTheWindowShowsTrackColours) {
+TEST_F(Strips, AskTheDataSourceOnlyWhenTheWindowShowsTrackColors) {
   start(ThemeFile().flag("useTrackColorAsStripBackground", true));
-  const auto colourOf = [&] { return rgba(call<"getStripColorFromDataSource", NSColor>(strip(kBus))); };
+  const auto colorOf = [&] { return rgba(call<"getStripColorFromDataSource", NSColor>(strip(kBus))); };
   const NSObject delegate = call<"delegate", NSObject>(application_->mixer().contentsView());
   auto& window = stateOf<host::CLgMixerWindow>(call<"mixerFENSTER", NSObject>(delegate));
-  EXPECT_EQ(colourOf(), kTrackColour);
-  window.showsTrackColours = false;
-  EXPECT_EQ(colourOf(), rgba(NSColor()));
+  EXPECT_EQ(colorOf(), kTrackColor);
+  window.showsTrackColors = false;
+  EXPECT_EQ(colorOf(), rgba(NSColor()));
   const Class controller = metaclassOf(classNamed("ChannelStripConfigController"));
   class_replaceMethod(controller, selector<"createSaveConfigDict:">(),
                       reinterpret_cast<IMP>(+[](Class self, SEL, id) -> id { return raiseInstead(self), nullptr; }),
                       "@24@0:8@16");
-  EXPECT_EQ(colourOf(), kTrackColour) << "what the host raises is let go, and the colours are allowed";
+  EXPECT_EQ(colorOf(), kTrackColor) << "what the host raises is let go, and the colours are allowed";
 }
 
 TEST_F(Strips, PutTheMixersBackgroundBehindThem) {
@@ -152,16 +152,16 @@ TEST_F(Strips, PutTheMixersBackgroundBehindThem) {
     Rgba expected;
   };
   const Rgba plain{9, 8, 7};
-  const ThemeFile colours = ThemeFile().text("mixerBackgroundColor", colour(9, 8, 7));
-  const auto with = [&](const char* gradient) { return ThemeFile(colours).text("mixerStripBGGradient", gradient); };
+  const ThemeFile colors = ThemeFile().text("mixerBackgroundColor", color(9, 8, 7));
+  const auto with = [&](const char* gradient) { return ThemeFile(colors).text("mixerStripBGGradient", gradient); };
   constexpr const char* kGradient = "LinearGradient:{{70,60,50,40},{0,0,0,100},V}";
   const Case kCases[] = {
       {ThemeFile(), {28, 28, 30}},
-      {colours, plain},
+      {colors, plain},
       {with(kGradient), {70, 60, 50}},  // its first stop, opaque
       {with(kGradient).flag("mixerBGMatchGradient", false), plain},
       {with("AutoGradient:{10,-10,V}"), plain},  // there is no base
-      {with("AutoGradient:{20,-10,V}").text("stripBackgroundColor", colour(0, 0, 102)), {0, 0, 153}},
+      {with("AutoGradient:{20,-10,V}").text("stripBackgroundColor", color(0, 0, 102)), {0, 0, 153}},
   };
   eachInChild(kCases, [&](const Case& c) {
     start(c.theme);
@@ -170,7 +170,7 @@ TEST_F(Strips, PutTheMixersBackgroundBehindThem) {
 }
 
 TEST_F(Strips, LeaveAViewAloneThatTakesNoBackground) {
-  start(ThemeFile().text("mixerBackgroundColor", colour(9, 8, 7)));
+  start(ThemeFile().text("mixerBackgroundColor", color(9, 8, 7)));
   const Ref<NSView> view = NSView::withFrame(CGRectMake(0, 0, 10, 10));
   const Ref<NSObject> root = host::makeNode("MANode", "mixer", {});
   stateOf<host::MANode>(root.get()).ownView = view.get();
@@ -207,20 +207,20 @@ TEST_F(Strips, DrawEmptySlotsAndKnobs) {
   const Rgba plain{10, 120, 30};
   const Rgba selected{200, 20, 30};
   const Rgba clear{0, 0, 0, 0};
-  const ThemeFile colours =
-      ThemeFile().text("emptySlotBGColor", colour(10, 120, 30)).text("emptySlotSelectedBGColor", colour(200, 20, 30));
+  const ThemeFile colors =
+      ThemeFile().text("emptySlotBGColor", color(10, 120, 30)).text("emptySlotSelectedBGColor", color(200, 20, 30));
   const auto rounder = [](ThemeFile theme, long radius) { return theme.integer("emptySlotBGCornerRadius", radius); };
   const Case kCases[] = {
       {ThemeFile(), false, false, host, true},
       {ThemeFile(), true, false, hostSelected, true},
       {ThemeFile(), false, true, host, false},
-      {colours, false, false, plain, true},
-      {colours, true, false, selected, true},
-      {colours, false, true, plain, false},
-      {colours, true, true, selected, false},
-      {rounder(colours, 8), false, false, plain, false},
+      {colors, false, false, plain, true},
+      {colors, true, false, selected, true},
+      {colors, false, true, plain, false},
+      {colors, true, true, selected, false},
+      {rounder(colors, 8), false, false, plain, false},
       {rounder(ThemeFile(), 8), false, false, clear, false},  // no colour: the edge alone
-      {rounder(colours, 4000), false, false, plain, false},   // beyond the slot
+      {rounder(colors, 4000), false, false, plain, false},    // beyond the slot
   };
   eachInChild(kCases, [&](const Case& c) {
     start(c.theme);
@@ -240,7 +240,7 @@ CGImageRef titleImage(NSObject strip, const char* title, CGSize size, double sca
 }
 
 TEST_F(Strips, DrawTitlesOfEmptySlotsOncePerTitleAndSize) {
-  start(ThemeFile().text("emptySlotButtonLabelColor", colour(255, 0, 0)));
+  start(ThemeFile().text("emptySlotButtonLabelColor", color(255, 0, 0)));
   const CGImageRef first = titleImage(strip(kAudio), "Audio FX", {60.5, 18.9}, 1);
   ASSERT_NE(first, nullptr);
   EXPECT_EQ(CGImageGetWidth(first), 60U);
@@ -269,14 +269,14 @@ TEST_F(Strips, DrawTitlesOfEmptySlotsOncePerTitleAndSize) {
 
 // ---- Texts ---------------------------------------------------------------------------------------
 
-TEST_F(Strips, ColourTheirTexts) {
+TEST_F(Strips, ColorTheirTexts) {
   start(ThemeFile()
-            .text("nameAndNumberTitleColor", colour(1, 0, 0))
-            .text("nameAndNumberTitleHighlightColor", colour(2, 0, 0))
-            .text("typeAndNumberTitleColor", colour(3, 0, 0))
-            .text("pannerTitleColor", colour(4, 0, 0))
-            .text("pannerTitleHighlightColor", colour(5, 0, 0)));
-  const auto textColour = [&](NSObject text) { return rgba(call<"foregroundColor", NSColor>(text)); };
+            .text("nameAndNumberTitleColor", color(1, 0, 0))
+            .text("nameAndNumberTitleHighlightColor", color(2, 0, 0))
+            .text("typeAndNumberTitleColor", color(3, 0, 0))
+            .text("pannerTitleColor", color(4, 0, 0))
+            .text("pannerTitleHighlightColor", color(5, 0, 0)));
+  const auto textColor = [&](NSObject text) { return rgba(call<"foregroundColor", NSColor>(text)); };
   const NSObject pan = node(kAudio, "pan");
   const Ref<NSObject> readout = host::makeNode("MATextNode", "panner readout", {});
   call<"addChild:">(pan, readout.get());
@@ -286,20 +286,20 @@ TEST_F(Strips, ColourTheirTexts) {
     Rgba plain;
     Rgba highlighted;
   };
-  const Rgba hostText = textColour(other.get());
+  const Rgba hostText = textColor(other.get());
   const Rgba hostLabel{150, 152, 158};
   const Case kCases[] = {{node(kAudio, "name"), {1, 0, 0}, {2, 0, 0}},
                          {node(kAudio, "number"), {1, 0, 0}, {2, 0, 0}},
                          {node(kAudio, "label"), {3, 0, 0}, hostLabel},
                          {readout.get(), {4, 0, 0}, {5, 0, 0}},
                          {other.get(), hostText, hostText}};
-  for (const Case& c : kCases) EXPECT_EQ(textColour(c.text), c.plain) << toStdString(c.text.description());
+  for (const Case& c : kCases) EXPECT_EQ(textColor(c.text), c.plain) << toStdString(c.text.description());
   call<"setHighlightState:">(strip(kAudio), NSInteger(1));
   stateOf<host::MANode>(readout.get()).highlightState = 0;  // the knob's state decides, not its own
-  for (const Case& c : kCases) EXPECT_EQ(textColour(c.text), c.highlighted) << toStdString(c.text.description());
+  for (const Case& c : kCases) EXPECT_EQ(textColor(c.text), c.highlighted) << toStdString(c.text.description());
 }
 
-TEST_F(Strips, ShowThroughBehindTextsThatHaveNoColourOfTheirOwn) {
+TEST_F(Strips, ShowThroughBehindTextsThatHaveNoColorOfTheirOwn) {
   struct Case {
     ThemeFile theme;
     Rgba plain;
@@ -308,16 +308,16 @@ TEST_F(Strips, ShowThroughBehindTextsThatHaveNoColourOfTheirOwn) {
   const Rgba clear{0, 0, 0, 0};
   const Rgba plain{10, 20, 30};
   const Rgba selected{40, 50, 60};
-  const ThemeFile colours = ThemeFile()
-                                .text("stripBackgroundColor", colour(10, 20, 30))
-                                .text("stripHighlightBackgroundColor", colour(40, 50, 60));
-  const auto with = [&](const char* key, const char* value) { return ThemeFile(colours).text(key, value); };
+  const ThemeFile colors = ThemeFile()
+                               .text("stripBackgroundColor", color(10, 20, 30))
+                               .text("stripHighlightBackgroundColor", color(40, 50, 60));
+  const auto with = [&](const char* key, const char* value) { return ThemeFile(colors).text(key, value); };
   constexpr const char* kLinear = "LinearGradient:{{1,1,1,100},{2,2,2,100},V}";
   constexpr const char* kAuto = "AutoGradient:{9,-9,V}";
   constexpr const char* kTracks = "useTrackColorAsStripBackground";
   const Case kCases[] = {
       {ThemeFile(), kHostStrip, kHostHighlight},
-      {colours, plain, selected},
+      {colors, plain, selected},
       {with("mixerStripBGGradient", kLinear), clear, clear},
       {with("mixerStripHighlightBGGradient", kLinear), plain, clear},
       {with("mixerStripBevel", "Bevel:{R,2,30}"), clear, clear},
@@ -329,13 +329,13 @@ TEST_F(Strips, ShowThroughBehindTextsThatHaveNoColourOfTheirOwn) {
     start(c.theme);
     const auto behind = [&](const char* text) { return rgba(call<"backgroundColor", NSColor>(node(kAudio, text))); };
     EXPECT_EQ(behind("number"), c.plain);
-    EXPECT_EQ(behind("name"), kTrackColour) << "a colour of its own stays";
+    EXPECT_EQ(behind("name"), kTrackColor) << "a colour of its own stays";
     call<"setHighlightState:">(strip(kAudio), NSInteger(1));
     EXPECT_EQ(behind("number"), c.selected);
   });
 }
 
-TEST_F(Strips, AreRedrawnWhenTheirNameChangesColour) {
+TEST_F(Strips, AreRedrawnWhenTheirNameChangesColor) {
   start(ThemeFile().flag("useTrackColorAsStripBackground", true));
   const auto redrawn = [&](const char* text, NSColor behind) {
     call<"setNeedsDisplay:">(strip(kAudio), BOOL(0));
@@ -351,7 +351,7 @@ TEST_F(Strips, AreRedrawnWhenTheirNameChangesColour) {
 // ---- Installation --------------------------------------------------------------------------------
 
 TEST_F(Strips, StayThemedWhenTheInstallerIsSentAgain) {
-  start(ThemeFile().text("stripBackgroundColor", colour(10, 11, 12)).text("nameAndNumberTitleColor", colour(1, 2, 3)));
+  start(ThemeFile().text("stripBackgroundColor", color(10, 11, 12)).text("nameAndNumberTitleColor", color(1, 2, 3)));
   for (const char* name : {"MAStripNode", "MATextNode", "NSColor"}) call<"addSwizzleMethod">(classNamed(name));
   EXPECT_EQ(rgba(background(kAudio)), (Rgba{10, 11, 12}));
   EXPECT_EQ(rgba(call<"foregroundColor", NSColor>(node(kAudio, "name"))), (Rgba{1, 2, 3}));
@@ -366,11 +366,11 @@ TEST_F(Strips, OfTheDefaultThemeHaveNoOverride) {
   EXPECT_EQ(rgba(background(1)), kHostStrip);
 }
 
-TEST_F(Strips, ColourTheTitlesOfTheHostsWindowsAndItsCatalogue) {
+TEST_F(Strips, ColorTheTitlesOfTheHostsWindowsAndItsCatalogue) {
   start(ThemeFile()
-            .text("windowTitleColor", colour(250, 10, 20))
-            .text("StepSequencerStepOn", colour(1, 2, 3))
-            .text("StepSequencerHeader_EmptyAreaBelow", colour(4, 5, 6)));
+            .text("windowTitleColor", color(250, 10, 20))
+            .text("StepSequencerStepOn", color(1, 2, 3))
+            .text("StepSequencerHeader_EmptyAreaBelow", color(4, 5, 6)));
   for (const auto kind : {host::WindowKind::kMixer, host::WindowKind::kArrange, host::WindowKind::kStepSequencer}) {
     const auto isTitle = [](const Rgba& p) { return near(p, {250, 10, 20}, 3); };
     EXPECT_GT(std::ranges::count_if(pixels(application_->draw(kind)), isTitle), 10) << "drawn in the theme's colour";
@@ -459,8 +459,8 @@ TEST_F(SwitchFileStrips, TurnsGradientsOff) {
   constexpr const char* kSwitch = "/tmp/vlr_gradients_off";
   writeFile(kSwitch, "");
   start(ThemeFile()
-            .text("stripBackgroundColor", colour(10, 20, 30))
-            .text("mixerBackgroundColor", colour(9, 8, 7))
+            .text("stripBackgroundColor", color(10, 20, 30))
+            .text("mixerBackgroundColor", color(9, 8, 7))
             .text("mixerStripBGGradient", "LinearGradient:{{1,1,1,100},{2,2,2,100},V}"));
   EXPECT_EQ(rgba(background(kAudio)), (Rgba{10, 20, 30}));
   EXPECT_EQ(rgba(call<"backgroundColor", NSColor>(node(kAudio, "number"))), (Rgba{10, 20, 30}));

@@ -75,7 +75,7 @@ std::string nested(const char* open, const char* close, std::size_t depth) {
 TEST(HostileThemes, LeaveTheHostsLook) {
   const std::string host = pictureOf("");
   ASSERT_FALSE(host.empty());
-  const std::string good = ThemeFile().text("stripBackgroundColor", colour(200, 0, 0)).list();
+  const std::string good = ThemeFile().text("stripBackgroundColor", color(200, 0, 0)).list();
   struct Case {
     const char* what;
     std::string settings;
@@ -98,8 +98,8 @@ TEST(HostileThemes, LeaveTheHostsLook) {
 
 TEST(HostileThemes, ApplyTheRest) {
   const ThemeFile good = ThemeFile()
-                             .text("stripBackgroundColor", colour(20, 60, 90))
-                             .text("stripHighlightBackgroundColor", colour(90, 60, 20));
+                             .text("stripBackgroundColor", color(20, 60, 90))
+                             .text("stripHighlightBackgroundColor", color(90, 60, 20));
   const std::string expected = pictureOf(good.list());
   ThemeFile mixed = good;
   mixed.text("folderStripBackgroundColor", "not a colour")
@@ -119,7 +119,7 @@ TEST(HostileThemes, ApplyTheRest) {
 TEST(AbsentKeys, HandOnToTheHost) {
   // A theme is selected and every override installed, but no key that a strip reads is there.
   const std::string host = pictureOf("");
-  EXPECT_TRUE(drawsLike(host, ThemeFile().text("ruler_unrelated", colour(1, 2, 3)).list()));
+  EXPECT_TRUE(drawsLike(host, ThemeFile().text("ruler_unrelated", color(1, 2, 3)).list()));
 }
 
 TEST(Frames, OfTenThousandStripsAreDrawn) {

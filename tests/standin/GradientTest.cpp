@@ -71,7 +71,7 @@ TEST(Gradient, PlacesItsStops) {
   }
 }
 
-TEST(Gradient, MixesStraightColoursAndRoundsOnce) {
+TEST(Gradient, MixesStraightColorsAndRoundsOnce) {
   const AutoreleasePool pool;
   const Canvas canvas(2, 1);
   gradient({NSColor::colorWithSRGBRed(1, 0, 0, 1), NSColor::colorWithSRGBRed(0, 0, 1, 0)}, {0, 1})

@@ -84,7 +84,7 @@ TEST(Text, StandsOnItsBaseline) {
   EXPECT_LT(extentOf(upper, 100, 60).bottom, 22);
 }
 
-TEST(Text, DrawsEveryRunInItsColour) {
+TEST(Text, DrawsEveryRunInItsColor) {
   const AutoreleasePool pool;
   const Canvas canvas(100, 60);
   const auto text = Ref<NSMutableAttributedString>::adopt(call<"mutableCopy", NSMutableAttributedString>(

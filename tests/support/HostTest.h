@@ -10,7 +10,7 @@
 
 #include "cocoa/Call.h"
 #include "host/app/Application.h"
-#include "tests/support/Colours.h"
+#include "tests/support/Colors.h"
 #include "tests/support/Theme.h"
 
 namespace support {

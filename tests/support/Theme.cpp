@@ -37,7 +37,7 @@ ThemeFile& ThemeFile::number(const std::string& key, double value) {
 }
 std::string ThemeFile::list() const { return listOf(entries_); }
 
-std::string colour(int red, int green, int blue, int alpha) {
+std::string color(int red, int green, int blue, int alpha) {
   std::ostringstream text;
   text << "sRGBColor:{" << red << ", " << green << ", " << blue << ", " << alpha << "}";
   return text.str();

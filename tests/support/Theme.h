@@ -30,7 +30,7 @@ class ThemeFile {
 };
 
 /// A theme colour as its string.
-std::string colour(int red, int green, int blue, int alpha = 100);
+std::string color(int red, int green, int blue, int alpha = 100);
 
 /// Writes a theme folder below the test's private folder: the settings file and a companion bundle, with a
 /// reference file where one is given. Returns the folder.

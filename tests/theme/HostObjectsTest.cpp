@@ -31,10 +31,10 @@ class HostObjects : public HostTest {
                           {.name = "Other", .type = host::StripType::kOther}}));
     theme_ = &ThemeUtility::shared();
   }
-  void setColour(const char* key, NSColor colour) {
-    const auto colours = NSMutableDictionary::dictionaryWithDictionary(theme_->colorCollection());
-    colours.setObject(colour, string(key));
-    theme_->setColorCollection(colours);
+  void setColor(const char* key, NSColor color) {
+    const auto colors = NSMutableDictionary::dictionaryWithDictionary(theme_->colorCollection());
+    colors.setObject(color, string(key));
+    theme_->setColorCollection(colors);
   }
   static NSInteger trackType(NSObject node) { return call<"getTrackType:", NSInteger>(classNamed("Utility"), node); }
 
@@ -54,36 +54,36 @@ NSArray titleFields(NSWindow window) {
   }
   return fields;
 }
-NSColor titleColour(NSWindow window, NSUInteger field = 0) {
+NSColor titleColor(NSWindow window, NSUInteger field = 0) {
   return cast<NSTextField>(titleFields(window).objectAtIndex(field)).textColor();
 }
 
-TEST_F(HostObjects, TitlesOfWindowsAndPanelsTakeTheirColour) {
+TEST_F(HostObjects, TitlesOfWindowsAndPanelsTakeTheirColor) {
   const NSWindow mixer = application_->window(host::WindowKind::kMixer);
   const NSWindow panel = application_->window(host::WindowKind::kStepSequencer);
   mixer.setSubtitle(string("a second text"));
   ASSERT_EQ(titleFields(mixer).count(), 2U);
-  const NSColor untouched = titleColour(mixer);
+  const NSColor untouched = titleColor(mixer);
   application_->runFrame();
-  EXPECT_EQ(titleColour(mixer), untouched) << "no colour, no change";
-  setColour("windowTitleColor", NSColor::colorWithSRGBRed(1, 0, 0, 1));
-  const NSColor subtitle = titleColour(mixer, 1);
+  EXPECT_EQ(titleColor(mixer), untouched) << "no colour, no change";
+  setColor("windowTitleColor", NSColor::colorWithSRGBRed(1, 0, 0, 1));
+  const NSColor subtitle = titleColor(mixer, 1);
   application_->runFrame();
-  EXPECT_EQ(rgba(titleColour(mixer)), (Rgba{255, 0, 0}));
-  EXPECT_EQ(rgba(titleColour(panel)), (Rgba{255, 0, 0}));
-  EXPECT_EQ(titleColour(mixer, 1), subtitle) << "only the first text changes";
+  EXPECT_EQ(rgba(titleColor(mixer)), (Rgba{255, 0, 0}));
+  EXPECT_EQ(rgba(titleColor(panel)), (Rgba{255, 0, 0}));
+  EXPECT_EQ(titleColor(mixer, 1), subtitle) << "only the first text changes";
 }
 
 TEST_F(HostObjects, OnlyTheHostsOwnWindowsChange) {
-  setColour("windowTitleColor", NSColor::colorWithSRGBRed(1, 0, 0, 1));
+  setColor("windowTitleColor", NSColor::colorWithSRGBRed(1, 0, 0, 1));
   const auto updated = [](const char* kind, NSUInteger style) {
     const auto window = Ref<NSWindow>::adopt(call<"initWithContentRect:styleMask:backing:defer:", NSWindow>(
         call<"alloc", id>(classNamed(kind)), CGRectMake(0, 0, 100, 100), style, NSBackingStoreBuffered, BOOL(0)));
     window->update();
     return window;
   };
-  EXPECT_NE(rgba(titleColour(updated("NSWindow", NSWindowStyleMaskTitled))), (Rgba{255, 0, 0}));
-  EXPECT_EQ(rgba(titleColour(updated("MAKitWindow", NSWindowStyleMaskTitled))), (Rgba{255, 0, 0}));
+  EXPECT_NE(rgba(titleColor(updated("NSWindow", NSWindowStyleMaskTitled))), (Rgba{255, 0, 0}));
+  EXPECT_EQ(rgba(titleColor(updated("MAKitWindow", NSWindowStyleMaskTitled))), (Rgba{255, 0, 0}));
   updated("MAKitWindow", NSWindowStyleMaskBorderless);  // without a title bar
   NSNotificationCenter::defaultCenter().postNotificationName(NSWindowDidUpdateNotification, string("no window"));
   NSNotificationCenter::defaultCenter().postNotificationName(NSWindowDidUpdateNotification, NSObject());

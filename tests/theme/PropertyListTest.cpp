@@ -1,6 +1,6 @@
 // The reader of property lists, on files that are meant to bring it down.
 
-#include "plugin/theme/PropertyListReader.h"
+#include "plugin/plist/PropertyListReader.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "cli/PrivateFolders.h"
-#include "plugin/theme/PropertyListCheck.h"
+#include "plugin/plist/PropertyListCheck.h"
 #include "tests/support/Theme.h"
 
 namespace velura {

@@ -142,38 +142,38 @@ TEST_F(Theme, EveryTrackTypeHasItsBitInBothRecords) {
   }
 }
 
-TEST_F(Theme, KeepsOnlyTheColoursThatDifferFromTheHosts) {
+TEST_F(Theme, KeepsOnlyTheColorsThatDifferFromTheHosts) {
   const ThemeFile same = ThemeFile()
-                             .text("mixerBackgroundColor", colour(1, 2, 3))
-                             .text("emptySlotBGColor", colour(1, 2, 3))
+                             .text("mixerBackgroundColor", color(1, 2, 3))
+                             .text("emptySlotBGColor", color(1, 2, 3))
                              .text("mixerStripBevel", "Bevel:{R,2,30}")
                              .flag("mixerBGMatchGradient", false)
                              .integer("UseTrackColor_MixerOpacity", 50);
   ThemeUtility& theme =
       load(ThemeFile(same)
-               .text("stripBackgroundColor", colour(1, 2, 4))
+               .text("stripBackgroundColor", color(1, 2, 4))
                .text("stripBorderColor", "sRGBColor:{1,2,3,100}")
                .text("RunTimeName", "sRGBColor:{9, 9, 9, 50}")
                .text("solid", "solid"),
-           ThemeFile(same).text("stripBackgroundColor", colour(1, 2, 3)).text("stripBorderColor", colour(1, 2, 3)));
-  EXPECT_FALSE(theme.colorForKey(ThemeKey::kMixerBackgroundColor));
-  EXPECT_EQ(rgba(theme.colorForKey(ThemeKey::kEmptySlotBGColor)), (Rgba{1, 2, 3})) << "a kept key";
-  EXPECT_EQ(rgba(theme.colorForKey(ThemeKey::kStripBackgroundColor)), (Rgba{1, 2, 4}));
-  EXPECT_EQ(rgba(theme.colorForKey(ThemeKey::kStripBorderColor)), (Rgba{1, 2, 3})) << "the texts differ";
+           ThemeFile(same).text("stripBackgroundColor", color(1, 2, 3)).text("stripBorderColor", color(1, 2, 3)));
+  EXPECT_FALSE(theme.colorForKey(key<"mixerBackgroundColor">));
+  EXPECT_EQ(rgba(theme.colorForKey(key<"emptySlotBGColor">)), (Rgba{1, 2, 3})) << "a kept key";
+  EXPECT_EQ(rgba(theme.colorForKey(key<"stripBackgroundColor">)), (Rgba{1, 2, 4}));
+  EXPECT_EQ(rgba(theme.colorForKey(key<"stripBorderColor">)), (Rgba{1, 2, 3})) << "the texts differ";
   EXPECT_FALSE(theme.mixerStripBevel) << "a string that equals the host's is no change, colour or not";
   EXPECT_FALSE(theme.mixerBGMatchGradient);
   EXPECT_EQ(theme.mixerOpacity, 50U);
   const auto named = [&](const char* key) { return call<"colorForKey:", NSColor>(theme_.get(), string(key)); };
   EXPECT_EQ(rgba(named("RunTimeName")), (Rgba{9, 9, 9, 50}));
-  EXPECT_EQ(named("stripBackgroundColor"), theme.colorForKey(ThemeKey::kStripBackgroundColor));
+  EXPECT_EQ(named("stripBackgroundColor"), theme.colorForKey(key<"stripBackgroundColor">));
   EXPECT_EQ((call<"liveLoopsColorForKey:", NSColor>(theme_.get(), string("RunTimeName"))), named("RunTimeName"));
   EXPECT_FALSE(named("runtimename"));
   EXPECT_FALSE(named("solid"));
   EXPECT_FALSE((call<"colorForKey:", NSColor>(theme_.get(), NSString())));
 }
 
-TEST_F(Theme, TheColourCollectionIsReadAnewAtEachCall) {
-  load(ThemeFile().text("a", colour(1, 2, 3)).text("b", "x"), ThemeFile().text("b", "x"));
+TEST_F(Theme, TheColorCollectionIsReadAnewAtEachCall) {
+  load(ThemeFile().text("a", color(1, 2, 3)).text("b", "x"), ThemeFile().text("b", "x"));
   const auto utility = call<"sharedInstance", NSObject>(classNamed("Utility"));
   EXPECT_EQ((call<"sharedInstance", NSObject>(classNamed("Utility"))), utility);
   const auto first = call<"getColorCollection", NSMutableDictionary>(utility);
@@ -182,7 +182,7 @@ TEST_F(Theme, TheColourCollectionIsReadAnewAtEachCall) {
   EXPECT_EQ((call<"getColorCollection", NSMutableDictionary>(utility)).count(), 1U);
 }
 
-TEST_F(Theme, ColoursAreMadeInTheSpaceOfTheTheme) {
+TEST_F(Theme, ColorsAreMadeInTheSpaceOfTheTheme) {
   const NSString text = string("sRGBColor:{255, 0, 300, 150}");
   ThemeUtility& theme = load(ThemeFile());
   const NSColor plain = call<"fromString:", NSColor>(theme_.get(), text);
@@ -195,7 +195,7 @@ TEST_F(Theme, ColoursAreMadeInTheSpaceOfTheTheme) {
   EXPECT_FALSE((call<"fromString:", NSColor>(theme_.get(), NSString())));
 }
 
-TEST_F(Theme, PluginGroupsGetTheColoursOfTheirStrings) {
+TEST_F(Theme, PluginGroupsGetTheColorsOfTheirStrings) {
   load(ThemeFile().xml("PluginGroupMapV2",
                        "<dict><key>g</key><dict>"
                        "<key>onTextColorStr</key><string></string>"
@@ -228,9 +228,9 @@ TEST_F(Theme, ValuesOfAnyKindUnderAnyKeyDoNoHarm) {
     ThemeFile file;
     for (const ThemeKeyRow& row : kThemeKeys) file.xml(std::string(row.name), value);
     ThemeUtility& theme = load(file);
-    const bool isColour = std::string_view(value).starts_with("<string>sRGB");
+    const bool isColor = std::string_view(value).starts_with("<string>sRGB");
     for (const ThemeKeyRow& row : kThemeKeys) {
-      EXPECT_EQ(bool(theme.colorForKey(row.key)), isColour && row.kind == ThemeKeyKind::kColour) << row.name;
+      EXPECT_EQ(bool(theme.colorForKey(keyOf(row))), isColor && row.kind == ThemeKeyKind::kColor) << row.name;
     }
     EXPECT_FALSE(theme.mixerStripBevel);
     static_cast<void>(theme.mixerBackgroundColor());
@@ -244,16 +244,16 @@ TEST_F(Theme, AFileThatIsNoDictionaryIsAnEmptyTheme) {
     EXPECT_FALSE((call<"getColorCollection", NSObject>(call<"sharedInstance", NSObject>(classNamed("Utility")))));
   }
   // The reference may be as bad: then nothing is removed.
-  EXPECT_TRUE(load(ThemeFile().text("stripBackgroundColor", colour(1, 2, 3)).list(), "(")
-                  .colorForKey(ThemeKey::kStripBackgroundColor));
+  EXPECT_TRUE(load(ThemeFile().text("stripBackgroundColor", color(1, 2, 3)).list(), "(")
+                  .colorForKey(key<"stripBackgroundColor">));
 }
 
 TEST(ThemeKeys, AreFoundByTheirExactNames) {
   for (const ThemeKeyRow& row : kThemeKeys) {
-    EXPECT_EQ(keyNamed(row.name), row.key);
+    EXPECT_EQ(keyNamed(row.name), keyOf(row));
     EXPECT_FALSE(keyNamed(std::string(row.name) + "x"));
     EXPECT_TRUE(std::string_view(row.effect).ends_with('.')) << row.name;
-    EXPECT_TRUE(row.kept == Kept::kNo || row.kind == ThemeKeyKind::kColour) << row.name;
+    EXPECT_TRUE(row.kept == Kept::kNo || row.kind == ThemeKeyKind::kColor) << row.name;
   }
   EXPECT_FALSE(keyNamed(""));
   EXPECT_FALSE(keyNamed("STRIPBACKGROUNDCOLOR"));

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "cocoa/Call.h"
+#include "plugin/hostapi/NSString+CompareToVersion.h"
 #include "plugin/loader/Attach.h"
-#include "plugin/theme/NSString+CompareToVersion.h"
 
 namespace velura {
 namespace {

@@ -6,7 +6,7 @@
 #include "host/panes/KitLists.h"
 #include "host/panes/LoopBrowser.h"
 #include "tests/support/HostTest.h"
-#include "tests/support/KeyColours.h"
+#include "tests/support/KeyColors.h"
 #include "tests/views/ViewTree.h"
 
 namespace {
@@ -15,12 +15,12 @@ using namespace cocoa;
 using host::WindowKind;
 using namespace support;
 
-Rgba colourIn(NSDictionary attributes) {
+Rgba colorIn(NSDictionary attributes) {
   return rgba(as<NSColor>(attributes.objectForKey(NSForegroundColorAttributeName)));
 }
 
 /// The colour of a text at a place; all -1 where it has none.
-Rgba colourAt(NSAttributedString text, NSUInteger index) {
+Rgba colorAt(NSAttributedString text, NSUInteger index) {
   return rgba(call<"attribute:atIndex:effectiveRange:", NSColor>(text, NSForegroundColorAttributeName, index,
                                                                  static_cast<NSRange*>(nullptr)));
 }
@@ -37,7 +37,7 @@ Rgba glyph(NSButton button, const char* getter) {
 class Browsers : public HostTest {
  protected:
   void SetUp() override {
-    startWith(writeTheme(allColours().list()), sampleSong());
+    startWith(writeTheme(allColors().list()), sampleSong());
     for (const auto window : host::kWindowKinds) application_->openWindow(window);
   }
   [[nodiscard]] NSView view(WindowKind window, const char* className) const {
@@ -51,11 +51,11 @@ class Browsers : public HostTest {
   }
 };
 
-TEST_F(Browsers, GiveLayersAndListsTheirColours) {
+TEST_F(Browsers, GiveLayersAndListsTheirColors) {
   const auto layer = [](NSView of) { return rgba(of.layer().backgroundColor()); };
-  EXPECT_EQ(layer(view(WindowKind::kLoopBrowser, "MAKitTabView")), colourOf("LoopBrowser_PaneHeaderColor"));
-  EXPECT_EQ(layer(view(WindowKind::kLoopBrowser, "MALoopBrowserSplitView")), colourOf("LoopBrowserHeaderColor"));
-  EXPECT_EQ(layer(view(WindowKind::kLists, "NotePadBackgroundView")), colourOf("ListArea_NotePad_BG"));
+  EXPECT_EQ(layer(view(WindowKind::kLoopBrowser, "MAKitTabView")), colorOf("LoopBrowser_PaneHeaderColor"));
+  EXPECT_EQ(layer(view(WindowKind::kLoopBrowser, "MALoopBrowserSplitView")), colorOf("LoopBrowserHeaderColor"));
+  EXPECT_EQ(layer(view(WindowKind::kLists, "NotePadBackgroundView")), colorOf("ListArea_NotePad_BG"));
 
   struct Row {
     WindowKind window;
@@ -71,8 +71,8 @@ TEST_F(Browsers, GiveLayersAndListsTheirColours) {
            Row{WindowKind::kLibrary, "NSTableView", "TableViewSeparatorColor", "TableviewColor"},
        }) {
     const auto table = cast<NSTableView>(view(window, name));
-    EXPECT_EQ(rgba(table.gridColor()), colourOf(grid)) << name;
-    EXPECT_EQ(rgba(table.backgroundColor()), colourOf(background)) << name;
+    EXPECT_EQ(rgba(table.gridColor()), colorOf(grid)) << name;
+    EXPECT_EQ(rgba(table.backgroundColor()), colorOf(background)) << name;
   }
   EXPECT_EQ(cast<NSTableView>(view(WindowKind::kLoopBrowser, "MALoopBrowserTableView")).gridStyleMask(), 1U);
   // Files that a user has found in the loop browser look like its loops; the host shows none at first.
@@ -80,21 +80,21 @@ TEST_F(Browsers, GiveLayersAndListsTheirColours) {
       NSView(call<"initWithFrame:", id>(call<"alloc", id>(classNamed("MyMAKitTableView")), CGRect{})));
   view(WindowKind::kLoopBrowser, "MALoopBrowserView").addSubview(found);
   call<"setThemeVariant:">(found.get(), NSInteger(0));
-  EXPECT_EQ(rgba(cast<NSTableView>(found.get()).gridColor()), colourOf("LoopBrowserGridColor"));
+  EXPECT_EQ(rgba(cast<NSTableView>(found.get()).gridColor()), colorOf("LoopBrowserGridColor"));
   // A table of another name, and files outside of the loop browser, keep their looks.
   const auto files = cast<NSTableView>(view(WindowKind::kLibrary, "MyMAKitTableView"));
-  EXPECT_NE(rgba(files.gridColor()), colourOf("LoopBrowserGridColor"));
+  EXPECT_NE(rgba(files.gridColor()), colorOf("LoopBrowserGridColor"));
   call<"setAutosaveName:">(files, literal<"FilesTableView">());
-  EXPECT_NE(rgba(files.gridColor()), colourOf("TableViewSeparatorColor"));
+  EXPECT_NE(rgba(files.gridColor()), colorOf("TableViewSeparatorColor"));
 }
 
-TEST_F(Browsers, ColourTextsByTheirCells) {
-  const Rgba themed = colourOf("FileBrowserCellTextColor");
+TEST_F(Browsers, ColorTextsByTheirCells) {
+  const Rgba themed = colorOf("FileBrowserCellTextColor");
   const auto tables = viewsBelow(root(WindowKind::kLibrary), "MyMAKitTableView");
   ASSERT_EQ(tables.size(), 2U);
-  EXPECT_EQ(colourIn(call<"textAttributes", NSDictionary>(cell(tables[0], 0))), themed) << "with an icon";
-  EXPECT_EQ(colourIn(call<"textAttributes", NSDictionary>(cell(tables[0], 1))), themed);
-  EXPECT_NE(colourIn(call<"textAttributes", NSDictionary>(cell(tables[1], 0))), themed) << "in a list of notes";
+  EXPECT_EQ(colorIn(call<"textAttributes", NSDictionary>(cell(tables[0], 0))), themed) << "with an icon";
+  EXPECT_EQ(colorIn(call<"textAttributes", NSDictionary>(cell(tables[0], 1))), themed);
+  EXPECT_NE(colorIn(call<"textAttributes", NSDictionary>(cell(tables[1], 0))), themed) << "in a list of notes";
   const NSView bin = view(WindowKind::kLibrary, "BinMAKitOutlineView");
   bool plain = false;
   bool info = false;
@@ -103,38 +103,38 @@ TEST_F(Browsers, ColourTextsByTheirCells) {
     if (toStdString(each.className()) == "BinTextFieldCell") {
       plain = rgba(call<"textColor", NSColor>(each)) == themed;
     } else if (toStdString(each.className()) == "BinProEditableInfoFieldCell") {
-      info = colourIn(call<"attributesPlain", NSDictionary>(each)) == themed &&
-             colourIn(call<"attributesBold", NSDictionary>(each)) == themed;
+      info = colorIn(call<"attributesPlain", NSDictionary>(each)) == themed &&
+             colorIn(call<"attributesBold", NSDictionary>(each)) == themed;
     }
   }
   EXPECT_TRUE(plain);
   EXPECT_TRUE(info);
 }
 
-TEST_F(Browsers, ColourTheTitleAndTheMenuOfTheLibraryAndOtherMenus) {
+TEST_F(Browsers, ColorTheTitleAndTheMenuOfTheLibraryAndOtherMenus) {
   const auto controller = call<"nextResponder", NSObject>(view(WindowKind::kLibrary, "CLgLibBrowserView"));
-  EXPECT_EQ(rgba(call<"headerTitle", NSTextField>(controller).textColor()), colourOf("LibraryHeaderTextColor"));
+  EXPECT_EQ(rgba(call<"headerTitle", NSTextField>(controller).textColor()), colorOf("LibraryHeaderTextColor"));
   const auto packs = call<"soundPacksFilterPopUpButton", NSPopUpButton>(controller);
-  EXPECT_EQ(colourAt(packs.selectedItem().attributedTitle(), 0), colourOf("LibrarySoundPacksFilterPopUpTextColor"));
+  EXPECT_EQ(colorAt(packs.selectedItem().attributedTitle(), 0), colorOf("LibrarySoundPacksFilterPopUpTextColor"));
   EXPECT_EQ(rgba(packs.contentTintColor()),
             rgba(call<"colorWithPath:", NSColor>(asObject(classNamed("MAKitColor")), literal<"Dark.menuArrows">())));
 
   const auto menus = viewsBelow(view(WindowKind::kLoopBrowser, "MALoopBrowserView"), "MAPopUpButton");
   ASSERT_EQ(menus.size(), 2U);
-  EXPECT_EQ(rgba(call<"titleColor", NSColor>(menus[0])), colourOf("LoopPacksMenuTitleColor"));
-  EXPECT_NE(rgba(call<"titleColor", NSColor>(menus[1])), colourOf("LoopPacksMenuTitleColor"));
+  EXPECT_EQ(rgba(call<"titleColor", NSColor>(menus[0])), colorOf("LoopPacksMenuTitleColor"));
+  EXPECT_NE(rgba(call<"titleColor", NSColor>(menus[1])), colorOf("LoopPacksMenuTitleColor"));
 
   const NSCell sends = cast<NSControl>(view(WindowKind::kMixer, "MAPopUpButton")).cell();
   const auto arrowAfter = [&](NSInteger state) {
     call<"sendsOnFaderHackState:">(sends, state);
     return rgba(call<"menuArrowColor", NSColor>(sends));
   };
-  EXPECT_EQ(arrowAfter(1), colourOf("sendsOnFaderPopupMenuArrowColorOn"));
-  EXPECT_EQ(arrowAfter(0), colourOf("popupButtonMenuArrowColorOff"));
-  EXPECT_EQ(arrowAfter(2), colourOf("popupButtonMenuArrowColorOff")) << "as it was";
+  EXPECT_EQ(arrowAfter(1), colorOf("sendsOnFaderPopupMenuArrowColorOn"));
+  EXPECT_EQ(arrowAfter(0), colorOf("popupButtonMenuArrowColorOff"));
+  EXPECT_EQ(arrowAfter(2), colorOf("popupButtonMenuArrowColorOff")) << "as it was";
 }
 
-TEST_F(Browsers, ColourSearchButtonsByRowAndState) {
+TEST_F(Browsers, ColorSearchButtonsByRowAndState) {
   const NSView filter = view(WindowKind::kLoopBrowser, "MALoopBrowserFilterSegmentedControl");
   const auto cells = call<"cells", NSArray>(filter);
   std::size_t twoRows = 0;
@@ -145,19 +145,19 @@ TEST_F(Browsers, ColourSearchButtonsByRowAndState) {
       const bool on = each.state() != 0;
       const auto text = call<"attributedString", NSAttributedString>(each);
       const std::string title = toStdString(each.stringValue());
-      EXPECT_EQ(colourAt(text, 0), colourOf(on ? "LoopbrowserSearchButtonTitleOn" : "LoopbrowserSearchButtonTitleOff"));
+      EXPECT_EQ(colorAt(text, 0), colorOf(on ? "LoopbrowserSearchButtonTitleOn" : "LoopbrowserSearchButtonTitleOff"));
       const auto lineBreak = title.find('\n');
       if (lineBreak == std::string::npos) continue;
       ++twoRows;
-      EXPECT_EQ(colourAt(text, text.length() - 1),
-                colourOf(on ? "LoopbrowserSearchButtonTitleSecondRowOn" : "LoopbrowserSearchButtonTitleSecondRowOff"));
-      EXPECT_EQ(colourAt(text, lineBreak), (Rgba{-1, -1, -1, -1})) << "what has no colour gets none";
+      EXPECT_EQ(colorAt(text, text.length() - 1),
+                colorOf(on ? "LoopbrowserSearchButtonTitleSecondRowOn" : "LoopbrowserSearchButtonTitleSecondRowOff"));
+      EXPECT_EQ(colorAt(text, lineBreak), (Rgba{-1, -1, -1, -1})) << "what has no colour gets none";
     }
   }
   EXPECT_GT(twoRows, 0U);
 }
 
-TEST_F(Browsers, DrawBarsOfTheirKindsInTheThemesColour) {
+TEST_F(Browsers, DrawBarsOfTheirKindsInTheThemesColor) {
   struct Row {
     WindowKind window;
     const char* inside;
@@ -173,14 +173,14 @@ TEST_F(Browsers, DrawBarsOfTheirKindsInTheThemesColour) {
     const auto rep = bar.bitmapImageRepForCachingDisplayInRect(bar.bounds());
     bar.cacheDisplayInRect(bar.bounds(), rep);
     const Rgba drawn = pixel(rep, 2, rep.pixelsHigh() / 2);
-    EXPECT_EQ(near(drawn, colourOf("LibraryColorHeaderBackground")), row.themed) << row.inside << row.index;
+    EXPECT_EQ(near(drawn, colorOf("LibraryColorHeaderBackground")), row.themed) << row.inside << row.index;
   }
 }
 
 TEST_F(Browsers, SwapTheImagesOfSwitchesOnceForEachChange) {
   const auto button = cast<NSButton>(view(WindowKind::kArrange, "MAABButton"));
-  const Rgba off = colourOf("On_OffToolbarIcons_OffSymbolsColor");
-  const Rgba on = colourOf("On_OffToolbarIcons_OnSymbolsColor");
+  const Rgba off = colorOf("On_OffToolbarIcons_OffSymbolsColor");
+  const Rgba on = colorOf("On_OffToolbarIcons_OnSymbolsColor");
   button.setState(0);
   for (const NSInteger state : {0, 1, 1, 0, 1}) {
     button.setState(state);
@@ -188,11 +188,10 @@ TEST_F(Browsers, SwapTheImagesOfSwitchesOnceForEachChange) {
     EXPECT_EQ(glyph(button, "alternateImage"), state == 1 ? off : on);
     EXPECT_EQ((call<"isBordered", BOOL>(button) != 0), state == 0);
   }
-  EXPECT_EQ(rgba(cast<NSButtonCell>(button.cell()).backgroundColor()),
-            colourOf("On_OffToolbarIcons_OnBackgroundColor"));
+  EXPECT_EQ(rgba(cast<NSButtonCell>(button.cell()).backgroundColor()), colorOf("On_OffToolbarIcons_OnBackgroundColor"));
   EXPECT_EQ(button.layer().cornerRadius(), 7);
   const auto once = cast<NSButton>(view(WindowKind::kArrange, "MAActionBarButton"));
-  EXPECT_EQ(glyph(once, "image"), colourOf("OneClickToolbarIconsSymbolsColor"));
+  EXPECT_EQ(glyph(once, "image"), colorOf("OneClickToolbarIconsSymbolsColor"));
 }
 
 }  // namespace

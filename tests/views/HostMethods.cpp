@@ -35,7 +35,7 @@ const Names kAdded{"-[MAView addSubview:]", "-[MAView dealloc]"};
 bool HostKind::meets(Needs needs) const {
   switch (needs) {
     case Needs::kImages:
-    case Needs::kTrackColours:
+    case Needs::kTrackColors:
       return images;
     case Needs::kHost112:
       return isAtLeast(11.2);

@@ -12,7 +12,7 @@
 #include "cocoa/Call.h"
 #include "host/mixer/MADynamicScaleNode.h"
 #include "host/mixer/MANode.h"
-#include "tests/support/KeyColours.h"
+#include "tests/support/KeyColors.h"
 #include "tests/support/Memory.h"
 
 namespace {
@@ -49,11 +49,11 @@ std::string thingAt(NSView view, CGPoint place) {
 
 /// Every colour that a theme can have, and those of the library in the host's catalogue.
 std::string loudTheme() {
-  support::ThemeFile theme = support::allColours();
+  support::ThemeFile theme = support::allColors();
   int index = 0;
   for (const char* name : {"LibraryHeader", "LibraryText", "LibraryPicture", "LibrarySearchField", "LibrarySearchText",
                            "LibrarySeparator"}) {
-    theme.text(name, support::colour(40 * ++index, 250, 200));
+    theme.text(name, support::color(40 * ++index, 250, 200));
   }
   return support::writeTheme(theme.list());
 }

@@ -7,7 +7,7 @@
 
 #include "cocoa/QuartzCore.h"
 #include "tests/support/HostTest.h"
-#include "tests/support/KeyColours.h"
+#include "tests/support/KeyColors.h"
 #include "tests/views/ViewTree.h"
 
 namespace {
@@ -23,7 +23,7 @@ constexpr const char* kTick = "scaleTickMarkColor";
 constexpr const char* kNumber = "scaleNumberColor";
 constexpr const char* kZero = "scale0DBTickMarkColor";
 
-std::string scaleTheme() { return writeTheme(coloursOf({kTick, kNumber, kZero}).list()); }
+std::string scaleTheme() { return writeTheme(colorsOf({kTick, kNumber, kZero}).list()); }
 
 class Legend : public HostTest {
  protected:
@@ -55,13 +55,13 @@ std::set<std::string> seenIn(NSBitmapImageRep bitmap, long fromX, long toX) {
     Rgba c = pixel(bitmap, fromX + i % (toX - fromX), i / (toX - fromX));
     if (std::exchange(c.alpha, 100) < 30) continue;
     for (const char* key : {kTick, kNumber, kZero}) {
-      if (near(c, colourOf(key), 4)) seen.insert(key);
+      if (near(c, colorOf(key), 4)) seen.insert(key);
     }
   }
   return seen;
 }
 
-TEST_F(Legend, RecoloursItsScaleOnceForEachSize) {
+TEST_F(Legend, RecolorsItsScaleOnceForEachSize) {
   const struct {
     FaderLength faders;
     CGSize size;
@@ -83,8 +83,8 @@ TEST_F(Legend, RecoloursItsScaleOnceForEachSize) {
   });
 }
 
-TEST_F(Legend, KeepsTheHostsScaleWithoutColoursForIt) {
-  start(writeTheme(coloursOf({"componentsLabelColor"}).list()));
+TEST_F(Legend, KeepsTheHostsScaleWithoutColorsForIt) {
+  start(writeTheme(colorsOf({"componentsLabelColor"}).list()));
   EXPECT_THAT(seenIn(bitmapOf(scale()), 0, 134), IsEmpty());
 }
 
@@ -101,11 +101,11 @@ TEST_F(Legend, ShowsAReadyMadeScaleOfTheThemes) {
   EXPECT_EQ(scale(), scale());
 }
 
-TEST_F(Legend, ColoursItsLabelsAndItsBackground) {
-  start(writeTheme(coloursOf({"componentsLabelColor", "componentsLabelBackgroundColor"}).list()));
-  const Rgba background = colourOf("componentsLabelBackgroundColor");
+TEST_F(Legend, ColorsItsLabelsAndItsBackground) {
+  start(writeTheme(colorsOf({"componentsLabelColor", "componentsLabelBackgroundColor"}).list()));
+  const Rgba background = colorOf("componentsLabelBackgroundColor");
   EXPECT_EQ(rgba(legend().layer().backgroundColor()), background);
-  std::size_t coloured = 0;
+  std::size_t colored = 0;
   for (const NSView label : viewsBelow(legend(), "MATextField")) {
     const NSAttributedString text = cast<NSTextField>(label).attributedStringValue();
     const std::string identifier = toStdString(call<"identifier", NSString>(label));
@@ -113,13 +113,13 @@ TEST_F(Legend, ColoursItsLabelsAndItsBackground) {
       EXPECT_EQ(rgba(label.superview().layer().backgroundColor()), background);
     }
     if (text.length() == 0) continue;
-    ++coloured;
+    ++colored;
     EXPECT_EQ(rgba(call<"attribute:atIndex:effectiveRange:", NSColor>(
                   text, NSForegroundColorAttributeName, text.length() - 1, static_cast<NSRange*>(nullptr))),
-              colourOf("componentsLabelColor"))
+              colorOf("componentsLabelColor"))
         << identifier;
   }
-  EXPECT_EQ(coloured, 14U) << "all but the one without a text";
+  EXPECT_EQ(colored, 14U) << "all but the one without a text";
   EXPECT_FALSE(item(literal<"MAMixerLegendNobodyKnows">()));
 }
 

@@ -54,9 +54,9 @@ OverrideRow row(Needs needs = Needs::kNothing) {
 template <std::size_t Index>
 OverrideRow liveLoopsRow() {
   using Counts = Counter<std::integral_constant<std::size_t, Index>, id()>;
-  const LiveLoopsRow& colour = kLiveLoopsRows[Index];
-  return {colour.provider,
-          colour.method,
+  const LiveLoopsRow& color = kLiveLoopsRows[Index];
+  return {color.provider,
+          color.method,
           false,
           Needs::kNothing,
           cocoa::detail::asImplementation(&Counts::counting),
@@ -171,7 +171,7 @@ std::vector<OverrideRow> tableOfPairs() {
       {"NSString",
        "localizedStringWithFormat:",
        true,
-       kTrackColours,
+       kTrackColors,
        reinterpret_cast<IMP>(reinterpret_cast<void (*)()>(&Format::counting)),
        &Format::original,
        &Format::count,

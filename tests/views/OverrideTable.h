@@ -8,7 +8,7 @@
 namespace support {
 
 /// What a pair needs besides a selected theme and its class.
-enum class Needs { kNothing, kImages, kTrackColours, kHost112, kHost123 };
+enum class Needs { kNothing, kImages, kTrackColors, kHost112, kHost123 };
 
 struct OverrideRow {
   const char* className;
