@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <string>
+#include <string_view>
 
 #include "cocoa/ClassDefinition.h"
 
@@ -55,36 +57,53 @@ inline bool exchangeMethods(Class cls, SEL hostSelector, SEL replacementSelector
 
 enum class Installation {
   kInstalled,
-  kNoHostMethod,   // the host's class neither has nor inherits the method: the pair is skipped
+  kNoClass,        // the host has no such class: the pair is skipped
+  kNoHostMethod,   // the class neither has nor inherits the method: the pair is skipped
   kOtherSignature  // the host's method takes or answers something else: the host keeps its own
 };
 
 enum class MethodKind { kInstance, kClass };
 
-/// A host method of `Target` and the method that replaces it, declared once with one signature.
-template <FixedString Target, class HostSignature, FixedString Host, FixedString Replacement,
+/// "custom" and the name of a host method, its first letter raised: what a replacement is called.
+template <std::size_t N>
+consteval auto replacementNameOf(const FixedString<N>& method) {
+  constexpr std::string_view kCustom = "custom";
+  char name[kCustom.size() + N]{};
+  std::ranges::copy(kCustom, name);
+  std::copy_n(method.text, N, name + kCustom.size());
+  char& first = name[kCustom.size()];
+  if (first >= 'a' && first <= 'z') first = static_cast<char>(first - 'a' + 'A');
+  return FixedString(name);
+}
+
+/// A host method of `Target`, and the name of the method that replaces it.
+template <FixedString Target, FixedString Host, class HostSignature, FixedString Replacement = replacementNameOf(Host),
           MethodKind Kind = MethodKind::kInstance>
 class Override;
 
-template <FixedString Target, class R, class... A, FixedString Host, FixedString Replacement, MethodKind Kind>
-class Override<Target, R(A...), Host, Replacement, Kind> {
+template <FixedString Target, FixedString Host, class R, class... A, FixedString Replacement, MethodKind Kind>
+class Override<Target, Host, R(A...), Replacement, Kind> {
   static_assert(Host.arguments() == sizeof...(A) && Replacement.arguments() == sizeof...(A),
                 "host selector, replacement selector and signature must agree in their number of arguments");
 
  public:
   using Signature = R(A...);
   static constexpr FixedString kTarget = Target;
+  static constexpr FixedString kHost = Host;
   static constexpr FixedString kReplacement = Replacement;
   static constexpr bool kOnMetaclass = Kind == MethodKind::kClass;
 
-  /// Exchanges the pair on the target class.
+  static std::string encoding() { return methodEncoding<R, A...>(); }
+
+  /// Exchanges the pair on the target class. A second time exchanges it back.
   static Installation install() {
     const Class target = classNamed<Target>();
+    if (target == nullptr) return Installation::kNoClass;
     const Class cls = kOnMetaclass ? metaclassOf(target) : target;
-    const Method host = cls == nullptr ? nullptr : class_getInstanceMethod(cls, selector<Host>());
+    const Method host = class_getInstanceMethod(cls, selector<Host>());
     if (host == nullptr) return Installation::kNoHostMethod;
-    const char* encoding = method_getTypeEncoding(host);
-    if (encoding == nullptr || !sameCallingConvention(encoding, methodEncoding<R, A...>())) {
+    const char* hostEncoding = method_getTypeEncoding(host);
+    if (hostEncoding == nullptr || !sameCallingConvention(hostEncoding, encoding())) {
       return Installation::kOtherSignature;
     }
     const IMP original = method_getImplementation(host);
@@ -105,15 +124,5 @@ class Override<Target, R(A...), Host, Replacement, Kind> {
  private:
   static inline IMP host_ = nullptr;
 };
-
-/// Exchanges pairs, once in a process however often it is sent: a second time would exchange them back.
-template <class... Pairs>
-void installOnce(Class /*self*/) {
-  static const bool installed = [] {
-    (static_cast<void>(Pairs::install()), ...);
-    return true;
-  }();
-  static_cast<void>(installed);
-}
 
 }  // namespace cocoa

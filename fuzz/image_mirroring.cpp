@@ -1,7 +1,7 @@
 // Any bytes as an image file: what can be read is mirrored, frame by frame, and mirrored twice is as before.
 
 #include "fuzz/Fuzzing.h"
-#include "plugin/theme/ThemeUtility.h"
+#include "plugin/imaging/ThemeImages.h"
 
 namespace {
 
@@ -30,18 +30,13 @@ bool haveSamePixels(NSImage a, NSImage b) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const bool defined = [] {
-    velura::defineThemeUtility();
-    return true;
-  }();
-  static_cast<void>(defined);
   const AutoreleasePool pool;
   const Ref<NSImage> image = NSImage::withData(NSData::dataWithBytes(data, size));
   if (!image) return 0;
-  velura::ThemeUtility theme;  // mirrors without looking at the theme
-  const NSImage once = theme.flipImageVertically(image);
+
+  const NSImage once = velura::flippedVertically(image);
   if (!once) return 0;
-  const NSImage twice = theme.flipImageVertically(once);
-  fuzzing::require(twice && haveSamePixels(theme.flipImageVertically(twice), once));
+  const NSImage twice = velura::flippedVertically(once);
+  fuzzing::require(twice && haveSamePixels(velura::flippedVertically(twice), once));
   return 0;
 }

@@ -7,8 +7,11 @@
 
 #include "cocoa/Dispatch.h"
 #include "cocoa/Exception.h"
+#include "plugin/arrange/Median.h"
 #include "plugin/arrange/OffScreen.h"
+#include "plugin/arrange/PrimaryMouseButton.h"
 #include "plugin/arrange/RegionLineColor.h"
+#include "plugin/arrange/RegionWalk.h"
 #include "plugin/arrange/TickDetection.h"
 #include "plugin/arrange/VLRGridSettingsReader.h"
 #include "plugin/hostapi/Accessibility.h"
@@ -17,61 +20,55 @@
 
 namespace velura {
 
-bool gVBGSampling = false;
-
 namespace {
 
 using namespace cocoa;
 
-// The snapshot: where the host had its ticks and regions when a view was last drawn with the button up. One
-// arrange view at a time owns it. Objects are kept for the life of the process.
-std::vector<double> gVBGBarXs;  // screen x
-std::vector<double> gVBGBeatXs;
-std::vector<double> gVBGDivXs;
-std::vector<CGRect> gVBGRegions;                                               // in the view's coordinates
-id gVBGSnapshotOwner = nullptr;                                                // not retained: only compared
-double gVBGSectionLeft = 0;                                                    // screen x of the view's left edge
-std::vector<Ref<NSColor>>& gVBGRegionColors = *new std::vector<Ref<NSColor>>;  // a region each, or null
-std::int32_t gVBGSampledMode = -1;
-double gVBGSampledStr = -1;
-double gVBGSampledVib = -1;
-double gVBGLastSampleTime = 0;
-bool gVBGSamplePending = false;
-bool gVBGMouseUpRefreshPending = false;
+/// What the grid remembers. One arrange view at a time owns the snapshot: where the host had its ticks and regions
+/// when the view was last drawn with the button up.
+struct GridState {
+  std::vector<double> gVBGBarXs;  // screen x
+  std::vector<double> gVBGBeatXs;
+  std::vector<double> gVBGDivXs;
+  std::vector<CGRect> gVBGRegions;             // in the view's coordinates
+  id gVBGSnapshotOwner = nullptr;              // not retained: only compared
+  double gVBGSectionLeft = 0;                  // screen x of the view's left edge
+  std::vector<Ref<NSColor>> gVBGRegionColors;  // one per region, or null
+  std::int32_t gVBGSampledMode = -1;
+  double gVBGSampledStr = -1;
+  double gVBGSampledVib = -1;
+  double gVBGLastSampleTime = 0;
+  bool gVBGSamplePending = false;
+  bool gVBGMouseUpRefreshPending = false;
+  bool gVBGSampling = false;
+};
+GridState& grid = *new GridState;  // kept for the life of the process
 
 void forgetColors() {
-  gVBGRegionColors.clear();
-  gVBGSampledMode = -1;
+  grid.gVBGRegionColors.clear();
+  grid.gVBGSampledMode = -1;
 }
 
 void dropSnapshot() {
-  gVBGBarXs.clear();
-  gVBGBeatXs.clear();
-  gVBGDivXs.clear();
-  gVBGRegions.clear();
-  gVBGSectionLeft = 0;
+  grid.gVBGBarXs.clear();
+  grid.gVBGBeatXs.clear();
+  grid.gVBGDivXs.clear();
+  grid.gVBGRegions.clear();
+  grid.gVBGSectionLeft = 0;
   forgetColors();
 }
 
 // ---- The snapshot -----------------------------------------------------------------------------------
 
-/// What the host says an element is, to tell the cycle's range from a region.
-NSString descriptionOf(NSObject element) {
-  const NSString description = accessibilityText(element, literal<"AXDescription">());
-  return description ? description : accessibilityText(element, literal<"AXTitle">());
-}
-
-std::vector<CGRect> regionsOf(NSView view) {
-  std::vector<CGRect> regions;
-  for (const NSObject row : items(accessibilityChildrenOf(view))) {
-    for (const NSObject element : items(accessibilityChildrenOf(row))) {
-      const auto frame = accessibilityFrame(element);
-      if (!frame || descriptionOf(element).isEqualToString(literal<"cycle region">())) continue;
-      regions.push_back(rectFromScreen(*frame, view));
-    }
-  }
-  return regions;
-}
+/// The regions lie in rows; what the host calls a cycle region is none.
+constexpr RegionRules kRegionRules{
+    .deepest = 2,
+    .isRegion = [](NSObject /*element*/, int depth) { return depth == 2; },
+    .describe =
+        [](NSObject element) {
+          const NSString description = accessibilityText(element, literal<"AXDescription">());
+          return description ? description : accessibilityText(element, literal<"AXTitle">());
+        }};
 
 /// The strip of a ruler that begins `offset` points below its top edge; nothing where the ruler ends before.
 std::optional<CGRect> stripOf(NSView ruler, CGRect visible, double offset) {
@@ -104,17 +101,17 @@ bool drawsAnyLines(const VLRGridSettings& settings) {
 }
 
 void takeSnapshot(NSView view, const VLRGridSettings& settings) {
-  gVBGSectionLeft = screenLeftOf(view);
-  gVBGRegions = foundBy([&] { return regionsOf(view); });
+  grid.gVBGSectionLeft = screenLeftOf(view);
+  grid.gVBGRegions = foundBy([&] { return regionsBelow(view, view, kRegionRules); });
   RulerTicks ticks = foundBy([&] {
     const NSView ruler = ArrangeSection(view.object).sibling(kRulerSection);
     const bool isWanted = ruler && ruler.window() && drawsAnyLines(settings);
-    return isWanted ? ticksOf(ruler, gVBGSectionLeft) : RulerTicks();
+    return isWanted ? ticksOf(ruler, grid.gVBGSectionLeft) : RulerTicks();
   });
-  gVBGBarXs = std::move(ticks.bars);
-  gVBGBeatXs = std::move(ticks.beats);
-  gVBGDivXs = std::move(ticks.divisions);
-  gVBGSnapshotOwner = view.object;
+  grid.gVBGBarXs = std::move(ticks.bars);
+  grid.gVBGBeatXs = std::move(ticks.beats);
+  grid.gVBGDivXs = std::move(ticks.divisions);
+  grid.gVBGSnapshotOwner = view.object;
 }
 
 // ---- Colours ----------------------------------------------------------------------------------------
@@ -173,39 +170,39 @@ bool areSameColors(const std::vector<Ref<NSColor>>& a, const std::vector<Ref<NSC
 /// Marks off-screen drawing for region colours.
 class Sampling {
  public:
-  Sampling() { gVBGSampling = true; }
+  Sampling() { grid.gVBGSampling = true; }
   Sampling(const Sampling&) = delete;
   Sampling& operator=(const Sampling&) = delete;
-  ~Sampling() { gVBGSampling = false; }
+  ~Sampling() { grid.gVBGSampling = false; }
 };
 
 void sampleRegions(NSView view) {
-  gVBGSamplePending = false;
-  gVBGLastSampleTime = CFAbsoluteTimeGetCurrent();
+  grid.gVBGSamplePending = false;
+  grid.gVBGLastSampleTime = CFAbsoluteTimeGetCurrent();
   const VLRGridSettings settings = VLRGridSettingsReader::shared().settings();
   if (isPrimaryMouseButtonDown() || !view.window() || settings.colorMode == 0) return;
-  if (gVBGSnapshotOwner != view.object || gVBGRegions.empty()) return;
+  if (grid.gVBGSnapshotOwner != view.object || grid.gVBGRegions.empty()) return;
   std::vector<Ref<NSColor>> colors;
   {
     const Sampling sampling;
     const CGRect visible = view.visibleRect();
-    for (const CGRect region : std::vector(gVBGRegions)) {
+    for (const CGRect region : std::vector(grid.gVBGRegions)) {
       colors.push_back(sampledColor(view, region, visible, settings));
     }
   }
-  const bool changed = !areSameColors(colors, gVBGRegionColors);
-  gVBGRegionColors = std::move(colors);
-  gVBGSampledMode = settings.colorMode;
-  gVBGSampledStr = settings.adaptiveStrength;
-  gVBGSampledVib = settings.tintVibrance;
+  const bool changed = !areSameColors(colors, grid.gVBGRegionColors);
+  grid.gVBGRegionColors = std::move(colors);
+  grid.gVBGSampledMode = settings.colorMode;
+  grid.gVBGSampledStr = settings.adaptiveStrength;
+  grid.gVBGSampledVib = settings.tintVibrance;
   if (changed) view.setNeedsDisplay(true);
 }
 
 bool areColorsOutOfDate(const VLRGridSettings& settings) {
   constexpr double kLongest = 2;  // seconds
-  return settings.colorMode != gVBGSampledMode || settings.adaptiveStrength != gVBGSampledStr ||
-         settings.tintVibrance != gVBGSampledVib || gVBGRegionColors.size() != gVBGRegions.size() ||
-         CFAbsoluteTimeGetCurrent() - gVBGLastSampleTime >= kLongest;
+  return settings.colorMode != grid.gVBGSampledMode || settings.adaptiveStrength != grid.gVBGSampledStr ||
+         settings.tintVibrance != grid.gVBGSampledVib || grid.gVBGRegionColors.size() != grid.gVBGRegions.size() ||
+         CFAbsoluteTimeGetCurrent() - grid.gVBGLastSampleTime >= kLongest;
 }
 
 // ---- Drawing ----------------------------------------------------------------------------------------
@@ -214,14 +211,14 @@ struct LineKind {
   bool VLRGridSettings::*enabled;
   double VLRGridSettings::*opacity;
   double VLRGridSettings::*width;
-  const std::vector<double>& positions;
+  std::vector<double> GridState::*positions;
 };
 
 /// In the order in which they are drawn: bars end up on top.
-const LineKind kLineKinds[] = {
-    {&VLRGridSettings::divEnabled, &VLRGridSettings::divOpacity, &VLRGridSettings::divWidth, gVBGDivXs},
-    {&VLRGridSettings::beatEnabled, &VLRGridSettings::beatOpacity, &VLRGridSettings::beatWidth, gVBGBeatXs},
-    {&VLRGridSettings::barEnabled, &VLRGridSettings::barOpacity, &VLRGridSettings::barWidth, gVBGBarXs},
+constexpr LineKind kLineKinds[] = {
+    {&VLRGridSettings::divEnabled, &VLRGridSettings::divOpacity, &VLRGridSettings::divWidth, &GridState::gVBGDivXs},
+    {&VLRGridSettings::beatEnabled, &VLRGridSettings::beatOpacity, &VLRGridSettings::beatWidth, &GridState::gVBGBeatXs},
+    {&VLRGridSettings::barEnabled, &VLRGridSettings::barOpacity, &VLRGridSettings::barWidth, &GridState::gVBGBarXs},
 };
 
 /// Whether a line of a region may stand at `x`: one beside its left edge would look like part of it.
@@ -239,8 +236,8 @@ void drawLines(CGRect region, const std::vector<double>& positions, NSColor colo
   const double top = region.minY() + kTopEdge;
   const double bottom = region.maxY();
   if (!(top < bottom)) return;
-  const auto first = std::ranges::lower_bound(positions, region.minX() + gVBGSectionLeft - kSearchMargin);
-  const auto last = std::ranges::upper_bound(positions, region.maxX() + gVBGSectionLeft + kSearchMargin);
+  const auto first = std::ranges::lower_bound(positions, region.minX() + grid.gVBGSectionLeft - kSearchMargin);
+  const auto last = std::ranges::upper_bound(positions, region.maxX() + grid.gVBGSectionLeft + kSearchMargin);
   if (first == last) return;
   const SavedGraphicsState saved;
   color.colorWithAlphaComponent(alpha).setStroke();
@@ -248,7 +245,7 @@ void drawLines(CGRect region, const std::vector<double>& positions, NSColor colo
   const NSBezierPath path = NSBezierPath::bezierPath();
   path.setLineWidth(width);
   for (auto position = first; position != last; ++position) {
-    const double x = std::floor(*position - gVBGSectionLeft) + 0.5;
+    const double x = std::floor(*position - grid.gVBGSectionLeft) + 0.5;
     if (!isLinePlace(x, region)) continue;
     path.moveToPoint({x, top});
     path.lineToPoint({x, bottom});
@@ -259,17 +256,18 @@ void drawLines(CGRect region, const std::vector<double>& positions, NSColor colo
 void drawRegion(CGRect region, NSColor color, const VLRGridSettings& settings) {
   for (const LineKind& kind : kLineKinds) {
     if (settings.*kind.enabled) {
-      drawLines(region, kind.positions, color, settings.*kind.opacity * settings.masterOpacity, settings.*kind.width);
+      drawLines(region, grid.*kind.positions, color, settings.*kind.opacity * settings.masterOpacity,
+                settings.*kind.width);
     }
   }
 }
 
 void drawRegions(CGRect dirty, const VLRGridSettings& settings) {
   const NSColor grey = NSColor::colorWithWhite(settings.lineGray, 1);
-  for (std::size_t i = 0; i < gVBGRegions.size(); ++i) {
-    if (!CGRectIntersectsRect(gVBGRegions[i], dirty)) continue;
-    const bool hasColor = i < gVBGRegionColors.size() && gVBGRegionColors[i];
-    drawRegion(gVBGRegions[i], hasColor ? gVBGRegionColors[i].get() : grey, settings);
+  for (std::size_t i = 0; i < grid.gVBGRegions.size(); ++i) {
+    if (!CGRectIntersectsRect(grid.gVBGRegions[i], dirty)) continue;
+    const bool hasColor = i < grid.gVBGRegionColors.size() && grid.gVBGRegionColors[i];
+    drawRegion(grid.gVBGRegions[i], hasColor ? grid.gVBGRegionColors[i].get() : grey, settings);
   }
 }
 
@@ -277,46 +275,40 @@ void pollMouse(Ref<NSView> view) {
   constexpr double kPollInterval = 0.15;  // seconds
   asyncAfter(kPollInterval, dispatch_get_main_queue(), [view = std::move(view)] {
     if (isPrimaryMouseButtonDown()) return pollMouse(view);
-    gVBGMouseUpRefreshPending = false;
+    grid.gVBGMouseUpRefreshPending = false;
     if (view->window()) view->setNeedsDisplay(true);
   });
 }
 
 }  // namespace
 
-bool isPrimaryMouseButtonDown() { return (NSEvent::pressedMouseButtons() & 1U) != 0; }
-
-double VLRBGMedian(std::vector<double>& numbers) {
-  if (numbers.empty()) return 0;
-  std::ranges::sort(numbers);
-  return numbers[numbers.size() / 2];
-}
+bool isGridSampling() { return grid.gVBGSampling; }
 
 void VLRBGScheduleMouseUpRefresh(NSView view) {
-  if (gVBGMouseUpRefreshPending) return;
-  gVBGMouseUpRefreshPending = true;
+  if (grid.gVBGMouseUpRefreshPending) return;
+  grid.gVBGMouseUpRefreshPending = true;
   pollMouse(view);
 }
 
 void VLRBGScheduleRegionSampleIfNeeded(NSView view) {
   const VLRGridSettings settings = VLRGridSettingsReader::shared().settings();
   if (settings.colorMode == 0) return forgetColors();
-  if (gVBGSamplePending || !areColorsOutOfDate(settings)) return;
-  gVBGSamplePending = true;
+  if (grid.gVBGSamplePending || !areColorsOutOfDate(settings)) return;
+  grid.gVBGSamplePending = true;
   async(dispatch_get_main_queue(), [view = Ref<NSView>(view)] { sampleRegions(view); });
 }
 
 void VLRBundleGridPostDraw(NSView view, CGRect dirty) {
-  if (gVBGSampling || !view || !view.window()) return;
+  if (grid.gVBGSampling || !view || !view.window()) return;
   const VLRGridSettings settings = VLRGridSettingsReader::shared().settings();
   if (!settings.enabled) return dropSnapshot();
   if (isPrimaryMouseButtonDown()) {
-    if (gVBGSnapshotOwner != view.object) return;
+    if (grid.gVBGSnapshotOwner != view.object) return;
     VLRBGScheduleMouseUpRefresh(view);
   } else {
     takeSnapshot(view, settings);
   }
-  if (gVBGRegions.empty()) return;
+  if (grid.gVBGRegions.empty()) return;
   VLRBGScheduleRegionSampleIfNeeded(view);
   drawRegions(dirty, settings);
 }

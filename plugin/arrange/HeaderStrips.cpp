@@ -5,9 +5,9 @@
 #include <numbers>
 
 #include "cocoa/Exception.h"
-#include "plugin/gradient/GradientSwitch.h"
 #include "plugin/hostapi/ArrangeView.h"
 #include "plugin/text/Truncated.h"
+#include "plugin/theme/GradientSwitch.h"
 #include "plugin/theme/ThemeUtility.h"
 #include "plugin/theme/VLRStripBevel.h"
 #include "plugin/theme/VLRStripGradient.h"
@@ -75,7 +75,7 @@ struct StripKind {
   std::uint64_t ThemeUtility::*opacity;  // of the track's own colour, in percent
 };
 
-const StripKind& kindOf(const TrackRecord& track) {
+const StripKind& stripKindOf(const TrackRecord& track) {
   static constexpr StripKind kKinds[] = {
       {key<"arrangeStripBackgroundColor">, &ThemeUtility::arrangeOpacity},
       {key<"arrangeStripHighlightBackgroundColor">, &ThemeUtility::arrangeHighlightedOpacity},
@@ -88,7 +88,7 @@ const StripKind& kindOf(const TrackRecord& track) {
 NSColor sampledStripColor(NSColor sample, const TrackRecord& track) {
   constexpr double kPercent = 100;
   const ThemeUtility& theme = ThemeUtility::shared();
-  const StripKind& kind = kindOf(track);
+  const StripKind& kind = stripKindOf(track);
   const std::uint64_t opacity = theme.*kind.opacity;
   return opacity != 0 ? sample.colorWithAlphaComponent(static_cast<double>(opacity) / kPercent)
                       : theme.colorForKey(kind.key);
@@ -109,7 +109,7 @@ void forEachTrack(const HeaderColumn& column, bool flipped, Visit&& visit) {
 std::vector<HeaderStrip> themedStrips(const HeaderColumn& column, bool flipped) {
   std::vector<HeaderStrip> strips;
   forEachTrack(column, flipped, [&](const TrackRecord& track, CGRect rect) {
-    const NSColor color = ThemeUtility::shared().colorForKey(kindOf(track).key);
+    const NSColor color = ThemeUtility::shared().colorForKey(stripKindOf(track).key);
     if (color) strips.push_back({rect, color, track.selected});
   });
   return strips;
@@ -186,7 +186,7 @@ const VLRStripGradient* gradientFor(const HeaderStrip& strip) {
   return fallsBack ? plain : selected;
 }
 
-StripPlan planFor(const HeaderStrip& strip, bool gradientsOff) {
+StripPlan stripPlanFor(const HeaderStrip& strip, bool gradientsOff) {
   const ThemeUtility& theme = ThemeUtility::shared();
   const VLRStripGradient* gradient = gradientsOff ? nullptr : gradientFor(strip);
   if (gradient == nullptr || gradient->hasAnchors) return {nullptr, strip.color, {}};
@@ -260,7 +260,7 @@ void paintBevel(CGContextRef context, const HeaderStrip& strip, bool flipped) {
 
 void paintStrip(CGContextRef context, const HeaderStrip& strip, bool flipped) {
   const bool gradientsOff = VLRGradientsDisabled();
-  const StripPlan plan = planFor(strip, gradientsOff);
+  const StripPlan plan = stripPlanFor(strip, gradientsOff);
   paintGround(context, strip, plan, flipped);
   if (plan.overlay) fillWith(context, strip.rect, plan.overlay);
   if (!gradientsOff) paintBevel(context, strip, flipped);

@@ -2,16 +2,17 @@
 
 #include "cocoa/Association.h"
 #include "cocoa/Exception.h"
-#include "cocoa/Override.h"
 #include "plugin/arrange/GridOverlay.h"
 #include "plugin/arrange/HeaderStrips.h"
 #include "plugin/arrange/MarkerBandDiagnostics.h"
 #include "plugin/arrange/MarkerBands.h"
 #include "plugin/arrange/VLRGridSettingsReader.h"
+#include "plugin/gradient/FillOver.h"
 #include "plugin/hostapi/ArrangeView.h"
 #include "plugin/hostapi/HostVersion.h"
 #include "plugin/imaging/MyNSBitmapImageRep.h"
-#include "plugin/loader/Attach.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/text/Truncated.h"
 #include "plugin/theme/SelectedTheme.h"
 #include "plugin/theme/ThemeUtility.h"
@@ -21,25 +22,12 @@ namespace {
 
 using namespace cocoa;
 
-using HeaderDrawRect = Override<"ArrangeTrackHeaderSectionView", void(CGRect), "drawRect:", "customDrawRect:">;
-using HeaderMouseDown = Override<"ArrangeTrackHeaderSectionView", void(NSEvent), "mouseDown:", "customMouseDown:">;
-using HeaderMouseUp = Override<"ArrangeTrackHeaderSectionView", void(NSEvent), "mouseUp:", "customMouseUp:">;
-using ContentsDrawRect =
-    Override<"ArrangeContentsSectionView", void(CGRect), "drawRect:", "customArrangeContentsDrawRect:">;
-using ContentsMoved = Override<"ArrangeContentsSectionView", void(), "viewDidMoveToWindow", "vlr_viewDidMoveToWindow">;
-using ContentsDealloc = Override<"ArrangeContentsSectionView", void(), "dealloc", "vlr_dealloc">;
-using SectionDrawRect = Override<"CLgSectionView", void(CGRect), "drawRect:", "customGlobalTracksContentsDrawRect:">;
-using WindowBackground =
-    Override<"CLgDocwContentView", NSColor(), "backgroundColor", "clgDocwContentViewBackgroundColor">;
+constexpr FixedString kArrangeTrackHeaderSectionView{"ArrangeTrackHeaderSectionView"};
+constexpr FixedString kArrangeContentsSectionView{"ArrangeContentsSectionView"};
 
 // What hangs on a header view: its canvas, and the track table of a mouse press.
 const char kBackupImageRep = 0;
 const char kCachedTrackData = 0;
-
-void fill(CGRect rect, NSColor color) {
-  color.setFill();
-  NSRectFillUsingOperation(rect, NSCompositingOperationSourceOver);
-}
 
 // ---- Track headers ------------------------------------------------------------------------------------
 
@@ -66,7 +54,8 @@ NSInteger getXOffset(NSView header, BOOL* colorBarShown, BOOL* trackNumbersShown
   return bar.column;
 }
 
-void drawHostHeader(NSView header, CGRect rect) { HeaderDrawRect::callHost(header, rect); }
+/// What the host itself draws into its headers.
+void drawHostHeader(NSView header, CGRect rect);
 
 std::vector<HeaderStrip> currentStrips(NSView header, CGRect dirty) {
   const NSInteger column = colorBarOf(header).column;
@@ -112,31 +101,47 @@ bool hasStrips(const ThemeUtility& theme) {
   return theme.useTrackColorAsArrangeStripBackground || !plain;
 }
 
-void customDrawRect(NSView header, CGRect dirty) {
-  constexpr double kEmptyGrey = 97.0 / 255;
-  const auto raised = guarded([&] {
-    updateBackupBitmapRep(header);
-    const ThemeUtility& theme = ThemeUtility::shared();
-    const NSColor empty = theme.colorForKey(key<"EmptyAreaBelow">);
-    fill(dirty, empty ? empty : NSColor::colorWithSRGBRed(kEmptyGrey, kEmptyGrey, kEmptyGrey, 1));
-    if (hasStrips(theme)) paintStrips(currentStrips(header, dirty), dirty);
-  });
-  static_cast<void>(raised);  // the host's headers are drawn whatever happened
-  HeaderDrawRect::callHost(header, dirty);
-}
+struct HeaderDrawRect : HostOverride<kArrangeTrackHeaderSectionView, "drawRect:", void(CGRect)> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kTrackHeaders);
 
-void customMouseDown(NSView header, NSEvent event) {
-  setCachedTrackData(header, trackTableOf(header));
-  HeaderMouseDown::callHost(header, event);
-}
+  static void themed(NSView header, CGRect dirty) {
+    constexpr double kEmptyGrey = 97.0 / 255;
+    const auto raised = guarded([&] {
+      updateBackupBitmapRep(header);
+      const ThemeUtility& theme = ThemeUtility::shared();
+      const NSColor empty = theme.colorForKey(key<"EmptyAreaBelow">);
+      fillOver(dirty, empty ? empty : NSColor::colorWithSRGBRed(kEmptyGrey, kEmptyGrey, kEmptyGrey, 1));
+      if (hasStrips(theme)) paintStrips(currentStrips(header, dirty), dirty);
+    });
+    static_cast<void>(raised);  // the host's headers are drawn whatever happened
+    callHost(header, dirty);
+  }
+};
 
-void customMouseUp(NSView header, NSEvent event) {
-  HeaderMouseUp::callHost(header, event);
-  setCachedTrackData(header, NSData());
-  header.setNeedsDisplay(true);
-}
+void drawHostHeader(NSView header, CGRect rect) { HeaderDrawRect::callHost(header, rect); }
 
-bool isTrackHeader(NSView view) { return view.className().isEqualToString(literal<"ArrangeTrackHeaderSectionView">()); }
+struct HeaderMouseDown : HostOverride<kArrangeTrackHeaderSectionView, "mouseDown:", void(NSEvent)> {
+  static constexpr Condition kWhen = Condition::kSinceHost12_3;
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kHost);
+
+  static void themed(NSView header, NSEvent event) {
+    setCachedTrackData(header, trackTableOf(header));
+    callHost(header, event);
+  }
+};
+
+struct HeaderMouseUp : HostOverride<kArrangeTrackHeaderSectionView, "mouseUp:", void(NSEvent)> {
+  static constexpr Condition kWhen = Condition::kSinceHost12_3;
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kHost);
+
+  static void themed(NSView header, NSEvent event) {
+    callHost(header, event);
+    setCachedTrackData(header, NSData());
+    header.setNeedsDisplay(true);
+  }
+};
+
+bool isTrackHeader(NSView view) { return view.className().isEqualToString(literal<kArrangeTrackHeaderSectionView>()); }
 
 /// The editor of a track's name lets the strip shine through, and its text would be hard to read.
 void makeOpaque(NSView editor) {
@@ -181,16 +186,21 @@ NSColor workspaceColor() {
   }
 }
 
-void customArrangeContentsDrawRect(NSView view, CGRect dirty) {
-  if (const NSColor workspace = workspaceColor()) fill(dirty, workspace);
-  ContentsDrawRect::callHost(view, dirty);
-  // When the host raises in one of them, what it has drawn stays, and the others draw.
-  if (!gVBGSampling) {
-    static_cast<void>(guarded([&] { VLRMarkerBandsDraw(view, dirty); }));
-    static_cast<void>(guarded([&] { VLRBundleGridPostDraw(view, dirty); }));
+struct ContentsDrawRect
+    : HostOverride<kArrangeContentsSectionView, "drawRect:", void(CGRect), "customArrangeContentsDrawRect:"> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kArrangeContents);
+
+  static void themed(NSView view, CGRect dirty) {
+    if (const NSColor workspace = workspaceColor()) fillOver(dirty, workspace);
+    callHost(view, dirty);
+    // When the host raises in one of them, what it has drawn stays, and the others draw.
+    if (!isGridSampling()) {
+      static_cast<void>(guarded([&] { VLRMarkerBandsDraw(view, dirty); }));
+      static_cast<void>(guarded([&] { VLRBundleGridPostDraw(view, dirty); }));
+    }
+    static_cast<void>(guarded([&] { VLRMarkerProbe(view); }));
   }
-  static_cast<void>(guarded([&] { VLRMarkerProbe(view); }));
-}
+};
 
 /// The key under which a view records that it listens: the selector's own address.
 const void* registrationKey() { return selector<"vlr_registerForGridSettingsIfNeeded">(); }
@@ -210,77 +220,55 @@ void unregisterForGridSettings(NSView view) {
 
 void gridSettingsDidChange(NSView view, NSObject /*notification*/) { view.setNeedsDisplay(true); }
 
-void contentsDidMoveToWindow(NSView view) {
-  ContentsMoved::callHost(view);
-  if (view.window()) {
-    registerForGridSettings(view);
-  } else {
-    unregisterForGridSettings(view);
-  }
-}
+struct ContentsMoved
+    : HostOverride<kArrangeContentsSectionView, "viewDidMoveToWindow", void(), "vlr_viewDidMoveToWindow"> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kArrangeContents);
 
-void contentsDealloc(NSView view) {
-  unregisterForGridSettings(view);
-  ContentsDealloc::callHost(view);
-}
+  static void themed(NSView view) {
+    callHost(view);
+    if (view.window()) {
+      registerForGridSettings(view);
+    } else {
+      unregisterForGridSettings(view);
+    }
+  }
+};
+
+struct ContentsDealloc : HostOverride<kArrangeContentsSectionView, "dealloc", void(), "vlr_dealloc"> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kHost);
+
+  static void themed(NSView view) {
+    unregisterForGridSettings(view);
+    callHost(view);
+  }
+};
 
 // ---- Global tracks and the window ---------------------------------------------------------------------
 
-void customGlobalTracksContentsDrawRect(NSView view, CGRect dirty) {
-  const NSColor bar = ThemeUtility::shared().colorForKey(key<"GlobalTracks_ContentBar_BG">);
-  if (bar && ArrangeSection(view.object).section() == kRulerSection) fill(dirty, bar);
-  SectionDrawRect::callHost(view, dirty);
-}
+struct SectionDrawRect
+    : HostOverride<"CLgSectionView", "drawRect:", void(CGRect), "customGlobalTracksContentsDrawRect:"> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kHost);
 
-NSColor clgDocwContentViewBackgroundColor(NSView view) {
-  const NSColor separators = ThemeUtility::shared().colorForKey(key<"MainSeparators">);
-  return separators ? separators : WindowBackground::callHost(view);
-}
+  static void themed(NSView view, CGRect dirty) {
+    const NSColor bar = ThemeUtility::shared().colorForKey(key<"GlobalTracks_ContentBar_BG">);
+    if (bar && ArrangeSection(view.object).section() == kRulerSection) fillOver(dirty, bar);
+    callHost(view, dirty);
+  }
+};
 
-/// Exchanges the overrides of one host class once; a host that brings the class along later is asked again.
-template <class Install>
-void onceFor(const char* className, bool& done, Install&& install) {
-  if (done || classNamed(className) == nullptr) return;
-  done = true;
-  install();
-}
+struct WindowBackground
+    : HostOverride<"CLgDocwContentView", "backgroundColor", NSColor(), "clgDocwContentViewBackgroundColor"> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kSeparators);
 
-void addSwizzleMethod(Class /*self*/) {
-  if (!VLRIsCustomThemeSelected()) return;
-  static bool headers = false;
-  static bool contents = false;
-  static bool sections = false;
-  static bool windows = false;
-  onceFor("ArrangeTrackHeaderSectionView", headers, [] {
-    HeaderDrawRect::install();
-    if (!isHostEqualOrNewerThan("12.3")) return;
-    HeaderMouseDown::install();
-    HeaderMouseUp::install();
-  });
-  onceFor("ArrangeContentsSectionView", contents, [] {
-    ContentsDrawRect::install();
-    ContentsMoved::install();
-    ContentsDealloc::install();
-  });
-  onceFor("CLgSectionView", sections, [] { SectionDrawRect::install(); });
-  onceFor("CLgDocwContentView", windows, [] { WindowBackground::install(); });
-}
+  static NSColor themed(NSView view) {
+    const NSColor separators = ThemeUtility::shared().colorForKey(key<"MainSeparators">);
+    return separators ? separators : callHost(view);
+  }
+};
 
-}  // namespace
-
-void attachMAViewThemeSupport() {
-  CategoryDefinition("MAView")
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>()
-      .ownMethod<"addSubview:", addSubview>()
+void addMethods(CategoryDefinition& category) {
+  category.ownMethod<"addSubview:", addSubview>()
       .ownMethod<"dealloc", dealloc>()
-      .replacement<HeaderDrawRect, customDrawRect>()
-      .replacement<HeaderMouseDown, customMouseDown>()
-      .replacement<HeaderMouseUp, customMouseUp>()
-      .replacement<ContentsDrawRect, customArrangeContentsDrawRect>()
-      .replacement<ContentsMoved, contentsDidMoveToWindow>()
-      .replacement<ContentsDealloc, contentsDealloc>()
-      .replacement<SectionDrawRect, customGlobalTracksContentsDrawRect>()
-      .replacement<WindowBackground, clgDocwContentViewBackgroundColor>()
       .method<"backupImageRep", backupImageRep>()
       .method<"setBackupImageRep:", setBackupImageRep>()
       .method<"vlrCachedTrackData", cachedTrackData>()
@@ -295,5 +283,15 @@ void attachMAViewThemeSupport() {
       .method<"vlr_unregisterForGridSettingsIfNeeded", unregisterForGridSettings>()
       .method<"vlr_gridSettingsDidChange:", gridSettingsDidChange>();
 }
+
+}  // namespace
+
+namespace overrides {
+extern constinit const ThemedClass MAView =
+    OverridesOf<"MAView", HeaderDrawRect, HeaderMouseDown, HeaderMouseUp, ContentsDrawRect, ContentsMoved,
+                ContentsDealloc, SectionDrawRect, WindowBackground>::
+        themedClass<InstallationRules{.when = Condition::kCustomTheme, .repetition = Repetition::kOnceTargetExists},
+                    addMethods>();
+}  // namespace overrides
 
 }  // namespace velura

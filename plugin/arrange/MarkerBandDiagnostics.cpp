@@ -10,7 +10,7 @@
 #include <string_view>
 
 #include "cocoa/Exception.h"
-#include "plugin/arrange/GridOverlay.h"
+#include "plugin/arrange/PrimaryMouseButton.h"
 #include "plugin/files/AtomicWrite.h"
 #include "plugin/files/FileExists.h"
 #include "plugin/hostapi/Accessibility.h"

@@ -3,8 +3,8 @@
 
 #include <cstdarg>
 
-#include "cocoa/Override.h"
-#include "plugin/loader/Attach.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/theme/ThemeUtility.h"
 
 namespace velura {
@@ -12,39 +12,37 @@ namespace {
 
 using namespace cocoa;
 
-/// Variadic, as the method that it stands in for.
-id customLocalizedStringWithFormat(id self, SEL /*selector*/, id format, ...) {
-  const id made = call<"alloc", id>(self);
-  // The mode is the main thread's: texts that others format meanwhile are wanted.
-  if (NSThread::isMainThread() && ThemeUtility::shared().isInDrawingMode) {
-    return autoreleased(Ref<NSString>::adopt(call<"init", NSString>(made))).object;
-  }
-  using InitWithFormat = id (*)(id, SEL, id, id, va_list);
-  const SEL init = selector<"initWithFormat:locale:arguments:">();
-  va_list arguments;
-  va_start(arguments, format);
-  const auto implementation = reinterpret_cast<InitWithFormat>(
-      reinterpret_cast<void (*)()>(class_getMethodImplementation(object_getClass(made), init)));
-  const auto locale = call<"currentLocale", id>(classNamed("NSLocale"));
-  const auto text = Ref<NSString>::adopt(NSString(implementation(made, init, format, locale, arguments)));
-  va_end(arguments);
-  return autoreleased(text).object;
-}
+constexpr FixedString kClass{"NSString"};
 
-void addSwizzleMethod(Class /*self*/) {
-  static bool installed = false;
-  if (installed) return;
-  installed = true;
-  exchangeMethods(metaclassOf(classNamed<"NSString">()), selector<"localizedStringWithFormat:">(),
-                  selector<"customLocalizedStringWithFormat:">());
-}
+/// Variadic, as the method that it stands in for: the format's arguments follow it.
+struct LocalizedStringWithFormat : HostClassOverride<kClass, "localizedStringWithFormat:", id(id)> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kHost);
+
+  static void attachTo(CategoryDefinition& category) { category.variadicClassMethod<kReplacement>(themed); }
+
+  static id themed(id self, SEL /*selector*/, id format, ...) {
+    const id made = call<"alloc", id>(self);
+    // The mode is the main thread's: texts that others format meanwhile are wanted.
+    if (NSThread::isMainThread() && ThemeUtility::shared().isInDrawingMode) {
+      return autoreleased(Ref<NSString>::adopt(call<"init", NSString>(made))).object;
+    }
+    using InitWithFormat = id (*)(id, SEL, id, id, va_list);
+    const SEL init = selector<"initWithFormat:locale:arguments:">();
+    va_list arguments;
+    va_start(arguments, format);
+    const auto implementation = reinterpret_cast<InitWithFormat>(
+        reinterpret_cast<void (*)()>(class_getMethodImplementation(object_getClass(made), init)));
+    const auto locale = call<"currentLocale", id>(classNamed("NSLocale"));
+    const auto text = Ref<NSString>::adopt(NSString(implementation(made, init, format, locale, arguments)));
+    va_end(arguments);
+    return autoreleased(text).object;
+  }
+};
 
 }  // namespace
 
-void attachNSStringThemeSupport() {
-  CategoryDefinition("NSString")
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>()
-      .variadicClassMethod<"customLocalizedStringWithFormat:">(customLocalizedStringWithFormat);
-}
+namespace overrides {
+extern constinit const ThemedClass NSString = OverridesOf<kClass, LocalizedStringWithFormat>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

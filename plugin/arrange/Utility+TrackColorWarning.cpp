@@ -4,7 +4,6 @@
 #include "cocoa/Dispatch.h"
 #include "cocoa/Exception.h"
 #include "plugin/hostapi/ArrangeView.h"
-#include "plugin/loader/Attach.h"
 #include "plugin/theme/ThemeUtility.h"
 
 namespace velura {
@@ -61,6 +60,20 @@ void showHelp(NSObject /*self*/) {
   static_cast<void>(NSWorkspace::sharedWorkspace().openURL(NSURL::URLWithString(literal<kHelpAddress>())));
 }
 
+/// A document that was opened without colour bars under a theme that needs them.
+void handleDocumentDidOpen(NSObject theme, NSNotification notification) {
+  const auto arrangeView =
+      foundBy([&] { return arrangeViewOf(notification.userInfo().objectForKey(literal<"CLgSongDocument">())); });
+  if (!arrangeView || isArrangeColorBarVisible(arrangeView)) return;
+  if (stateOf<ThemeUtility>(theme).useTrackColorAsArrangeStripBackground) showArrangeUseTrackColorAlert();
+}
+
+void observe(NSObject theme) {
+  NSNotificationCenter::defaultCenter().addObserver(theme, selector<"handleDocumentDidOpen:">(),
+                                                    literal<"CLgDocumentControllerNotification_documentDidOpen">(),
+                                                    NSObject());
+}
+
 }  // namespace
 
 bool isArrangeColorBarVisible(NSObject arrangeView) {
@@ -74,18 +87,13 @@ void showArrangeUseTrackColorAlert() {
   async(dispatch_get_main_queue(), runAlert);
 }
 
-void checkOpenedDocument(NSNotification notification) {
-  const auto arrangeView =
-      foundBy([&] { return arrangeViewOf(notification.userInfo().objectForKey(literal<"CLgSongDocument">())); });
-  if (!arrangeView || isArrangeColorBarVisible(arrangeView)) return;
-  if (ThemeUtility::shared().useTrackColorAsArrangeStripBackground) showArrangeUseTrackColorAlert();
-}
-
 void attachUtilityTrackColorWarning() {
   CategoryDefinition("Utility")
       .classMethod<"isArrangeColorBarVisible:", colorBarVisible>()
       .classMethod<"showArrangeUseTrackColorAlert", showAlert>()
       .method<"showUseTrackColorHelp", showHelp>();
+  CategoryDefinition("ThemeUtility").method<"handleDocumentDidOpen:", handleDocumentDidOpen>();
+  ThemeUtility::whenMade(observe);
 }
 
 }  // namespace velura

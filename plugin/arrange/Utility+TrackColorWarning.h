@@ -11,7 +11,7 @@ bool isArrangeColorBarVisible(NSObject arrangeView);
 /// asked not to be told again.
 void showArrangeUseTrackColorAlert();
 
-/// Warns about a document that was opened without colour bars under a theme that needs them.
-void checkOpenedDocument(NSNotification notification);
+/// Adds the messages of the warning to the class `Utility`, and has the theme warn of documents that are opened.
+void attachUtilityTrackColorWarning();
 
 }  // namespace velura

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "cocoa/ClassDefinition.h"
+#include "plugin/gradient/FillOver.h"
 #include "plugin/theme/ThemeUtility.h"
 #include "plugin/theme/VLRStripBevel.h"
 #include "plugin/theme/VLRStripGradient.h"
@@ -99,7 +100,7 @@ struct Plan {
 
 bool isRenderable(double side) { return side >= kSmallestSide && side <= kLargestSide; }
 
-Plan planFor(const PatternLook& look) {
+Plan patternPlanFor(const PatternLook& look) {
   Plan plan;
   plan.gradient = look.stops != nullptr && look.stops->count >= kFewestStops;
   plan.bevel = look.bevel != nullptr && look.bevelStyle != 0;
@@ -151,11 +152,6 @@ PatternKey keyFor(const PatternLook& look, const Plan& plan) {
   return key;
 }
 
-void fill(CGRect rect, NSColor color) {
-  color.set();
-  NSRectFillUsingOperation(rect, NSCompositingOperationSourceOver);
-}
-
 void drawBase(const PatternLook& look, const Plan& plan, CGRect whole) {
   if (plan.gradient) {
     const GradientStops& stops = *look.stops;
@@ -165,7 +161,7 @@ void drawBase(const PatternLook& look, const Plan& plan, CGRect whole) {
                                                             stops.locations.data(), NSColorSpace::sRGBColorSpace());
     if (gradient) gradient->drawInRect(whole, std::fmod(std::fmod(90 - plan.angle, 360) + 360, 360));
   } else if (look.base) {
-    fill(whole, look.base);
+    fillOver(whole, look.base);
   }
 }
 
@@ -177,8 +173,8 @@ void drawBevel(const PatternLook& look, CGSize size) {
   const NSColor light = NSColor::whiteColor().colorWithAlphaComponent(alpha);
   const NSColor dark = NSColor::blackColor().colorWithAlphaComponent(alpha);
   const bool raised = look.bevelStyle == kRaised;
-  fill(CGRectMake(0, 0, band, size.height), raised ? light : dark);
-  fill(CGRectMake(size.width - band, 0, band, size.height), raised ? dark : light);
+  fillOver(CGRectMake(0, 0, band, size.height), raised ? light : dark);
+  fillOver(CGRectMake(size.width - band, 0, band, size.height), raised ? dark : light);
 }
 
 NSColor rendered(const PatternLook& look, const Plan& plan) {
@@ -186,7 +182,7 @@ NSColor rendered(const PatternLook& look, const Plan& plan) {
   const Ref<NSImage> image = NSImage::withSize(plan.imageSize);
   image->lockFocus();
   drawBase(look, plan, whole);
-  if (look.overlay) fill(whole, look.overlay);
+  if (look.overlay) fillOver(whole, look.overlay);
   if (plan.bevel) drawBevel(look, plan.imageSize);
   image->unlockFocus();
   return NSColor::colorWithPatternImage(image);
@@ -210,7 +206,7 @@ NSColor patternColor(const PatternLook& look) {
 
 NSColor patternColor(const PatternLook& look, NSMutableDictionary cache) {
   if (!isRenderable(look.size.width) || !isRenderable(look.size.height)) return look.base;
-  const Plan plan = planFor(look);
+  const Plan plan = patternPlanFor(look);
   if (!look.overlay && !plan.gradient) {
     if (!plan.bevel) return look.base;
     if (!look.base) return {};
@@ -225,9 +221,10 @@ NSColor patternColor(const PatternLook& look, NSMutableDictionary cache) {
   return pattern;
 }
 
-NSColor ThemeUtility::patternColorForGradient(NSObject gradient, NSColor base, CGSize size, NSArray stopColors,
-                                              NSArray stopLocations, NSObject bevel, NSInteger bevelStyle,
-                                              NSColor overlay) {
+namespace {
+
+NSColor patternColorForGradient(NSObject theme, NSObject gradient, NSColor base, CGSize size, NSArray stopColors,
+                                NSArray stopLocations, NSObject bevel, NSInteger bevelStyle, NSColor overlay) {
   PatternLook look{.base = base, .size = size, .bevelStyle = bevelStyle, .overlay = overlay};
   GradientStops stops;
   if (const auto* parsed = stateIfKind<VLRStripGradient>(gradient); parsed != nullptr) {
@@ -235,13 +232,22 @@ NSColor ThemeUtility::patternColorForGradient(NSObject gradient, NSColor base, C
     if (readStops(stopColors, stopLocations, stops)) look.stops = &stops;
   }
   look.bevel = stateIfKind<VLRStripBevel>(bevel);
-  return patternColor(look, gradientPatternCache);
+  return patternColor(look, stateOf<ThemeUtility>(theme).gradientPatternCache);
 }
 
-NSColor ThemeUtility::patternColorForGradientWithoutOverlay(NSObject gradient, NSColor base, CGSize size,
-                                                            NSArray stopColors, NSArray stopLocations, NSObject bevel,
-                                                            NSInteger bevelStyle) {
-  return patternColorForGradient(gradient, base, size, stopColors, stopLocations, bevel, bevelStyle, NSColor());
+NSColor patternColorWithoutOverlay(NSObject theme, NSObject gradient, NSColor base, CGSize size, NSArray stopColors,
+                                   NSArray stopLocations, NSObject bevel, NSInteger bevelStyle) {
+  return patternColorForGradient(theme, gradient, base, size, stopColors, stopLocations, bevel, bevelStyle, NSColor());
+}
+
+}  // namespace
+
+void attachThemeUtilityPatterns() {
+  CategoryDefinition("ThemeUtility")
+      .method<"patternColorForGradient:baseColor:size:stopColors:stopLocations:bevel:bevelStyle:overlayColor:",
+              patternColorForGradient>()
+      .method<"patternColorForGradient:baseColor:size:stopColors:stopLocations:bevel:bevelStyle:",
+              patternColorWithoutOverlay>();
 }
 
 }  // namespace velura

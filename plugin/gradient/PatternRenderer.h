@@ -48,4 +48,7 @@ NSColor patternColor(const PatternLook& look, NSMutableDictionary cache);
 /// The same with the cache of the theme in force.
 NSColor patternColor(const PatternLook& look);
 
+/// Adds the messages that ask for patterns to the class `ThemeUtility`.
+void attachThemeUtilityPatterns();
+
 }  // namespace velura

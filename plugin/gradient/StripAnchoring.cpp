@@ -6,8 +6,8 @@
 #include <span>
 
 #include "plugin/gradient/BoundaryCache.h"
-#include "plugin/gradient/GradientSwitch.h"
 #include "plugin/gradient/StripNodeDump.h"
+#include "plugin/theme/GradientSwitch.h"
 #include "plugin/theme/ThemeUtility.h"
 #include "plugin/theme/VLRStripBevel.h"
 #include "plugin/theme/VLRStripGradient.h"

@@ -1,13 +1,12 @@
 #include "plugin/gradient/StripNodeDump.h"
 
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <set>
 #include <vector>
 
-#include "plugin/files/AtomicWrite.h"
+#include "plugin/files/Report.h"
 
 namespace velura {
 namespace {
@@ -16,7 +15,7 @@ using namespace cocoa;
 
 constexpr const char* kSwitchFile = "/tmp/vlr_dump_strip_nodes";
 constexpr const char* kDumpFile = "/tmp/vlr_strip_nodes_dump.txt";
-constexpr const char* kDumpName = "/strip-nodes-dump.txt";
+constexpr const char* kDumpName = "strip-nodes-dump.txt";
 constexpr std::size_t kMostLayouts = 12;
 constexpr NSInteger kDeepestRecursion = 2;
 
@@ -38,15 +37,6 @@ struct Dump {
   std::string text;
 };
 
-/// Where a dump goes that cannot be written to the temporary folder. A failure here has no consequence.
-void writeToApplicationSupport(const std::string& text) {
-  const std::string support = applicationSupportFolder();
-  if (support.empty()) return;
-  const std::string folder = support + "/Velura";
-  ::mkdir(folder.c_str(), S_IRWXU);
-  writeAtomically(folder + kDumpName, text);
-}
-
 void dump(MAStripNode strip, Dump& state) {
   std::string signature = layoutSignature(strip);
   if (state.layouts.count(signature) != 0 || state.layouts.size() >= kMostLayouts) return;
@@ -54,7 +44,7 @@ void dump(MAStripNode strip, Dump& state) {
   state.text += "==== strip '" + toStdString(strip.name()) + "' frame=" + frameText(strip) +
                 " parent=" + toStdString(strip.parent().className()) + " ====\n";
   appendNodeTree(strip, 0, state.text);
-  if (!writeAtomically(kDumpFile, state.text)) writeToApplicationSupport(state.text);
+  writeReport(kDumpFile, kDumpName, state.text);
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include "plugin/hostapi/NSString+CompareToVersion.h"
 
 #include "cocoa/ClassDefinition.h"
-#include "plugin/loader/Attach.h"
 #include "plugin/text/StringBytes.h"
 #include "plugin/text/TextNumbers.h"
 

@@ -9,4 +9,7 @@ namespace velura {
 /// what follows the digits of a component does not count, and a missing component is 0.
 int compareVersions(std::string_view a, std::string_view b);
 
+/// Adds the comparisons of versions to the class `NSString`.
+void attachNSStringCompareToVersion();
+
 }  // namespace velura

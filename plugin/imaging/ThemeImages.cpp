@@ -1,9 +1,10 @@
-// Images that a theme brings along, in the companion application's bundle.
+#include "plugin/imaging/ThemeImages.h"
 
 #include <cstring>
 #include <utility>
 #include <vector>
 
+#include "cocoa/ClassDefinition.h"
 #include "cocoa/ImageIO.h"
 #include "plugin/hostapi/Identifiers.h"
 #include "plugin/imaging/MyNSBitmapImageRep.h"
@@ -41,9 +42,12 @@ bool addMirrored(CGImageSourceRef source, std::size_t index, CGImageDestinationR
   return true;
 }
 
+NSImage flipImageVertically(NSObject /*theme*/, NSImage image) { return flippedVertically(image); }
+NSImage getImage(NSObject /*theme*/, NSString name, CGSize size) { return themeImage(name, size); }
+
 }  // namespace
 
-NSImage ThemeUtility::flipImageVertically(NSImage image) {
+NSImage flippedVertically(NSImage image) {
   const NSData tiff = image.TIFFRepresentation();
   if (!tiff) return {};
   const auto source = CFRef<CGImageSourceRef>::adopt(CGImageSourceCreateWithData(bridged<CFDataRef>(tiff), nullptr));
@@ -59,17 +63,24 @@ NSImage ThemeUtility::flipImageVertically(NSImage image) {
   return CGImageDestinationFinalize(destination) ? autoreleased(NSImage::withData(data)) : NSImage();
 }
 
-NSImage ThemeUtility::getImage(NSString name, CGSize size) {
+NSImage themeImage(NSString name, CGSize size) {
   if (!name) return {};
-  if (const auto cached = cast<NSImage>(imageCache->objectForKey(name))) return cached;
+  const NSMutableDictionary cache = ThemeUtility::shared().imageCache;
+  if (const auto cached = cast<NSImage>(cache.objectForKey(name))) return cached;
   const NSBundle companion = NSBundle::bundleWithIdentifier(literal<kCompanionIdentifier>());
   const auto image = call<"imageForResource:", NSImage>(companion, name);
   if (!image) return {};
   if (size.width != 0 && size.height != 0) image.setSize(size);
   if (!utf8Bytes(name).starts_with("mixer_panner_pointer")) return image;
-  const NSImage mirrored = flipImageVertically(image);
-  if (mirrored) imageCache->setObject(mirrored, name);
+  const NSImage mirrored = flippedVertically(image);
+  if (mirrored) cache.setObject(mirrored, name);
   return mirrored;
+}
+
+void attachThemeUtilityImages() {
+  CategoryDefinition("ThemeUtility")
+      .method<"getImage:size:", getImage>()
+      .method<"flipImageVertically:", flipImageVertically>();
 }
 
 }  // namespace velura

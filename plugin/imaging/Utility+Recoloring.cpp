@@ -6,7 +6,6 @@
 #include "plugin/imaging/MyNSBitmapImageRep.h"
 #include "plugin/imaging/Recoloring.h"
 #include "plugin/imaging/RectToSourceColorData.h"
-#include "plugin/loader/Attach.h"
 #include "plugin/text/Truncated.h"
 
 namespace velura {

@@ -11,4 +11,7 @@ CGImageRef applyTransformation(CGImageRef image, NSArray rules);
 /// The same for a bitmap, in place. Pictures of grey shades and planar ones are left as they are.
 void applyTransformationToBitmap(NSBitmapImageRep bitmap, NSArray rules);
 
+/// Adds the messages of recolouring to the class `Utility`.
+void attachUtilityRecoloring();
+
 }  // namespace velura

@@ -62,13 +62,12 @@ constexpr const TrackTypeRow* rowOf(TrackType type) {
   return found == kTrackTypes.end() ? nullptr : found;
 }
 
-enum class Highlighted : bool { kNo, kYes };
 enum class ImageSet : bool { kOwn, kShared };
 
 /// The image of a part of a panner: the stem, with the type's name unless all types share one set.
-std::string pannerImageName(std::string_view stem, Highlighted highlighted, TrackType type, ImageSet set);
+std::string pannerImageName(std::string_view stem, bool isHighlighted, TrackType type, ImageSet set);
 
 /// The image of a fader cap; nothing where the host's own cap stays.
-std::optional<std::string> faderImageName(Highlighted highlighted, TrackType type, ImageSet set);
+std::optional<std::string> faderImageName(bool isHighlighted, TrackType type, ImageSet set);
 
 }  // namespace velura

@@ -5,16 +5,21 @@
 #include <iterator>
 
 #include "cocoa/Memory.h"
+#include "plugin/arrange/Utility+TrackColorWarning.h"
 #include "plugin/arrange/VLRGridSettingsReader.h"
+#include "plugin/gradient/PatternRenderer.h"
+#include "plugin/hostapi/NSString+CompareToVersion.h"
 #include "plugin/imaging/MyNSBitmapImageRep.h"
 #include "plugin/imaging/RectToSourceColorData.h"
-#include "plugin/loader/Attach.h"
-#include "plugin/loader/Categories.h"
+#include "plugin/imaging/ThemeImages.h"
+#include "plugin/imaging/Utility+Recoloring.h"
 #include "plugin/loader/LoaderClass.h"
+#include "plugin/loader/ThemedClasses.h"
 #include "plugin/theme/ThemeUtility.h"
 #include "plugin/theme/Utility.h"
 #include "plugin/theme/VLRStripBevel.h"
 #include "plugin/theme/VLRStripGradient.h"
+#include "plugin/views/WindowTitles.h"
 
 namespace velura {
 namespace {
@@ -41,6 +46,9 @@ bool isNameTaken() {
   defineLoaderClass();
   attachNSStringCompareToVersion();
   attachUtilityRecoloring();
+  attachThemeUtilityPatterns();
+  attachThemeUtilityImages();
+  attachWindowTitles();
   attachUtilityTrackColorWarning();
   attachCategories();
 }

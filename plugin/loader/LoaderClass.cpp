@@ -2,28 +2,24 @@
 
 #include "cocoa/ClassDefinition.h"
 #include "plugin/arrange/VLRGridSettingsReader.h"
-#include "plugin/hostapi/HostVersion.h"
-#include "plugin/loader/Categories.h"
+#include "plugin/loader/OverrideReport.h"
+#include "plugin/loader/ThemedClasses.h"
 #include "plugin/loader/WindowRefresh.h"
 #include "plugin/theme/SelectedTheme.h"
-#include "plugin/theme/ThemeUtility.h"
 
 namespace velura {
 namespace {
 
 using namespace cocoa;
 
-void install(const ThemedClass& themed) {
-  if (isAttached(themed)) send<void>(classNamed(themed.name), selector<"addSwizzleMethod">());
-}
-
 struct LoaderClass : ObjectState {
   void initialize() {
     if (VLRIsCustomThemeSelected()) {
-      installOverrides();
+      installThemedClasses();
       call<"refreshWindows">(self);
     }
     VLRGridSettingsReader::shared().startWatching();
+    dumpOverridesIfArmed();
   }
   void refresh() { refreshWindows(); }
   NSView findSubview(NSString className, NSView root) { return findSubviewOfClass(className, root); }
@@ -31,13 +27,8 @@ struct LoaderClass : ObjectState {
   void resetMixer(NSObject node) { resetMixerNode(node); }
   void resetLiveLoops(NSView view) { resetLiveLoopsView(view); }
   void resetEvents(NSView view) { resetEventViewColors(view); }
-
- private:
-  static void installOverrides() {
-    if (ThemeUtility::shared().useTrackColorAsArrangeStripBackground) install(themedString());
-    for (const ThemedClass& themed : themedClasses()) install(themed);
-    if (isHostEqualOrNewerThan("11.2")) install(themedImageNode());
-  }
+  NSArray overrides() { return overrideList(); }
+  NSString overridesAsText() { return overrideText(); }
 };
 
 }  // namespace
@@ -51,6 +42,8 @@ void defineLoaderClass() {
       .method<"resetMixerNode:", &LoaderClass::resetMixer>()
       .method<"resetLiveLoopsView:", &LoaderClass::resetLiveLoops>()
       .method<"resetEventViewColors:", &LoaderClass::resetEvents>()
+      .method<"vlrOverrides", &LoaderClass::overrides>()
+      .method<"vlrOverridesAsText", &LoaderClass::overridesAsText>()
       .registered();
 }
 

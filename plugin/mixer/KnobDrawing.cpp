@@ -1,4 +1,5 @@
 #include "plugin/mixer/KnobDrawing.h"
+#include "plugin/imaging/ThemeImages.h"
 
 #include <numbers>
 
@@ -19,9 +20,9 @@ NSImage pannerImage(const ImageLayer& what, MANode node, bool isHighlighted, CGS
   ThemeUtility& theme = ThemeUtility::shared();
   const TrackType type = trackTypeOf(node);
   const bool shared = theme.useSharedPannerType(static_cast<NSInteger>(type)) != 0;
-  const std::string name = pannerImageName(what.image, isHighlighted ? Highlighted::kYes : Highlighted::kNo, type,
-                                           shared ? ImageSet::kShared : ImageSet::kOwn);
-  return theme.getImage(string(name), size);
+  const std::string name =
+      pannerImageName(what.image, isHighlighted, type, shared ? ImageSet::kShared : ImageSet::kOwn);
+  return themeImage(string(name), size);
 }
 
 CALayer newImageLayer(const ImageLayer& what, CALayer presentation) {
@@ -72,7 +73,7 @@ void updatePointer(MANode cap, NSObject presentation) {
 
 bool drawImage(const ImagePair& images, MANode node, CGRect rect, CGContextRef context) {
   const NSString name = (node.isHighlighted() ? images.highlighted : images.plain)();
-  const NSImage image = ThemeUtility::shared().getImage(name, node.frame().size);
+  const NSImage image = themeImage(name, node.frame().size);
   if (!image) return false;
   const SavedGraphicsState saved;
   NSGraphicsContext::setCurrentContext(NSGraphicsContext::graphicsContextWithCGContext(context, false));

@@ -26,10 +26,13 @@ constexpr std::array kStyles{TrackType::kAudio,     TrackType::kInstrument, Trac
 
 // ---- Colours ------------------------------------------------------------------------------------------
 
+struct ReferenceTheme {
+  Ref<NSDictionary> values = readReferenceTheme();
+};
+
 /// What the reference theme has under a key.
 NSObject vlrLevelMeterDefaultColor(NSString key) {
-  static const NSDictionary defaults = readReferenceTheme().detach();
-  return defaults.objectForKey(key);
+  return ThemeUtility::shared().derived<ReferenceTheme>().values->objectForKey(key);
 }
 
 NSColor defaultColor(ThemeKey key) {
@@ -152,11 +155,23 @@ Ref<NSBitmapImageRep> meterBitmap(const MeterColors& colors, const MeterLocation
   });
 }
 
+/// What is known of meters under the theme in force.
+struct Meters {
+  ColorTable colors = colorTable();
+  std::array<MeterLocations, kBaseTypes.size()> locations = locationTable();
+};
+Meters& meters() { return ThemeUtility::shared().derived<Meters>(); }
+
 struct Texture {
   NSInteger type = 0;
   CGSize size;
   CGFloat scale = 0;
   CFRef<CGImageRef> image;
+};
+
+struct Textures {
+  std::map<std::string, CFRef<CGImageRef>> byKey;
+  Texture last;  // meters of one size follow each other: the key is written out for another one only
 };
 
 /// Emptied when it holds more than this as one more is stored.
@@ -177,23 +192,20 @@ NSInteger meterStyleOf(TrackType type) {
 }
 
 const MeterColors* vlrLevelMeterColorsForTypeIndex(NSInteger style) {
-  static const ColorTable& table = *new ColorTable(colorTable());  // as long as the process
+  const ColorTable& table = meters().colors;
   if (style < 0 || static_cast<std::size_t>(style) >= table.size()) return nullptr;
   const auto& colors = table[static_cast<std::size_t>(style)];
   return colors ? &*colors : nullptr;
 }
 
 const MeterLocations& vlrLevelMeterLocationsForBaseType(NSInteger base) {
-  static const auto table = locationTable();
-  return table[static_cast<std::size_t>(std::clamp<NSInteger>(base, 1, kBaseTypes.size()) - 1)];
+  return meters().locations[static_cast<std::size_t>(std::clamp<NSInteger>(base, 1, kBaseTypes.size()) - 1)];
 }
 
 CGImageRef vlrLevelMeterTexture(MeterType type, CGSize size, CGFloat scale) {
-  static auto& cache = *new std::map<std::string, CFRef<CGImageRef>>;  // as long as the process
   const MeterColors* colors = vlrLevelMeterColorsForTypeIndex(type.style);
   if (colors == nullptr || !type.isThemed()) return nullptr;
-  // Meters of one size follow each other: the key is written out for another one only.
-  static auto& last = *new Texture;
+  auto& [cache, last] = ThemeUtility::shared().derived<Textures>();
   if (last.image && last.type == type.number() && last.size == size && last.scale == scale) return last.image;
   std::string key = textureKey(type, size, scale);
   if (const auto known = cache.find(key); known != cache.end()) {

@@ -3,12 +3,12 @@
 #include <array>
 #include <string_view>
 
-#include "cocoa/Override.h"
 #include "plugin/hostapi/MANode.h"
-#include "plugin/loader/Attach.h"
 #include "plugin/mixer/HostColor.h"
 #include "plugin/mixer/KeyPair.h"
 #include "plugin/mixer/PluginGroups.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/text/ColoredText.h"
 #include "plugin/text/StringBytes.h"
 #include "plugin/theme/ThemeUtility.h"
@@ -18,17 +18,8 @@ namespace {
 
 using namespace cocoa;
 
-using SetForegroundColor = Override<"MAButtonNode", void(NSColor), "setForegroundColor:", "customSetForegroundColor:">;
-using ForegroundColor = Override<"MAButtonNode", NSColor(), "foregroundColor", "customForegroundColor">;
-using AttributedTitle =
-    Override<"MAButtonNode", NSObject(NSInteger), "attributedTitleForState:", "customAttributedTitleForState:">;
-using SetAssetSetPath = Override<"MAButtonNode", void(NSString), "setAssetSetPath:", "customSetAssetSetPath:">;
-using NumberOfSegments = Override<"MAButtonNode", NSInteger(), "numberOfSegments", "customNumberOfSegments">;
-using UpdatePresentationObject = Override<"MAButtonNode", void(NSObject, NSObject),
-                                          "updatePresentationObject:view:", "customUpdatePresentationObject:view:">;
-using SetRepresentedObject =
-    Override<"MAButtonNode", void(NSObject), "setRepresentedObject:", "customSetRepresentedObject:">;
-using ImageForState = Override<"MAButtonNode", NSImage(NSInteger), "imageForState:", "customimageForState:">;
+using Button = MAButtonNode;
+constexpr FixedString kClass = Button::kClassName;
 
 // ---- Kinds of buttons ---------------------------------------------------------------------------------
 
@@ -50,11 +41,11 @@ enum class ButtonKind {
   kOther
 };
 
-struct KindRow {
+struct ButtonKindRow {
   std::string_view path;
   ButtonKind kind;
 };
-constexpr KindRow kKinds[] = {
+constexpr ButtonKindRow kButtonKinds[] = {
     {"Buttons.AudioPlugIn", ButtonKind::kInsert},
     {"Buttons.MIDIPlugIn", ButtonKind::kMidiInsert},
     {"Buttons.CustomInstrument", ButtonKind::kInstrument},
@@ -70,9 +61,9 @@ constexpr KindRow kKinds[] = {
 };
 
 /// What a button is, told by the asset set that the host draws it with.
-ButtonKind kindOf(MAButtonNode button) {
+ButtonKind buttonKindOf(Button button) {
   const BriefUTF8 path(button.assetSetPath());
-  for (const KindRow& row : kKinds) {
+  for (const ButtonKindRow& row : kButtonKinds) {
     if (row.path == path.view()) return row.kind;
   }
   return path.view().starts_with(kGroupedInsertPrefix) ? ButtonKind::kInsert : ButtonKind::kOther;
@@ -85,7 +76,7 @@ struct TitleKeys {
   KeyPair on;
   KeyPair off;
   KeyPair otherMode;
-  [[nodiscard]] NSColor color(MAButtonNode button, NSColor host, bool isHighlighted) const {
+  [[nodiscard]] NSColor color(Button button, NSColor host, bool isHighlighted) const {
     const KeyPair& plain = button.isOn() ? on : off;
     return (isGrey(host) ? plain : otherMode).color(isHighlighted);
   }
@@ -122,7 +113,7 @@ InsertTitle insertTitle(bool isOn, ColorState state) {
   return {group, {key<"audioFXInsertButtonBypassTitleColor">, key<"audioFXInsertButtonBypassHighlightTitleColor">}};
 }
 
-NSColor insertTitleColor(MAButtonNode button, NSColor host) {
+NSColor insertTitleColor(Button button, NSColor host) {
   const InsertTitle title = insertTitle(button.isOn(), stateShownBy(host));
   const NSColor grouped = groupOf(button.representedObject()).color(title.groupColor());
   return grouped ? grouped : title.keys.color(button.isHighlighted());
@@ -130,40 +121,49 @@ NSColor insertTitleColor(MAButtonNode button, NSColor host) {
 
 NSColor colorFor(ThemeKey key) { return ThemeUtility::shared().colorForKey(key); }
 
-void customSetForegroundColor(MAButtonNode button, NSColor color) {
-  const auto themed = [&]() -> NSColor {
-    switch (kindOf(button)) {
-      case ButtonKind::kInstrument:
-        return kInstrumentTitle.color(button, color, button.isHighlighted());
-      case ButtonKind::kInsert:
-        return insertTitleColor(button, color);
-      case ButtonKind::kSend:
-        return kSendTitle.color(button, color, button.isHighlighted());
-      case ButtonKind::kPlain:
-        return colorFor(key<"settingButtonTitleColor">);
-      default:
-        return {};
-    }
-  }();
-  SetForegroundColor::callHost(button, themed ? themed : color);
-}
+struct SetForegroundColor : HostOverride<kClass, "setForegroundColor:", void(NSColor)> {
+  static constexpr OpenWindow kOpenWindow =
+      notReached(kSetOnce, "MAButtonNode audioPlugIn, MAButtonNode input, MAButtonNode sendButton");
 
-NSColor customForegroundColor(MAButtonNode button) {
-  const NSColor host = ForegroundColor::callHost(button);
-  const auto themed = [&]() -> NSColor {
-    switch (kindOf(button)) {
-      case ButtonKind::kMidiInsert:
-        return kMidiTitle.color(button, host, button.parent().isHighlighted());
-      case ButtonKind::kPlain:
-        return colorFor(key<"settingButtonTitleColor">);
-      default:
-        return {};
-    }
-  }();
-  return themed ? themed : host;
-}
+  static void themed(Button button, NSColor color) {
+    const auto themed = [&]() -> NSColor {
+      switch (buttonKindOf(button)) {
+        case ButtonKind::kInstrument:
+          return kInstrumentTitle.color(button, color, button.isHighlighted());
+        case ButtonKind::kInsert:
+          return insertTitleColor(button, color);
+        case ButtonKind::kSend:
+          return kSendTitle.color(button, color, button.isHighlighted());
+        case ButtonKind::kPlain:
+          return colorFor(key<"settingButtonTitleColor">);
+        default:
+          return {};
+      }
+    }();
+    callHost(button, themed ? themed : color);
+  }
+};
 
-NSColor plainTitleColor(MAButtonNode button) {
+struct ForegroundColor : HostOverride<kClass, "foregroundColor", NSColor()> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerNodes);
+
+  static NSColor themed(Button button) {
+    const NSColor host = callHost(button);
+    const auto themed = [&]() -> NSColor {
+      switch (buttonKindOf(button)) {
+        case ButtonKind::kMidiInsert:
+          return kMidiTitle.color(button, host, button.parent().isHighlighted());
+        case ButtonKind::kPlain:
+          return colorFor(key<"settingButtonTitleColor">);
+        default:
+          return {};
+      }
+    }();
+    return themed ? themed : host;
+  }
+};
+
+NSColor plainTitleColor(Button button) {
   if (button.isNamed<"output">()) return colorFor(key<"outputButtonTitleColor">);
   if (button.isNamed<"setting">() && !button.isOn()) return colorFor(key<"settingOffButtonTitleColor">);
   return colorFor(key<"settingButtonTitleColor">);
@@ -172,8 +172,8 @@ NSColor plainTitleColor(MAButtonNode button) {
 NSColor automationTitleColor(ThemeKey mode, bool isOn) { return colorFor(isOn ? mode : key<"automationBypassColor">); }
 
 /// The colour of a whole title that the host draws in `host`; nil where the theme leaves it.
-NSColor titleColor(MAButtonNode button, NSColor host) {
-  switch (kindOf(button)) {
+NSColor titleColor(Button button, NSColor host) {
+  switch (buttonKindOf(button)) {
     case ButtonKind::kInput:
       return colorFor(key<"inputButtonTitleColor">);
     case ButtonKind::kAutomationRead:
@@ -195,13 +195,17 @@ NSColor titleColor(MAButtonNode button, NSColor host) {
   }
 }
 
-NSObject customAttributedTitle(MAButtonNode button, NSInteger state) {
-  const NSObject title = AttributedTitle::callHost(button, state);
-  const auto text = as<NSAttributedString>(title);
-  if (text.length() == 0) return title;
-  const NSColor color = titleColor(button, foregroundColorOf(text));
-  return color ? inColor(text, color) : title;
-}
+struct AttributedTitle : HostOverride<kClass, "attributedTitleForState:", NSObject(NSInteger)> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerNodes);
+
+  static NSObject themed(Button button, NSInteger state) {
+    const NSObject title = callHost(button, state);
+    const auto text = as<NSAttributedString>(title);
+    if (text.length() == 0) return title;
+    const NSColor color = titleColor(button, foregroundColorOf(text));
+    return color ? inColor(text, color) : title;
+  }
+};
 
 // ---- Groups of plug-ins -------------------------------------------------------------------------------
 
@@ -211,7 +215,7 @@ bool isPluginPath(NSString path) {
 }
 
 /// The asset set in the place of the one that the host chose.
-NSString themedPath(MAButtonNode button, NSString path) {
+NSString themedPath(Button button, NSString path) {
   if (!isPluginPath(path)) return path;
   if (button.isNamed<"input">()) return literal<"Buttons.CustomInstrument">();
   if (!path.isEqualToString(literal<"Buttons.AudioPlugIn">())) return path;
@@ -219,65 +223,79 @@ NSString themedPath(MAButtonNode button, NSString path) {
   return image ? call<"stringByAppendingString:", NSString>(literal<"Buttons.">().object, image) : path;
 }
 
-void customSetAssetSetPath(MAButtonNode button, NSString path) {
-  SetAssetSetPath::callHost(button, themedPath(button, path));
-}
+struct SetAssetSetPath : HostOverride<kClass, "setAssetSetPath:", void(NSString)> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerNodes);
+
+  static void themed(Button button, NSString path) { callHost(button, themedPath(button, path)); }
+};
 
 /// A plug-in may arrive after the path: the path is set once more, now that the group is known.
-void customSetRepresentedObject(MAButtonNode button, NSObject represented) {
-  SetRepresentedObject::callHost(button, represented);
-  const NSString path = button.assetSetPath();
-  if (path.isEqualToString(literal<"Buttons.AudioPlugIn">())) call<"setAssetSetPath:">(button, path);
-}
+struct SetRepresentedObject : HostOverride<kClass, "setRepresentedObject:", void(NSObject)> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerNodes);
 
-NSInteger customNumberOfSegments(MAButtonNode button) {
-  constexpr NSInteger kSwitchTitleAndMenu = 3;
-  const BriefUTF8 path(button.assetSetPath());
-  const bool isOwnLook = path.view().ends_with(kInstrumentSuffix) || path.view().starts_with(kGroupedInsertPrefix);
-  return isOwnLook ? kSwitchTitleAndMenu : NumberOfSegments::callHost(button);
-}
-
-NSImage customImageForState(MAButtonNode button, NSInteger state) {
-  constexpr NSInteger kSymbol = 2;
-  const NSImage image = ImageForState::callHost(button, state);
-  if (state != kSymbol || !BriefUTF8(button.assetSetPath()).view().starts_with(kGroupedInsertPrefix)) return image;
-  const PluginGroup group = groupOf(button.representedObject());
-  if (!group.image()) return image;
-  const NSColor tint = group.colorFromString(button.isOn() ? literal<"onIconColor">() : literal<"offIconColor">());
-  if (!tint || !image.respondsToSelector(selector<"imageWithColor:">())) return image;
-  return call<"imageWithColor:", NSImage>(image, tint);
-}
-
-void customUpdatePresentationObject(MAButtonNode button, NSObject presentation, NSObject view) {
-  // The host keeps the title of a MIDI effect, whose colour follows the strip.
-  if (kindOf(button) == ButtonKind::kMidiInsert && button.respondsToSelector(selector<"setNeedsUpdateContents:">()) &&
-      button.respondsToSelector(selector<"invalidateCache">())) {
-    button.invalidateCache();
-    button.setNeedsUpdateContents(true);
+  static void themed(Button button, NSObject represented) {
+    callHost(button, represented);
+    const NSString path = button.assetSetPath();
+    if (path.isEqualToString(literal<"Buttons.AudioPlugIn">())) call<"setAssetSetPath:">(button, path);
   }
-  UpdatePresentationObject::callHost(button, presentation, view);
-}
+};
+
+struct NumberOfSegments : HostOverride<kClass, "numberOfSegments", NSInteger()> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerNodes);
+
+  static NSInteger themed(Button button) {
+    constexpr NSInteger kSwitchTitleAndMenu = 3;
+    const BriefUTF8 path(button.assetSetPath());
+    const bool isOwnLook = path.view().ends_with(kInstrumentSuffix) || path.view().starts_with(kGroupedInsertPrefix);
+    return isOwnLook ? kSwitchTitleAndMenu : callHost(button);
+  }
+};
+
+struct ImageForState : HostOverride<kClass, "imageForState:", NSImage(NSInteger), "customimageForState:"> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerNodes);
+
+  static NSImage themed(Button button, NSInteger state) {
+    constexpr NSInteger kSymbol = 2;
+    const NSImage image = callHost(button, state);
+    if (state != kSymbol || !BriefUTF8(button.assetSetPath()).view().starts_with(kGroupedInsertPrefix)) return image;
+    const PluginGroup group = groupOf(button.representedObject());
+    if (!group.image()) return image;
+    const NSColor tint = group.colorFromString(button.isOn() ? literal<"onIconColor">() : literal<"offIconColor">());
+    if (!tint || !image.respondsToSelector(selector<"imageWithColor:">())) return image;
+    return call<"imageWithColor:", NSImage>(image, tint);
+  }
+};
+
+struct UpdatePresentationObject : HostOverride<kClass, "updatePresentationObject:view:", void(NSObject, NSObject)> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerLayout);
+
+  static void themed(Button button, NSObject presentation, NSObject view) {
+    // The host keeps the title of a MIDI effect, whose colour follows the strip.
+    if (buttonKindOf(button) == ButtonKind::kMidiInsert &&
+        button.respondsToSelector(selector<"setNeedsUpdateContents:">()) &&
+        button.respondsToSelector(selector<"invalidateCache">())) {
+      button.invalidateCache();
+      button.setNeedsUpdateContents(true);
+    }
+    callHost(button, presentation, view);
+  }
+};
 
 NSString pluginID(Class /*self*/, std::uint32_t type, std::uint32_t subtype, std::uint32_t manufacturer) {
   return makePluginID({type, subtype, manufacturer});
 }
 
+void addMethods(CategoryDefinition& category) {
+  category.classMethod<"makePluginID:subtype:manufacturer:", pluginID>();
+}
+
 }  // namespace
 
-void attachMAButtonNodeThemeSupport() {
-  CategoryDefinition("MAButtonNode")
-      .classMethod<"makePluginID:subtype:manufacturer:", pluginID>()
-      .replacement<SetForegroundColor, customSetForegroundColor>()
-      .replacement<ForegroundColor, customForegroundColor>()
-      .replacement<AttributedTitle, customAttributedTitle>()
-      .replacement<SetAssetSetPath, customSetAssetSetPath>()
-      .replacement<NumberOfSegments, customNumberOfSegments>()
-      .replacement<UpdatePresentationObject, customUpdatePresentationObject>()
-      .replacement<SetRepresentedObject, customSetRepresentedObject>()
-      .replacement<ImageForState, customImageForState>()
-      .classMethod<"addSwizzleMethod",
-                   installOnce<SetForegroundColor, ForegroundColor, AttributedTitle, SetAssetSetPath, NumberOfSegments,
-                               UpdatePresentationObject, SetRepresentedObject, ImageForState>>();
-}
+namespace overrides {
+extern constinit const ThemedClass MAButtonNode =
+    OverridesOf<kClass, SetForegroundColor, ForegroundColor, AttributedTitle, SetAssetSetPath, NumberOfSegments,
+                UpdatePresentationObject, SetRepresentedObject,
+                ImageForState>::themedClass<InstallationRules{}, addMethods>();
+}  // namespace overrides
 
 }  // namespace velura

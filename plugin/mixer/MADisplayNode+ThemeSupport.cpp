@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <optional>
 
-#include "cocoa/Override.h"
 #include "plugin/hostapi/MANode.h"
-#include "plugin/loader/Attach.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/text/Truncated.h"
 #include "plugin/theme/ThemeUtility.h"
 
@@ -15,7 +15,8 @@ namespace {
 
 using namespace cocoa;
 
-using SetTextColor = Override<"MADisplayNode", void(NSColor), "setTextColor:", "customSetTextColor:">;
+using Display = MADisplayNode;
+constexpr FixedString kClass = Display::kClassName;
 
 /// The colours in which the host writes a level, by their red, green and blue bytes.
 struct PeakRow {
@@ -45,24 +46,26 @@ NSColor peakColor(NSColor host) {
   return {};
 }
 
-NSColor themedColor(MADisplayNode display, NSColor host) {
+NSColor themedColor(Display display, NSColor host) {
   if (display.isNamed<"peak">()) return peakColor(host);
   const bool isEmptyGroup =
       display.isNamed<"group">() && display.assetSetPath().isEqualToString(literal<"Displays.Empty">());
   return isEmptyGroup ? ThemeUtility::shared().colorForKey(key<"emptyGroupLabelColor">) : NSColor();
 }
 
-void customSetTextColor(MADisplayNode display, NSColor color) {
-  const NSColor themed = themedColor(display, color);
-  SetTextColor::callHost(display, themed ? themed : color);
-}
+struct SetTextColor : HostOverride<kClass, "setTextColor:", void(NSColor)> {
+  static constexpr OpenWindow kOpenWindow = notReached(kSetOnce, "MADisplayNode group, MADisplayNode peak");
+
+  static void themed(Display display, NSColor color) {
+    const NSColor themed = themedColor(display, color);
+    callHost(display, themed ? themed : color);
+  }
+};
 
 }  // namespace
 
-void attachMADisplayNodeThemeSupport() {
-  CategoryDefinition("MADisplayNode")
-      .replacement<SetTextColor, customSetTextColor>()
-      .classMethod<"addSwizzleMethod", installOnce<SetTextColor>>();
-}
+namespace overrides {
+extern constinit const ThemedClass MADisplayNode = OverridesOf<kClass, SetTextColor>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

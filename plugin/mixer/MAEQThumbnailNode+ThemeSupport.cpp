@@ -1,8 +1,8 @@
 // The title of an equalizer thumbnail without a curve.
 
-#include "cocoa/Override.h"
 #include "plugin/hostapi/MANode.h"
-#include "plugin/loader/Attach.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/theme/ThemeUtility.h"
 
 namespace velura {
@@ -10,8 +10,8 @@ namespace {
 
 using namespace cocoa;
 
-using DrawTitle = Override<"MAEQThumbnailNode", void(CGRect, CGContextRef),
-                           "drawTitleInRect:inContext:", "customDrawTitleInRect:inContext:">;
+using Thumbnail = MAEQThumbnailNode;
+constexpr FixedString kClass = Thumbnail::kClassName;
 
 void drawTitle(NSString title, CGRect rect, CGContextRef context, NSColor color) {
   const NSFont font = NSFont::systemFontOfSize(NSFont::smallSystemFontSize());
@@ -27,20 +27,22 @@ void drawTitle(NSString title, CGRect rect, CGContextRef context, NSColor color)
                      NSStringDrawingOptions(0));
 }
 
-void customDrawTitle(MAEQThumbnailNode thumbnail, CGRect rect, CGContextRef context) {
-  const NSColor color = ThemeUtility::shared().colorForKey(key<"emptyEQLabelColor">);
-  if (!color) return DrawTitle::callHost(thumbnail, rect, context);
-  const NSString title = thumbnail.title();
-  const SavedGraphicsState saved;
-  if (title.length() > 0) drawTitle(title, rect, context, color);
-}
+struct DrawTitle : HostOverride<kClass, "drawTitleInRect:inContext:", void(CGRect, CGContextRef)> {
+  static constexpr OpenWindow kOpenWindow = notReached(kPassedOver, "MAEQThumbnailNode equalizerThumbnail");
+
+  static void themed(Thumbnail thumbnail, CGRect rect, CGContextRef context) {
+    const NSColor color = ThemeUtility::shared().colorForKey(key<"emptyEQLabelColor">);
+    if (!color) return callHost(thumbnail, rect, context);
+    const NSString title = thumbnail.title();
+    const SavedGraphicsState saved;
+    if (title.length() > 0) drawTitle(title, rect, context, color);
+  }
+};
 
 }  // namespace
 
-void attachMAEQThumbnailNodeThemeSupport() {
-  CategoryDefinition("MAEQThumbnailNode")
-      .replacement<DrawTitle, customDrawTitle>()
-      .classMethod<"addSwizzleMethod", installOnce<DrawTitle>>();
-}
+namespace overrides {
+extern constinit const ThemedClass MAEQThumbnailNode = OverridesOf<kClass, DrawTitle>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

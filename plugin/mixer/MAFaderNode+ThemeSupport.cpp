@@ -1,9 +1,10 @@
 // The cap of a fader, as an image of the theme.
 
-#include "cocoa/Override.h"
 #include "plugin/hostapi/MANode.h"
+#include "plugin/imaging/ThemeImages.h"
 #include "plugin/language/TrackTypes.h"
-#include "plugin/loader/Attach.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/theme/ThemeUtility.h"
 #include "plugin/theme/Utility.h"
 
@@ -12,11 +13,11 @@ namespace {
 
 using namespace cocoa;
 
-using UpdatePresentationObject = Override<"MAFaderNode", void(NSObject, NSObject),
-                                          "updatePresentationObject:view:", "customUpdatePresentationObject:view:">;
+using Fader = MAFaderNode;
+constexpr FixedString kClass = Fader::kClassName;
 
 /// The cap's image; nil where the host's cap stays.
-NSImage capImage(MAFaderNode fader) {
+NSImage capImage(Fader fader) {
   constexpr NSInteger kPlainMode = 0;
   constexpr NSInteger kOtherPlainMode = 2;
   const NSInteger mode = fader.faderMode();
@@ -24,12 +25,11 @@ NSImage capImage(MAFaderNode fader) {
   if ((mode != kPlainMode && mode != kOtherPlainMode) || rowOf(type) == nullptr) return {};
   ThemeUtility& theme = ThemeUtility::shared();
   const bool shared = theme.useSharedFaderType(static_cast<NSInteger>(type)) != 0;
-  const auto name = faderImageName(fader.isHighlighted() ? Highlighted::kYes : Highlighted::kNo, type,
-                                   shared ? ImageSet::kShared : ImageSet::kOwn);
-  return name ? theme.getImage(string(*name), {}) : NSImage();
+  const auto name = faderImageName(fader.isHighlighted(), type, shared ? ImageSet::kShared : ImageSet::kOwn);
+  return name ? themeImage(string(*name), {}) : NSImage();
 }
 
-void customUpdateFaderKnob(MAFaderNode fader) {
+void customUpdateFaderKnob(Fader fader) {
   if (const NSImage image = capImage(fader)) {
     const auto knob = call<"childNodeWithName:", MAImageNode>(fader.object, literal<"fader knob">());
     if (knob.respondsToSelector(selector<"setContents:">())) knob.setContents(image);
@@ -38,18 +38,22 @@ void customUpdateFaderKnob(MAFaderNode fader) {
   }
 }
 
-void customUpdatePresentationObject(MAFaderNode fader, NSObject presentation, NSObject view) {
-  UpdatePresentationObject::callHost(fader, presentation, view);
-  call<"customUpdateFaderKnob">(fader);
-}
+struct UpdatePresentationObject : HostOverride<kClass, "updatePresentationObject:view:", void(NSObject, NSObject)> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerNodes);
+
+  static void themed(Fader fader, NSObject presentation, NSObject view) {
+    callHost(fader, presentation, view);
+    call<"customUpdateFaderKnob">(fader);
+  }
+};
+
+void addMethods(CategoryDefinition& category) { category.method<"customUpdateFaderKnob", customUpdateFaderKnob>(); }
 
 }  // namespace
 
-void attachMAFaderNodeThemeSupport() {
-  CategoryDefinition("MAFaderNode")
-      .method<"customUpdateFaderKnob", customUpdateFaderKnob>()
-      .replacement<UpdatePresentationObject, customUpdatePresentationObject>()
-      .classMethod<"addSwizzleMethod", installOnce<UpdatePresentationObject>>();
-}
+namespace overrides {
+extern constinit const ThemedClass MAFaderNode =
+    OverridesOf<kClass, UpdatePresentationObject>::themedClass<InstallationRules{}, addMethods>();
+}  // namespace overrides
 
 }  // namespace velura

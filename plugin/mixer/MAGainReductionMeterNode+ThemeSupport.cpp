@@ -1,40 +1,44 @@
 // Gain reduction meters.
 
-#include "cocoa/Override.h"
 #include "plugin/hostapi/MANode.h"
-#include "plugin/loader/Attach.h"
 #include "plugin/mixer/KeyPair.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 
 namespace velura {
 namespace {
 
 using namespace cocoa;
 
-using BackgroundFillColor =
-    Override<"MAGainReductionMeterNode", NSColor(), "backgroundFillColor", "customBackgroundFillColor">;
-using FillColor = Override<"MAGainReductionMeterNode", NSColor(), "fillColor", "customFillColor">;
+constexpr FixedString kClass{"MAGainReductionMeterNode"};
 
 constexpr KeyPair kFill{key<"UnselectedGainReductionFillColor">, key<"SelectedGainReductionFillColor">};
 
-NSColor customBackgroundFillColor(MANode meter) {
-  const bool isOn = meter.respondsToSelector(selector<"isOn">()) && asks<"isOn">(meter.object);
-  const NSColor themed = ThemeUtility::shared().colorForKey(isOn ? key<"GainReductionBackgroundColor">
-                                                                 : key<"GainReductionEmptyBackgroundColor">);
-  return themed ? themed : BackgroundFillColor::callHost(meter);
-}
+struct BackgroundFillColor : HostOverride<kClass, "backgroundFillColor", NSColor()> {
+  static constexpr OpenWindow kOpenWindow = notReached(kPassedOver, "MAGainReductionMeterNode gainReductionMeter");
 
-NSColor customFillColor(MANode meter) {
-  const NSColor themed = kFill.color(meter.isHighlighted());
-  return themed ? themed : FillColor::callHost(meter);
-}
+  static NSColor themed(MANode meter) {
+    const bool isOn = meter.respondsToSelector(selector<"isOn">()) && asks<"isOn">(meter.object);
+    const NSColor themed = ThemeUtility::shared().colorForKey(isOn ? key<"GainReductionBackgroundColor">
+                                                                   : key<"GainReductionEmptyBackgroundColor">);
+    return themed ? themed : callHost(meter);
+  }
+};
+
+struct FillColor : HostOverride<kClass, "fillColor", NSColor()> {
+  static constexpr OpenWindow kOpenWindow = notReached(kPassedOver);
+
+  static NSColor themed(MANode meter) {
+    const NSColor themed = kFill.color(meter.isHighlighted());
+    return themed ? themed : callHost(meter);
+  }
+};
 
 }  // namespace
 
-void attachMAGainReductionMeterNodeThemeSupport() {
-  CategoryDefinition("MAGainReductionMeterNode")
-      .replacement<BackgroundFillColor, customBackgroundFillColor>()
-      .replacement<FillColor, customFillColor>()
-      .classMethod<"addSwizzleMethod", installOnce<BackgroundFillColor, FillColor>>();
-}
+namespace overrides {
+extern constinit const ThemedClass MAGainReductionMeterNode =
+    OverridesOf<kClass, BackgroundFillColor, FillColor>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

@@ -4,20 +4,17 @@
 #include <string_view>
 
 #include "cocoa/Association.h"
-#include "cocoa/Override.h"
 #include "plugin/hostapi/MANode.h"
 #include "plugin/imaging/RectToSourceColorData.h"
 #include "plugin/imaging/Utility+Recoloring.h"
-#include "plugin/loader/Attach.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/theme/ThemeUtility.h"
 
 namespace velura {
 namespace {
 
 using namespace cocoa;
-
-using UpdatePresentationObject = Override<"MAGUI.MADynamicScaleNode", void(NSObject, NSObject),
-                                          "updatePresentationObject:view:", "customUpdatePresentationObject:view:">;
 
 /// A rule over the part of the picture between two columns, in percent of its width.
 struct ScaleRule {
@@ -38,10 +35,9 @@ constexpr ScaleRule kScaleRules[] = {
 };
 
 /// From the identity of a picture to an array of its normal and its highlighted version. Never emptied.
-NSMutableDictionary scaleImageCache() {
-  static const NSMutableDictionary cache = make<NSMutableDictionary>().detach();
-  return cache;
-}
+struct ScaleImages {
+  Ref<NSMutableDictionary> byPicture = make<NSMutableDictionary>();
+};
 
 CGRect rectOf(const ScaleRule& rule, CGImageRef image) {
   constexpr std::size_t kWhole = 100;
@@ -82,7 +78,7 @@ NSArray recolored(std::string_view name, CGImageRef image) {
 /// The versions of a picture. The node may show one of them already: they are known as well.
 NSArray cachedVersions(std::string_view name, CGImageRef image) {
   static const char kOriginal = 0;
-  const NSMutableDictionary cache = scaleImageCache();
+  const NSMutableDictionary cache = ThemeUtility::shared().derived<ScaleImages>().byPicture;
   const NSValue key = NSValue::valueWithPointer(image);
   if (const auto known = cast<NSArray>(cache.objectForKey(key))) return known;
   const NSArray versions = recolored(name, image);
@@ -94,23 +90,27 @@ NSArray cachedVersions(std::string_view name, CGImageRef image) {
   return versions;
 }
 
-void customUpdatePresentationObject(MAImageNode node, NSObject presentation, NSObject view) {
-  if (const auto image = bridged<CGImageRef>(node.contents())) {
-    const NSArray versions = cachedVersions(toStdString(node.name()), image);
-    const std::size_t wanted = node.isHighlighted() && versions.count() > 1 ? 1 : 0;
-    if (wanted < versions.count()) node.setContents(versions.objectAtIndex(wanted));
-  }
-  UpdatePresentationObject::callHost(node, presentation, view);
-}
+struct UpdatePresentationObject
+    : HostOverride<"MAGUI.MADynamicScaleNode", "updatePresentationObject:view:", void(NSObject, NSObject)> {
+  static constexpr OpenWindow kOpenWindow =
+      notReached(kPassedOver, "MAGUI.MADynamicScaleNode levelScale, MAGUI.MADynamicScaleNode volumeScale");
 
-void addSwizzleMethod(Class /*self*/) { UpdatePresentationObject::install(); }
+  static void themed(MAImageNode node, NSObject presentation, NSObject view) {
+    if (const auto image = bridged<CGImageRef>(node.contents())) {
+      const NSArray versions = cachedVersions(toStdString(node.name()), image);
+      const std::size_t wanted = node.isHighlighted() && versions.count() > 1 ? 1 : 0;
+      if (wanted < versions.count()) node.setContents(versions.objectAtIndex(wanted));
+    }
+    callHost(node, presentation, view);
+  }
+};
 
 }  // namespace
 
-void attachMAImageNodeThemeSupport() {
-  CategoryDefinition("MAImageNode")
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>()
-      .replacement<UpdatePresentationObject, customUpdatePresentationObject>();
-}
+namespace overrides {
+extern constinit const ThemedClass MAImageNode =
+    OverridesOf<"MAImageNode",
+                UpdatePresentationObject>::themedClass<InstallationRules{.repetition = Repetition::kEveryTime}>();
+}  // namespace overrides
 
 }  // namespace velura

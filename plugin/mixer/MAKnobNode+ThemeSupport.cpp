@@ -1,24 +1,26 @@
 // Knobs: the ring behind the value, the value's colour, and images in their place.
 
-#include "cocoa/Override.h"
-#include "plugin/loader/Attach.h"
 #include "plugin/mixer/HostColor.h"
 #include "plugin/mixer/KnobDrawing.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 
 namespace velura {
 namespace {
 
 using namespace cocoa;
 
-using UpdatePresentationObject = Override<"MAKnobNode", void(NSObject, NSObject),
-                                          "updatePresentationObject:view:", "customUpdatePresentationObject:view:">;
-using FillColor = Override<"MAKnobNode", NSColor(), "fillColor", "customFillColor">;
-using DrawRect = Override<"MAKnobNode", void(CGRect, CGContextRef), "drawRect:inContext:", "customDrawRect:inContext:">;
+constexpr FixedString kClass{"MAKnobNode"};
 
-void customUpdatePresentationObject(MANode knob, NSObject presentation, NSObject view) {
-  UpdatePresentationObject::callHost(knob, presentation, view);
-  if (isPannerKnob(knob)) updateImageLayer(kKnobBackground, knob, presentation, knob.isHighlighted());
-}
+struct UpdatePresentationObject : HostOverride<kClass, "updatePresentationObject:view:", void(NSObject, NSObject)> {
+  static constexpr Condition kWhen = Condition::kImages;
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerLayout);
+
+  static void themed(MANode knob, NSObject presentation, NSObject view) {
+    callHost(knob, presentation, view);
+    if (isPannerKnob(knob)) updateImageLayer(kKnobBackground, knob, presentation, knob.isHighlighted());
+  }
+};
 
 /// The level of a send goes by where it takes its signal; a kind that is none of these keeps the host's colour.
 NSColor sendFillColor(MANode knob, NSColor host) {
@@ -41,33 +43,34 @@ NSColor themedFillColor(MANode knob, NSColor host) {
   return knob.isNamed<"inputGainKnob">() ? theme.colorForKey(key<"inputGainKnobFillColor">) : NSColor();
 }
 
-NSColor customFillColor(MANode knob) {
-  const NSColor host = FillColor::callHost(knob);
-  const NSColor themed = themedFillColor(knob, host);
-  return themed ? themed : host;
-}
+struct FillColor : HostOverride<kClass, "fillColor", NSColor()> {
+  static constexpr OpenWindow kOpenWindow =
+      partlyReachedBy(RefreshBranch::kMixerNodes, kPassedOver, "MAPointerNode pointer");
 
-void customDrawRect(MANode knob, CGRect rect, CGContextRef context) {
-  const bool isPanner = isPannerKnob(knob);
-  if (ThemeUtility::shared().useImagesToDraw && (isPanner || drawImage(kSendFace, knob, rect, context))) return;
-  const NSColor ring = (isPanner ? kPannerRing : kSendRing).color(knob.isHighlighted());
-  if (!ring) return DrawRect::callHost(knob, rect, context);
-  drawRing(rect, context, ring);
-}
+  static NSColor themed(MANode knob) {
+    const NSColor host = callHost(knob);
+    const NSColor themed = themedFillColor(knob, host);
+    return themed ? themed : host;
+  }
+};
 
-void addSwizzleMethod(Class self) {
-  installOnce<FillColor, DrawRect>(self);
-  if (ThemeUtility::shared().useImagesToDraw) installOnce<UpdatePresentationObject>(self);
-}
+struct DrawRect : HostOverride<kClass, "drawRect:inContext:", void(CGRect, CGContextRef)> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerNodes);
+
+  static void themed(MANode knob, CGRect rect, CGContextRef context) {
+    const bool isPanner = isPannerKnob(knob);
+    if (ThemeUtility::shared().useImagesToDraw && (isPanner || drawImage(kSendFace, knob, rect, context))) return;
+    const NSColor ring = (isPanner ? kPannerRing : kSendRing).color(knob.isHighlighted());
+    if (!ring) return callHost(knob, rect, context);
+    drawRing(rect, context, ring);
+  }
+};
 
 }  // namespace
 
-void attachMAKnobNodeThemeSupport() {
-  CategoryDefinition("MAKnobNode")
-      .replacement<UpdatePresentationObject, customUpdatePresentationObject>()
-      .replacement<FillColor, customFillColor>()
-      .replacement<DrawRect, customDrawRect>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
-}
+namespace overrides {
+extern constinit const ThemedClass MAKnobNode =
+    OverridesOf<kClass, FillColor, DrawRect, UpdatePresentationObject>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

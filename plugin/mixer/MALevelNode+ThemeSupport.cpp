@@ -1,9 +1,9 @@
 // Level meters learn which kind of strip they sit on.
 
-#include "cocoa/Override.h"
 #include "plugin/hostapi/MANode.h"
-#include "plugin/loader/Attach.h"
 #include "plugin/mixer/LevelMeters.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/theme/Utility.h"
 
 namespace velura {
@@ -11,11 +11,10 @@ namespace {
 
 using namespace cocoa;
 
-using UpdatePresentationObject =
-    Override<"MALevelNode", void(NSObject, NSObject),
-             "updatePresentationObject:view:", "customLevelUpdatePresentationObject:view:">;
+using Meter = MALevelNode;
+constexpr FixedString kClass = Meter::kClassName;
 
-void setType(MALevelNode meter, NSInteger number) {
+void setType(Meter meter, NSInteger number) {
   meter.setMixerLevelType(number);
   for (const NSObject display : items(meter.levelDisplays())) {
     if (display.respondsToSelector(selector<"setMixerLevelType:">())) call<"setMixerLevelType:">(display, number);
@@ -23,7 +22,7 @@ void setType(MALevelNode meter, NSInteger number) {
 }
 
 /// Strips change their kind, and a meter that showed colours of its own may have to go back to the host's.
-void updateType(MALevelNode meter) {
+void updateType(Meter meter) {
   const NSInteger number = meter.mixerLevelType();
   MeterType type = MeterType::of(number);
   if (!type.isThemed()) return;
@@ -32,17 +31,21 @@ void updateType(MALevelNode meter) {
   if (type.number() != number) setType(meter, type.number());
 }
 
-void customLevelUpdatePresentationObject(MALevelNode meter, NSObject presentation, NSObject view) {
-  updateType(meter);
-  UpdatePresentationObject::callHost(meter, presentation, view);
-}
+struct UpdatePresentationObject : HostOverride<kClass, "updatePresentationObject:view:", void(NSObject, NSObject),
+                                               "customLevelUpdatePresentationObject:view:"> {
+  static constexpr OpenWindow kOpenWindow = partlyReachedBy(
+      RefreshBranch::kMixerNodes, "its levels change their pictures with the next change", "MALevelNode level");
+
+  static void themed(Meter meter, NSObject presentation, NSObject view) {
+    updateType(meter);
+    callHost(meter, presentation, view);
+  }
+};
 
 }  // namespace
 
-void attachMALevelNodeThemeSupport() {
-  CategoryDefinition("MALevelNode")
-      .replacement<UpdatePresentationObject, customLevelUpdatePresentationObject>()
-      .classMethod<"addSwizzleMethod", installOnce<UpdatePresentationObject>>();
-}
+namespace overrides {
+extern constinit const ThemedClass MALevelNode = OverridesOf<kClass, UpdatePresentationObject>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

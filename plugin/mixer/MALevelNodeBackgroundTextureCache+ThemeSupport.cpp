@@ -1,29 +1,32 @@
 // The picture behind the bars of a level meter.
 
-#include "cocoa/Override.h"
-#include "plugin/loader/Attach.h"
 #include "plugin/mixer/LevelMeters.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 
 namespace velura {
 namespace {
 
 using namespace cocoa;
 
-using BackgroundTextureNamed = Override<"MALevelNodeBackgroundTextureCache", CGImageRef(NSInteger, CGSize, CGFloat),
-                                        "backgroundTextureNamed:withSize:constentScale:",
-                                        "customBackgroundTextureNamed:withSize:constentScale:", MethodKind::kClass>;
+constexpr FixedString kClass{"MALevelNodeBackgroundTextureCache"};
 
-CGImageRef customBackgroundTextureNamed(Class cache, NSInteger name, CGSize size, CGFloat scale) {
-  const CGImageRef themed = levelMeterBackground(size, scale);
-  return themed != nullptr ? themed : BackgroundTextureNamed::callHost(cache, name, size, scale);
-}
+struct BackgroundTextureNamed
+    : HostClassOverride<kClass,
+                        "backgroundTextureNamed:withSize:constentScale:", CGImageRef(NSInteger, CGSize, CGFloat)> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerNodes);
+
+  static CGImageRef themed(Class cache, NSInteger name, CGSize size, CGFloat scale) {
+    const CGImageRef themed = levelMeterBackground(size, scale);
+    return themed != nullptr ? themed : callHost(cache, name, size, scale);
+  }
+};
 
 }  // namespace
 
-void attachMALevelNodeBackgroundTextureCacheThemeSupport() {
-  CategoryDefinition("MALevelNodeBackgroundTextureCache")
-      .replacement<BackgroundTextureNamed, customBackgroundTextureNamed>()
-      .classMethod<"addSwizzleMethod", installOnce<BackgroundTextureNamed>>();
-}
+namespace overrides {
+extern constinit const ThemedClass MALevelNodeBackgroundTextureCache =
+    OverridesOf<kClass, BackgroundTextureNamed>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

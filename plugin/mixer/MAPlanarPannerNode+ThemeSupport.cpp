@@ -2,21 +2,16 @@
 
 #include <initializer_list>
 
-#include "cocoa/Override.h"
-#include "plugin/loader/Attach.h"
 #include "plugin/mixer/KnobDrawing.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 
 namespace velura {
 namespace {
 
 using namespace cocoa;
 
-using ValueIndicatorColor =
-    Override<"MAPlanarPannerNode", NSColor(), "valueIndicatorColor", "customValueIndicatorColor">;
-using SpreadFillColor = Override<"MAPlanarPannerNode", NSColor(), "spreadFillColor", "customSpreadFillColor">;
-using SpreadStrokeColor = Override<"MAPlanarPannerNode", NSColor(), "spreadStrokeColor", "customSpreadStrokeColor">;
-using DrawRect =
-    Override<"MAPlanarPannerNode", void(CGRect, CGContextRef), "drawRect:inContext:", "customDrawRect:inContext:">;
+constexpr FixedString kClass{"MAPlanarPannerNode"};
 
 constexpr double kThinLine = 0.5;
 
@@ -25,15 +20,23 @@ NSColor themedOr(ThemeKey key, NSColor host) {
   return themed ? themed : host;
 }
 
-NSColor customValueIndicatorColor(MANode panner) {
-  return themedOr(key<"surroundPannerKnobBorderColor">, ValueIndicatorColor::callHost(panner));
-}
-NSColor customSpreadFillColor(MANode panner) {
-  return themedOr(key<"surroundPannerKnobFillColor">, SpreadFillColor::callHost(panner));
-}
-NSColor customSpreadStrokeColor(MANode panner) {
-  return themedOr(key<"surroundPannerKnobBorderColor">, SpreadStrokeColor::callHost(panner));
-}
+struct ValueIndicatorColor : HostOverride<kClass, "valueIndicatorColor", NSColor()> {
+  static constexpr OpenWindow kOpenWindow = notReached(kPassedOver, "MAPlanarSpotNode spot");
+
+  static NSColor themed(MANode panner) { return themedOr(key<"surroundPannerKnobBorderColor">, callHost(panner)); }
+};
+
+struct SpreadFillColor : HostOverride<kClass, "spreadFillColor", NSColor()> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerLayout);
+
+  static NSColor themed(MANode panner) { return themedOr(key<"surroundPannerKnobFillColor">, callHost(panner)); }
+};
+
+struct SpreadStrokeColor : HostOverride<kClass, "spreadStrokeColor", NSColor()> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerLayout);
+
+  static NSColor themed(MANode panner) { return themedOr(key<"surroundPannerKnobBorderColor">, callHost(panner)); }
+};
 
 struct Line {
   CGPoint from;
@@ -86,23 +89,26 @@ BOOL customDrawBackground(MANode panner, CGRect rect, CGContextRef context) {
   return 1;
 }
 
-void customDrawRect(MANode panner, CGRect rect, CGContextRef context) {
-  CGContextSaveGState(context);
-  if (customDrawBackground(panner, rect, context) == 0) DrawRect::callHost(panner, rect, context);
-  CGContextRestoreGState(context);
+struct DrawRect : HostOverride<kClass, "drawRect:inContext:", void(CGRect, CGContextRef)> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerLayout);
+
+  static void themed(MANode panner, CGRect rect, CGContextRef context) {
+    CGContextSaveGState(context);
+    if (customDrawBackground(panner, rect, context) == 0) callHost(panner, rect, context);
+    CGContextRestoreGState(context);
+  }
+};
+
+void addMethods(CategoryDefinition& category) {
+  category.method<"customDrawBackgroundInRect:inContext:", customDrawBackground>();
 }
 
 }  // namespace
 
-void attachMAPlanarPannerNodeThemeSupport() {
-  CategoryDefinition("MAPlanarPannerNode")
-      .method<"customDrawBackgroundInRect:inContext:", customDrawBackground>()
-      .replacement<ValueIndicatorColor, customValueIndicatorColor>()
-      .replacement<SpreadFillColor, customSpreadFillColor>()
-      .replacement<SpreadStrokeColor, customSpreadStrokeColor>()
-      .replacement<DrawRect, customDrawRect>()
-      .classMethod<"addSwizzleMethod",
-                   installOnce<ValueIndicatorColor, SpreadFillColor, SpreadStrokeColor, DrawRect>>();
-}
+namespace overrides {
+extern constinit const ThemedClass MAPlanarPannerNode =
+    OverridesOf<kClass, ValueIndicatorColor, SpreadFillColor, SpreadStrokeColor,
+                DrawRect>::themedClass<InstallationRules{}, addMethods>();
+}  // namespace overrides
 
 }  // namespace velura

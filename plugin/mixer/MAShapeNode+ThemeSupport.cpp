@@ -1,33 +1,33 @@
 // The shape that shows the value of a knob: on panners, the image of the knob's face lies on it.
 
-#include "cocoa/Override.h"
-#include "plugin/loader/Attach.h"
 #include "plugin/mixer/KnobDrawing.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 
 namespace velura {
 namespace {
 
 using namespace cocoa;
 
-using UpdatePresentationObject = Override<"MAShapeNode", void(NSObject, NSObject),
-                                          "updatePresentationObject:view:", "customUpdatePresentationObject:view:">;
+constexpr FixedString kClass{"MAShapeNode"};
 
-void customUpdatePresentationObject(MANode shape, NSObject presentation, NSObject view) {
-  UpdatePresentationObject::callHost(shape, presentation, view);
-  const MANode knob = shape.parent();
-  if (isPannerKnob(knob)) updateImageLayer(kKnobFace, shape, presentation, knob.isHighlighted());
-}
+struct UpdatePresentationObject : HostOverride<kClass, "updatePresentationObject:view:", void(NSObject, NSObject)> {
+  static constexpr Condition kWhen = Condition::kImages;
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerLayout);
 
-void addSwizzleMethod(Class /*self*/) {
-  if (ThemeUtility::shared().useImagesToDraw) UpdatePresentationObject::install();
-}
+  static void themed(MANode shape, NSObject presentation, NSObject view) {
+    callHost(shape, presentation, view);
+    const MANode knob = shape.parent();
+    if (isPannerKnob(knob)) updateImageLayer(kKnobFace, shape, presentation, knob.isHighlighted());
+  }
+};
 
 }  // namespace
 
-void attachMAShapeNodeThemeSupport() {
-  CategoryDefinition("MAShapeNode")
-      .replacement<UpdatePresentationObject, customUpdatePresentationObject>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
-}
+namespace overrides {
+extern constinit const ThemedClass MAShapeNode =
+    OverridesOf<kClass,
+                UpdatePresentationObject>::themedClass<InstallationRules{.repetition = Repetition::kEveryTime}>();
+}  // namespace overrides
 
 }  // namespace velura

@@ -1,45 +1,45 @@
 // Stereo panners, whose ring and image are those of the panner knobs.
 
-#include "cocoa/Override.h"
-#include "plugin/loader/Attach.h"
 #include "plugin/mixer/KnobDrawing.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 
 namespace velura {
 namespace {
 
 using namespace cocoa;
 
-using DrawRect =
-    Override<"MAStereoPannerNode", void(CGRect, CGContextRef), "drawRect:inContext:", "customDrawRect:inContext:">;
-using UpdatePresentationObject = Override<"MAStereoPannerNode", void(NSObject, NSObject),
-                                          "updatePresentationObject:view:", "customUpdatePresentationObject:view:">;
+constexpr FixedString kClass{"MAStereoPannerNode"};
 
-void customDrawRect(MANode panner, CGRect rect, CGContextRef context) {
-  if (ThemeUtility::shared().useImagesToDraw && (isPannerKnob(panner) || drawImage(kSendFace, panner, rect, context))) {
-    return;
+struct DrawRect : HostOverride<kClass, "drawRect:inContext:", void(CGRect, CGContextRef)> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerNodes);
+
+  static void themed(MANode panner, CGRect rect, CGContextRef context) {
+    if (ThemeUtility::shared().useImagesToDraw &&
+        (isPannerKnob(panner) || drawImage(kSendFace, panner, rect, context))) {
+      return;
+    }
+    const NSColor ring = kPannerRing.color(panner.isHighlighted());
+    if (!ring) return callHost(panner, rect, context);
+    drawRing(rect, context, ring);
   }
-  const NSColor ring = kPannerRing.color(panner.isHighlighted());
-  if (!ring) return DrawRect::callHost(panner, rect, context);
-  drawRing(rect, context, ring);
-}
+};
 
-void customUpdatePresentationObject(MANode panner, NSObject presentation, NSObject view) {
-  UpdatePresentationObject::callHost(panner, presentation, view);
-  if (isPannerKnob(panner)) updateImageLayer(kKnobBackground, panner, presentation, panner.isHighlighted());
-}
+struct UpdatePresentationObject : HostOverride<kClass, "updatePresentationObject:view:", void(NSObject, NSObject)> {
+  static constexpr Condition kWhen = Condition::kImages;
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerLayout);
 
-void addSwizzleMethod(Class self) {
-  installOnce<DrawRect>(self);
-  if (ThemeUtility::shared().useImagesToDraw) installOnce<UpdatePresentationObject>(self);
-}
+  static void themed(MANode panner, NSObject presentation, NSObject view) {
+    callHost(panner, presentation, view);
+    if (isPannerKnob(panner)) updateImageLayer(kKnobBackground, panner, presentation, panner.isHighlighted());
+  }
+};
 
 }  // namespace
 
-void attachMAStereoPannerNodeThemeSupport() {
-  CategoryDefinition("MAStereoPannerNode")
-      .replacement<DrawRect, customDrawRect>()
-      .replacement<UpdatePresentationObject, customUpdatePresentationObject>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
-}
+namespace overrides {
+extern constinit const ThemedClass MAStereoPannerNode =
+    OverridesOf<kClass, DrawRect, UpdatePresentationObject>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

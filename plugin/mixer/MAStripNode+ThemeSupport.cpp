@@ -5,10 +5,10 @@
 #include <cmath>
 
 #include "cocoa/Exception.h"
-#include "cocoa/Override.h"
 #include "plugin/gradient/StripAnchoring.h"
 #include "plugin/gradient/StripNodeDump.h"
-#include "plugin/loader/Attach.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/theme/SelectedTheme.h"
 #include "plugin/theme/ThemeUtility.h"
 #include "plugin/theme/Utility.h"
@@ -18,31 +18,20 @@ namespace {
 
 using namespace cocoa;
 
-using WillUpdatePresentationObject =
-    Override<"MAStripNode", void(), "willUpdatePresentationObject", "customWillUpdatePresentationObject">;
-using BackgroundColor = Override<"MAStripNode", NSColor(), "backgroundColor", "customBackgroundColor">;
-using HighlightedBackgroundColor =
-    Override<"MAStripNode", NSColor(), "highlightedBackgroundColor", "customHighlightedBackgroundColor">;
-using BorderColor = Override<"MAStripNode", NSColor(), "borderColor", "customBorderColor">;
-using ElementTitleImage = Override<"MAStripNode", CGImageRef(NSString, CGSize, double),
-                                   "cachedElementTitleImageForLocalizedTitle:imageSize:scale:",
-                                   "customCachedElementTitleImageForLocalizedTitle:imageSize:scale:">;
-using DrawSlotFrame =
-    Override<"MAStripNode", void(CGRect, CGContextRef), "drawSlotFrame:inContext:", "customDrawSlotFrame:inContext:">;
-using DrawKnobFrame =
-    Override<"MAStripNode", void(CGRect, CGContextRef), "drawKnobFrame:inContext:", "customDrawKnobFrame:inContext:">;
+using Strip = MAStripNode;
+constexpr FixedString kClass = Strip::kClassName;
 
 // ---- Backgrounds ------------------------------------------------------------------------------
 
 /// What tells the kinds of strips apart, in one state.
-struct KindRow {
+struct StripKindRow {
   ThemeKey color;
   std::uint64_t ThemeUtility::*opacity;
 };
 enum Kind : std::size_t { kNormal, kFolder, kAux };
 enum State : std::size_t { kPlain, kHighlighted };
 
-constexpr KindRow kKinds[2][3] = {
+constexpr StripKindRow kStripKinds[2][3] = {
     {{key<"stripBackgroundColor">, &ThemeUtility::mixerOpacity},
      {key<"folderStripBackgroundColor">, &ThemeUtility::mixerFolderOpacity},
      {key<"auxStripBackgroundColor">, &ThemeUtility::mixerAuxOpacity}},
@@ -51,7 +40,7 @@ constexpr KindRow kKinds[2][3] = {
      {key<"auxStripHighlightBackgroundColor">, &ThemeUtility::mixerAuxHighlightedOpacity}},
 };
 
-Kind kindOf(MAStripNode strip) {
+Kind stripKindOf(Strip strip) {
   switch (trackTypeOf(strip)) {
     case TrackType::kFolder:
       return kFolder;
@@ -69,9 +58,9 @@ struct StripBackground {
 
 /// The track colour at the theme's opacity lies over the theme's gradient, or stands for the colour of the
 /// strip's kind where the theme has no gradient.
-StripBackground backgroundFor(MAStripNode strip, State state, NSColor hostColor, bool hasGradient) {
+StripBackground backgroundFor(Strip strip, State state, NSColor hostColor, bool hasGradient) {
   const ThemeUtility& theme = ThemeUtility::shared();
-  const KindRow& row = kKinds[state][kindOf(strip)];
+  const StripKindRow& row = kStripKinds[state][stripKindOf(strip)];
   const NSColor themed = theme.colorForKey(row.color);
   StripBackground background{themed ? themed : hostColor, NSColor()};
   if (!theme.useTrackColorAsStripBackground) return background;
@@ -83,42 +72,52 @@ StripBackground backgroundFor(MAStripNode strip, State state, NSColor hostColor,
   return background;
 }
 
-NSColor customBackgroundColor(MAStripNode strip) {
-  const NSColor host = BackgroundColor::callHost(strip);
-  const bool hasGradient = static_cast<bool>(ThemeUtility::shared().mixerStripGradient);
-  const StripBackground background = backgroundFor(strip, kPlain, host, hasGradient);
-  if (!background.base && !background.overlay) return host;
-  return applyStripGradient(strip, background.base, false, background.overlay);
-}
+struct BackgroundColor : HostOverride<kClass, "backgroundColor", NSColor()> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerLayout);
 
-NSColor customHighlightedBackgroundColor(MAStripNode strip) {
-  const ThemeUtility& theme = ThemeUtility::shared();
-  const bool hasGradient = theme.mixerStripHighlightGradient || theme.mixerStripGradient;
-  const StripBackground background =
-      backgroundFor(strip, kHighlighted, HighlightedBackgroundColor::callHost(strip), hasGradient);
-  return applyStripGradient(strip, background.base, true, background.overlay);
-}
+  static NSColor themed(Strip strip) {
+    const NSColor host = callHost(strip);
+    const bool hasGradient = static_cast<bool>(ThemeUtility::shared().mixerStripGradient);
+    const StripBackground background = backgroundFor(strip, kPlain, host, hasGradient);
+    if (!background.base && !background.overlay) return host;
+    return applyStripGradient(strip, background.base, false, background.overlay);
+  }
+};
 
-NSColor customBorderColor(MAStripNode strip) {
-  const NSColor themed = ThemeUtility::shared().colorForKey(key<"stripBorderColor">);
-  return themed ? themed : BorderColor::callHost(strip);
-}
+struct HighlightedBackgroundColor : HostOverride<kClass, "highlightedBackgroundColor", NSColor()> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerLayout);
+
+  static NSColor themed(Strip strip) {
+    const ThemeUtility& theme = ThemeUtility::shared();
+    const bool hasGradient = theme.mixerStripHighlightGradient || theme.mixerStripGradient;
+    const StripBackground background = backgroundFor(strip, kHighlighted, callHost(strip), hasGradient);
+    return applyStripGradient(strip, background.base, true, background.overlay);
+  }
+};
+
+struct BorderColor : ThemedColor<kClass, "borderColor", key<"stripBorderColor">> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerLayout);
+};
 
 /// The mixer area behind the strips.
-void customWillUpdatePresentationObject(MAStripNode strip) {
-  const NSView view = strip.parent().view();
-  if (view.respondsToSelector(selector<"setBackgroundColor:">())) {
-    if (const NSColor background = ThemeUtility::shared().mixerBackgroundColor()) {
-      call<"setBackgroundColor:">(view, background);
+struct WillUpdatePresentationObject : HostOverride<kClass, "willUpdatePresentationObject", void()> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerLayout);
+
+  static void themed(Strip strip) {
+    const NSView view = strip.parent().view();
+    if (view.respondsToSelector(selector<"setBackgroundColor:">())) {
+      if (const NSColor background = ThemeUtility::shared().mixerBackgroundColor()) {
+        call<"setBackgroundColor:">(view, background);
+      }
     }
+    callHost(strip);
   }
-  WillUpdatePresentationObject::callHost(strip);
-}
+};
 
 // ---- Track colour ------------------------------------------------------------------------------
 
 /// Whether the window's strips are set up to show track colours. They are when the host cannot say.
-bool showsTrackColors(MAStripNode strip) {
+bool showsTrackColors(Strip strip) {
   constexpr NSUInteger kTrackColorSwitch = 44;
   bool allowed = true;
   // Whatever the host raises while it is asked is let go: the colours are then allowed.
@@ -136,7 +135,7 @@ bool showsTrackColors(MAStripNode strip) {
   return allowed;
 }
 
-NSColor stripColorFromDataSource(MAStripNode strip) {
+NSColor stripColorFromDataSource(Strip strip) {
   const NSObject dataSource = call<"dataSource", NSObject>(strip.parent().controller());
   if (!dataSource.respondsToSelector(selector<"colorOfStrip:highlighted:">())) return {};
   if (!showsTrackColors(strip)) return {};
@@ -145,7 +144,7 @@ NSColor stripColorFromDataSource(MAStripNode strip) {
 
 // ---- Empty slots -------------------------------------------------------------------------------
 
-NSColor emptySlotColor(MAStripNode strip) {
+NSColor emptySlotColor(Strip strip) {
   return ThemeUtility::shared().colorForKey(strip.isHighlighted() ? key<"emptySlotSelectedBGColor">
                                                                   : key<"emptySlotBGColor">);
 }
@@ -177,27 +176,36 @@ bool isFinite(CGRect rect) {
          std::isfinite(rect.maxY());
 }
 
-void customDrawSlotFrame(MAStripNode strip, CGRect rect, CGContextRef context) {
-  constexpr std::uint64_t kHostRadius = 4;
-  const NSColor color = emptySlotColor(strip);
-  const std::uint64_t radius = ThemeUtility::shared().emptySlotCornerRadius;
-  if (!color && radius == kHostRadius) {
-    DrawSlotFrame::callHost(strip, rect, context);
-    return;
-  }
-  if (!isFinite(rect)) return;
-  drawPath(roundedRect(rect, static_cast<double>(radius)), context, color, emptySlotEdgeColor());
-}
+struct DrawSlotFrame : HostOverride<kClass, "drawSlotFrame:inContext:", void(CGRect, CGContextRef)> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerLayout);
 
-void customDrawKnobFrame(MAStripNode strip, CGRect rect, CGContextRef context) {
-  const NSColor color = emptySlotColor(strip);
-  if (!color) {
-    DrawKnobFrame::callHost(strip, rect, context);
-    return;
+  static void themed(Strip strip, CGRect rect, CGContextRef context) {
+    constexpr std::uint64_t kHostRadius = 4;
+    const NSColor color = emptySlotColor(strip);
+    const std::uint64_t radius = ThemeUtility::shared().emptySlotCornerRadius;
+    if (!color && radius == kHostRadius) {
+      callHost(strip, rect, context);
+      return;
+    }
+    if (!isFinite(rect)) return;
+    drawPath(roundedRect(rect, static_cast<double>(radius)), context, color, emptySlotEdgeColor());
   }
-  if (!isFinite(rect)) return;
-  drawPath(CFRef<CGPathRef>::adopt(CGPathCreateWithEllipseInRect(rect, nullptr)), context, color, emptySlotEdgeColor());
-}
+};
+
+struct DrawKnobFrame : HostOverride<kClass, "drawKnobFrame:inContext:", void(CGRect, CGContextRef)> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerLayout);
+
+  static void themed(Strip strip, CGRect rect, CGContextRef context) {
+    const NSColor color = emptySlotColor(strip);
+    if (!color) {
+      callHost(strip, rect, context);
+      return;
+    }
+    if (!isFinite(rect)) return;
+    drawPath(CFRef<CGPathRef>::adopt(CGPathCreateWithEllipseInRect(rect, nullptr)), context, color,
+             emptySlotEdgeColor());
+  }
+};
 
 /// Draws a title centred in `size`, in a context that is scaled already.
 void drawTitle(NSString title, CGSize size, NSColor color) {
@@ -231,48 +239,59 @@ Ref<NSBitmapImageRep> titleBitmap(NSString title, CGSize size, double scale, NSC
   return bitmap;
 }
 
-CGImageRef customElementTitleImage(MAStripNode strip, NSString title, CGSize size, double scale) {
-  const NSColor color = ThemeUtility::shared().colorForKey(key<"emptySlotButtonLabelColor">);
-  if (!color) return ElementTitleImage::callHost(strip, title, size, scale);
-  // Fed from the few titles of empty slots; the scale is the screen's and no part of the key.
-  static const NSMutableDictionary bitmaps = make<NSMutableDictionary>().detach();
-  const NSString key = string(toStdString(title) + "_" + toStdString(NSString(NSStringFromSize(size))));
-  if (const auto cached = cast<NSBitmapImageRep>(bitmaps.objectForKey(key))) return cached.CGImage();
-  const Ref<NSBitmapImageRep> bitmap = titleBitmap(title, size, scale, color);
-  if (!bitmap) return nullptr;
-  bitmaps.setObject(bitmap.get(), key);
-  return bitmap->CGImage();
-}
+/// Fed from the few titles of empty slots; the scale is the screen's and no part of the key.
+struct TitleBitmaps {
+  Ref<NSMutableDictionary> byTitleAndSize = make<NSMutableDictionary>();
+};
+
+struct ElementTitleImage
+    : HostOverride<kClass,
+                   "cachedElementTitleImageForLocalizedTitle:imageSize:scale:", CGImageRef(NSString, CGSize, double)> {
+  static constexpr OpenWindow kOpenWindow =
+      notReached("the titles of empty slots are pictures that the strip has", "MAStripNode strip");
+
+  static CGImageRef themed(Strip strip, NSString title, CGSize size, double scale) {
+    const NSColor color = ThemeUtility::shared().colorForKey(key<"emptySlotButtonLabelColor">);
+    if (!color) return callHost(strip, title, size, scale);
+    const NSMutableDictionary bitmaps = ThemeUtility::shared().derived<TitleBitmaps>().byTitleAndSize;
+    const NSString key = string(toStdString(title) + "_" + toStdString(NSString(NSStringFromSize(size))));
+    if (const auto cached = cast<NSBitmapImageRep>(bitmaps.objectForKey(key))) return cached.CGImage();
+    const Ref<NSBitmapImageRep> bitmap = titleBitmap(title, size, scale, color);
+    if (!bitmap) return nullptr;
+    bitmaps.setObject(bitmap.get(), key);
+    return bitmap->CGImage();
+  }
+};
 
 // ---- Messages ----------------------------------------------------------------------------------
 
-NSColor getStripColor(MAStripNode strip) { return stripColor(strip); }
-NSColor getStripColorFromDataSource(MAStripNode strip) { return stripColorFromDataSource(strip); }
+NSColor getStripColor(Strip strip) { return stripColor(strip); }
+NSColor getStripColorFromDataSource(Strip strip) { return stripColorFromDataSource(strip); }
 
-NSObject getNodeWithName(MAStripNode /*strip*/, NSArray nodes, NSString name) {
+NSObject getNodeWithName(Strip /*strip*/, NSArray nodes, NSString name) {
   for (const MANode node : items<MANode>(nodes)) {
     if (node.name().isEqualToString(name)) return node;
   }
   return {};
 }
 
-void drawPathInContext(MAStripNode /*strip*/, CGPathRef path, CGContextRef context, NSColor fill, NSColor border) {
+void drawPathInContext(Strip /*strip*/, CGPathRef path, CGContextRef context, NSColor fill, NSColor border) {
   drawPath(path, context, fill, border);
 }
 
-void vlrDumpNodeTree(MAStripNode /*strip*/, NSObject node, NSInteger depth, NSObject into) {
+void vlrDumpNodeTree(Strip /*strip*/, NSObject node, NSInteger depth, NSObject into) {
   std::string text;
   appendNodeTree(cast<MANode>(node), depth, text);
   call<"appendString:">(into, string(text));
 }
 
 /// -1 for a name that is no anchor.
-double vlrBoundaryYForAnchor(MAStripNode strip, NSString name) {
+double vlrBoundaryYForAnchor(Strip strip, NSString name) {
   const auto anchor = stripAnchorNamed(toStdString(name));
   return anchor ? boundaryYForAnchor(strip, *anchor) : -1;
 }
 
-BOOL vlrResolveGradient(MAStripNode strip, NSObject gradient, NSColor base, id* outColors, id* outLocations) {
+BOOL vlrResolveGradient(Strip strip, NSObject gradient, NSColor base, id* outColors, id* outLocations) {
   auto* parsed = stateIfKind<VLRStripGradient>(gradient);
   GradientStops stops;
   if (parsed == nullptr || !resolveGradient(strip, *parsed, base, stops)) return BOOL(0);
@@ -287,26 +306,32 @@ BOOL vlrResolveGradient(MAStripNode strip, NSObject gradient, NSColor base, id* 
   return BOOL(1);
 }
 
-NSColor vlrApplyStripGradient(MAStripNode strip, NSColor base, BOOL highlighted) {
+NSColor vlrApplyStripGradient(Strip strip, NSColor base, BOOL highlighted) {
   return applyStripGradient(strip, base, highlighted != 0, NSColor());
 }
 
-NSColor vlrApplyStripGradientWithOverlay(MAStripNode strip, NSColor base, BOOL highlighted, NSColor overlay) {
+NSColor vlrApplyStripGradientWithOverlay(Strip strip, NSColor base, BOOL highlighted, NSColor overlay) {
   return applyStripGradient(strip, base, highlighted != 0, overlay);
 }
 
-void addSwizzleMethod(Class self) {
-  if (!VLRIsCustomThemeSelected()) return;
-  installOnce<WillUpdatePresentationObject, BackgroundColor, HighlightedBackgroundColor, BorderColor, ElementTitleImage,
-              DrawSlotFrame, DrawKnobFrame>(self);
+void addMethods(CategoryDefinition& category) {
+  category.method<"getStripColor", getStripColor>()
+      .method<"getStripColorFromDataSource", getStripColorFromDataSource>()
+      .method<"getNodeWithName:name:", getNodeWithName>()
+      .method<"drawPath:inContext:fillColor:borderColor:", drawPathInContext>()
+      .method<"vlrDumpNodeTree:depth:into:", vlrDumpNodeTree>()
+      .method<"vlrBoundaryYForAnchor:", vlrBoundaryYForAnchor>()
+      .method<"vlrResolveGradient:baseColor:outColors:outLocations:", vlrResolveGradient>()
+      .method<"vlrApplyStripGradient:highlighted:", vlrApplyStripGradient>()
+      .method<"vlrApplyStripGradient:highlighted:overlayColor:", vlrApplyStripGradientWithOverlay>();
 }
 
 }  // namespace
 
-NSColor hostBackgroundColor(MAStripNode strip) { return BackgroundColor::callHost(strip); }
-NSColor hostHighlightedBackgroundColor(MAStripNode strip) { return HighlightedBackgroundColor::callHost(strip); }
+NSColor hostBackgroundColor(Strip strip) { return BackgroundColor::callHost(strip); }
+NSColor hostHighlightedBackgroundColor(Strip strip) { return HighlightedBackgroundColor::callHost(strip); }
 
-NSColor stripColor(MAStripNode strip) {
+NSColor stripColor(Strip strip) {
   for (const MANode child : items<MANode>(strip.childrenArray())) {
     if (!child.isNamed<"name">() && !child.isNamed<"number">()) continue;
     if (!child.respondsToSelector(selector<"customBackgroundColor">())) continue;
@@ -321,25 +346,11 @@ NSColor stripColor(MAStripNode strip) {
   return stripColorFromDataSource(strip);
 }
 
-void attachMAStripNodeThemeSupport() {
-  CategoryDefinition("MAStripNode")
-      .replacement<WillUpdatePresentationObject, customWillUpdatePresentationObject>()
-      .replacement<BackgroundColor, customBackgroundColor>()
-      .replacement<HighlightedBackgroundColor, customHighlightedBackgroundColor>()
-      .replacement<BorderColor, customBorderColor>()
-      .replacement<ElementTitleImage, customElementTitleImage>()
-      .replacement<DrawSlotFrame, customDrawSlotFrame>()
-      .replacement<DrawKnobFrame, customDrawKnobFrame>()
-      .method<"getStripColor", getStripColor>()
-      .method<"getStripColorFromDataSource", getStripColorFromDataSource>()
-      .method<"getNodeWithName:name:", getNodeWithName>()
-      .method<"drawPath:inContext:fillColor:borderColor:", drawPathInContext>()
-      .method<"vlrDumpNodeTree:depth:into:", vlrDumpNodeTree>()
-      .method<"vlrBoundaryYForAnchor:", vlrBoundaryYForAnchor>()
-      .method<"vlrResolveGradient:baseColor:outColors:outLocations:", vlrResolveGradient>()
-      .method<"vlrApplyStripGradient:highlighted:", vlrApplyStripGradient>()
-      .method<"vlrApplyStripGradient:highlighted:overlayColor:", vlrApplyStripGradientWithOverlay>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
-}
+namespace overrides {
+extern constinit const ThemedClass MAStripNode =
+    OverridesOf<kClass, WillUpdatePresentationObject, BackgroundColor, HighlightedBackgroundColor, BorderColor,
+                ElementTitleImage, DrawSlotFrame,
+                DrawKnobFrame>::themedClass<InstallationRules{.when = Condition::kCustomTheme}, addMethods>();
+}  // namespace overrides
 
 }  // namespace velura

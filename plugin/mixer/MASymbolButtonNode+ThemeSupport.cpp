@@ -1,9 +1,9 @@
 // Buttons with a glyph: mute, solo, record, input monitoring and others.
 
-#include "cocoa/Override.h"
 #include "plugin/hostapi/MANode.h"
-#include "plugin/loader/Attach.h"
 #include "plugin/mixer/HostColor.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/text/ColoredText.h"
 #include "plugin/theme/ThemeUtility.h"
 
@@ -12,9 +12,7 @@ namespace {
 
 using namespace cocoa;
 
-using SetForegroundColor =
-    Override<"MASymbolButtonNode", void(NSColor), "setForegroundColor:", "customSetForegroundColor:">;
-using SetSymbol = Override<"MASymbolButtonNode", void(NSObject), "setSymbol:", "customSetSymbol:">;
+constexpr FixedString kClass{"MASymbolButtonNode"};
 
 /// The glyph of a button that is on, and of one that is off but drawn in a colour, as while it blinks.
 struct GlyphRow {
@@ -40,25 +38,34 @@ ThemeKey glyphKey(MANode button, NSColor host) {
   return key<"GlyphSymbolsColor">;
 }
 
-void customSetForegroundColor(MANode button, NSColor color) {
-  const NSColor themed = ThemeUtility::shared().colorForKey(key<"GlyphSymbolsColor">);
-  SetForegroundColor::callHost(button, themed ? themed : color);
-}
+struct SetForegroundColor : HostOverride<kClass, "setForegroundColor:", void(NSColor)> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerNodes);
 
-void customSetSymbol(MANode button, NSObject symbol) {
-  const auto text = as<NSAttributedString>(symbol);
-  const NSColor color =
-      text.length() == 0 ? NSColor() : ThemeUtility::shared().colorForKey(glyphKey(button, foregroundColorOf(text)));
-  SetSymbol::callHost(button, color ? NSObject(inColor(text, color)) : symbol);
-}
+  static void themed(MANode button, NSColor color) {
+    const NSColor themed = ThemeUtility::shared().colorForKey(key<"GlyphSymbolsColor">);
+    callHost(button, themed ? themed : color);
+  }
+};
+
+struct SetSymbol : HostOverride<kClass, "setSymbol:", void(NSObject)> {
+  static constexpr OpenWindow kOpenWindow = notReached(
+      kSetOnce,
+      "MASymbolButtonNode bounce, MASymbolButtonNode channelMode, MASymbolButtonNode dim, MASymbolButtonNode "
+      "monitoring, MASymbolButtonNode mute, MASymbolButtonNode record, MASymbolButtonNode solo");
+
+  static void themed(MANode button, NSObject symbol) {
+    const auto text = as<NSAttributedString>(symbol);
+    const NSColor color =
+        text.length() == 0 ? NSColor() : ThemeUtility::shared().colorForKey(glyphKey(button, foregroundColorOf(text)));
+    callHost(button, color ? NSObject(inColor(text, color)) : symbol);
+  }
+};
 
 }  // namespace
 
-void attachMASymbolButtonNodeThemeSupport() {
-  CategoryDefinition("MASymbolButtonNode")
-      .replacement<SetForegroundColor, customSetForegroundColor>()
-      .replacement<SetSymbol, customSetSymbol>()
-      .classMethod<"addSwizzleMethod", installOnce<SetForegroundColor, SetSymbol>>();
-}
+namespace overrides {
+extern constinit const ThemedClass MASymbolButtonNode =
+    OverridesOf<kClass, SetForegroundColor, SetSymbol>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

@@ -1,10 +1,10 @@
 // Texts of a mixer strip: their colour, and what lies behind name, number and notes.
 
-#include "cocoa/Override.h"
-#include "plugin/gradient/GradientSwitch.h"
 #include "plugin/hostapi/MANode.h"
-#include "plugin/loader/Attach.h"
 #include "plugin/mixer/MAStripNode+ThemeSupport.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
+#include "plugin/theme/GradientSwitch.h"
 #include "plugin/theme/ThemeUtility.h"
 #include "plugin/theme/VLRStripBevel.h"
 
@@ -13,9 +13,8 @@ namespace {
 
 using namespace cocoa;
 
-using ForegroundColor = Override<"MATextNode", NSColor(), "foregroundColor", "customForegroundColor">;
-using BackgroundColor = Override<"MATextNode", NSColor(), "backgroundColor", "customBackgroundColor">;
-using SetBackgroundColor = Override<"MATextNode", void(NSColor), "setBackgroundColor:", "customSetBackgroundColor:">;
+using Text = MATextNode;
+constexpr FixedString kClass = Text::kClassName;
 
 enum class HighlightOf { kItself, kParent };
 
@@ -36,20 +35,25 @@ constexpr TextRow kTexts[] = {
     {literal<"notes">, HighlightOf::kItself, key<"nameAndNumberTitleColor">, key<"nameAndNumberTitleHighlightColor">},
 };
 
-NSColor customForegroundColor(MATextNode text) {
-  const NSString name = text.name();
-  for (const TextRow& row : kTexts) {
-    if (!name.isEqualToString(row.name())) continue;
-    const bool highlighted =
-        row.highlight == HighlightOf::kParent ? text.parent().isHighlighted() : text.isHighlighted();
-    const NSColor themed = ThemeUtility::shared().colorForKey(highlighted ? row.highlighted : row.plain);
-    if (themed) return themed;
-    break;
-  }
-  return ForegroundColor::callHost(text);
-}
+struct ForegroundColor : HostOverride<kClass, "foregroundColor", NSColor()> {
+  static constexpr OpenWindow kOpenWindow = notReached(
+      kPassedOver, "MATextNode label, MATextNode name, MATextNode notes, MATextNode number, MATextNode panner readout");
 
-bool showsStripBehind(MATextNode text) {
+  static NSColor themed(Text text) {
+    const NSString name = text.name();
+    for (const TextRow& row : kTexts) {
+      if (!name.isEqualToString(row.name())) continue;
+      const bool highlighted =
+          row.highlight == HighlightOf::kParent ? text.parent().isHighlighted() : text.isHighlighted();
+      const NSColor themed = ThemeUtility::shared().colorForKey(highlighted ? row.highlighted : row.plain);
+      if (themed) return themed;
+      break;
+    }
+    return callHost(text);
+  }
+};
+
+bool showsStripBehind(Text text) {
   return text.isNamed<"name">() || text.isNamed<"notes">() || text.isNamed<"number">();
 }
 
@@ -65,37 +69,42 @@ bool isStripStyled(const ThemeUtility& theme, bool highlighted) {
   return hasGradient || (bevel != nullptr && bevel->styleForHighlighted(highlighted) != 0);
 }
 
-NSColor customBackgroundColor(MATextNode text) {
-  const NSColor host = BackgroundColor::callHost(text);
-  const auto strip = as<MAStripNode>(text.parent());
-  if (!strip || !showsStripBehind(text)) return host;
-  const bool plain =
-      host && (host.isEqual(hostHighlightedBackgroundColor(strip)) || host.isEqual(hostBackgroundColor(strip)));
-  if (!plain) return host;
-  const ThemeUtility& theme = ThemeUtility::shared();
-  const bool highlighted = strip.isHighlighted();
-  if (isStripStyled(theme, highlighted) && !VLRGradientsDisabled()) return NSColor::clearColor();
-  const NSColor themed =
-      theme.colorForKey(highlighted ? key<"stripHighlightBackgroundColor"> : key<"stripBackgroundColor">);
-  return themed ? themed : host;
-}
+struct BackgroundColor : HostOverride<kClass, "backgroundColor", NSColor()> {
+  static constexpr OpenWindow kOpenWindow = notReached(kPassedOver);
 
-void customSetBackgroundColor(MATextNode text, NSColor color) {
-  if (ThemeUtility::shared().useTrackColorAsStripBackground && text.isNamed<"name">() &&
-      !color.isEqual(BackgroundColor::callHost(text))) {
-    text.parent().setNeedsDisplay(true);
+  static NSColor themed(Text text) {
+    const NSColor host = callHost(text);
+    const auto strip = as<MAStripNode>(text.parent());
+    if (!strip || !showsStripBehind(text)) return host;
+    const bool plain =
+        host && (host.isEqual(hostHighlightedBackgroundColor(strip)) || host.isEqual(hostBackgroundColor(strip)));
+    if (!plain) return host;
+    const ThemeUtility& theme = ThemeUtility::shared();
+    const bool highlighted = strip.isHighlighted();
+    if (isStripStyled(theme, highlighted) && !VLRGradientsDisabled()) return NSColor::clearColor();
+    const NSColor themed =
+        theme.colorForKey(highlighted ? key<"stripHighlightBackgroundColor"> : key<"stripBackgroundColor">);
+    return themed ? themed : host;
   }
-  SetBackgroundColor::callHost(text, color);
-}
+};
+
+struct SetBackgroundColor : HostOverride<kClass, "setBackgroundColor:", void(NSColor)> {
+  static constexpr OpenWindow kOpenWindow = notReached(kPassedOver);
+
+  static void themed(Text text, NSColor color) {
+    if (ThemeUtility::shared().useTrackColorAsStripBackground && text.isNamed<"name">() &&
+        !color.isEqual(BackgroundColor::callHost(text))) {
+      text.parent().setNeedsDisplay(true);
+    }
+    callHost(text, color);
+  }
+};
 
 }  // namespace
 
-void attachMATextNodeThemeSupport() {
-  CategoryDefinition("MATextNode")
-      .replacement<ForegroundColor, customForegroundColor>()
-      .replacement<SetBackgroundColor, customSetBackgroundColor>()
-      .replacement<BackgroundColor, customBackgroundColor>()
-      .classMethod<"addSwizzleMethod", installOnce<ForegroundColor, SetBackgroundColor, BackgroundColor>>();
-}
+namespace overrides {
+extern constinit const ThemedClass MATextNode =
+    OverridesOf<kClass, ForegroundColor, SetBackgroundColor, BackgroundColor>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

@@ -1,19 +1,16 @@
 // The cap of a knob, with its pointer.
 
-#include "cocoa/Override.h"
 #include "plugin/hostapi/HostVersion.h"
-#include "plugin/loader/Attach.h"
 #include "plugin/mixer/KnobDrawing.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 
 namespace velura {
 namespace {
 
 using namespace cocoa;
 
-using UpdatePresentationObject = Override<"_MACapNode", void(NSObject, NSObject),
-                                          "updatePresentationObject:view:", "customUpdatePresentationObject:view:">;
-using DrawCap = Override<"_MACapNode", void(CGRect, CGContextRef, BOOL),
-                         "drawCapInRect:inContext:flipped:", "customDrawCapInRect:inContext:flipped:">;
+constexpr FixedString kClass{"_MACapNode"};
 
 /// A cap without an image: how older hosts, whose rectangles are larger, keep it inside of the ring.
 struct CapDisc {
@@ -28,33 +25,36 @@ bool areCapRectanglesLarger() {
   return older;
 }
 
-void customUpdatePresentationObject(MANode cap, NSObject presentation, NSObject view) {
-  UpdatePresentationObject::callHost(cap, presentation, view);
-  updatePointer(cap, presentation);
-}
+struct UpdatePresentationObject : HostOverride<kClass, "updatePresentationObject:view:", void(NSObject, NSObject)> {
+  static constexpr Condition kWhen = Condition::kImages;
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerLayout);
 
-void customDrawCap(MANode cap, CGRect rect, CGContextRef context, BOOL flipped) {
-  const bool isPanner = isPannerKnob(cap.parent());
-  if (ThemeUtility::shared().useImagesToDraw && (isPanner || drawImage(kSendCapImage, cap, rect, context))) return;
-  const CapDisc& disc = isPanner ? kPannerDisc : kSendDisc;
-  const NSColor color = disc.keys.color(cap.isHighlighted());
-  if (!color) return DrawCap::callHost(cap, rect, context, flipped);
-  const double inset = areCapRectanglesLarger() ? disc.insetOnOlderHosts : 0;
-  fillDisc(rect.insetBy(inset, inset), context, color);
-}
+  static void themed(MANode cap, NSObject presentation, NSObject view) {
+    callHost(cap, presentation, view);
+    updatePointer(cap, presentation);
+  }
+};
 
-void addSwizzleMethod(Class /*self*/) {
-  if (ThemeUtility::shared().useImagesToDraw) UpdatePresentationObject::install();
-  DrawCap::install();
-}
+struct DrawCap : HostOverride<kClass, "drawCapInRect:inContext:flipped:", void(CGRect, CGContextRef, BOOL)> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerNodes);
+
+  static void themed(MANode cap, CGRect rect, CGContextRef context, BOOL flipped) {
+    const bool isPanner = isPannerKnob(cap.parent());
+    if (ThemeUtility::shared().useImagesToDraw && (isPanner || drawImage(kSendCapImage, cap, rect, context))) return;
+    const CapDisc& disc = isPanner ? kPannerDisc : kSendDisc;
+    const NSColor color = disc.keys.color(cap.isHighlighted());
+    if (!color) return callHost(cap, rect, context, flipped);
+    const double inset = areCapRectanglesLarger() ? disc.insetOnOlderHosts : 0;
+    fillDisc(rect.insetBy(inset, inset), context, color);
+  }
+};
 
 }  // namespace
 
-void attachMACapNodeThemeSupport() {
-  CategoryDefinition("_MACapNode")
-      .replacement<UpdatePresentationObject, customUpdatePresentationObject>()
-      .replacement<DrawCap, customDrawCap>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
-}
+namespace overrides {
+extern constinit const ThemedClass _MACapNode =
+    OverridesOf<kClass, UpdatePresentationObject,
+                DrawCap>::themedClass<InstallationRules{.repetition = Repetition::kEveryTime}>();
+}  // namespace overrides
 
 }  // namespace velura

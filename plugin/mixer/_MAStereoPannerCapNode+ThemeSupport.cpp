@@ -1,44 +1,43 @@
 // The cap of a stereo panner, with its pointer.
 
-#include "cocoa/Override.h"
-#include "plugin/loader/Attach.h"
 #include "plugin/mixer/KnobDrawing.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 
 namespace velura {
 namespace {
 
 using namespace cocoa;
 
-using UpdatePresentationObject = Override<"_MAStereoPannerCapNode", void(NSObject, NSObject),
-                                          "updatePresentationObject:view:", "customUpdatePresentationObject:view:">;
-using DrawCap = Override<"_MAStereoPannerCapNode", void(CGRect, CGContextRef, BOOL),
-                         "drawCapInRect:inContext:flipped:", "customDrawCapInRect:inContext:flipped:">;
+constexpr FixedString kClass{"_MAStereoPannerCapNode"};
 
-void customUpdatePresentationObject(MANode cap, NSObject presentation, NSObject view) {
-  UpdatePresentationObject::callHost(cap, presentation, view);
-  updatePointer(cap, presentation);
-}
+struct UpdatePresentationObject : HostOverride<kClass, "updatePresentationObject:view:", void(NSObject, NSObject)> {
+  static constexpr Condition kWhen = Condition::kImages;
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerLayout);
 
-void customDrawCap(MANode cap, CGRect rect, CGContextRef context, BOOL flipped) {
-  constexpr double kInset = 3;
-  if (ThemeUtility::shared().useImagesToDraw) return;
-  const NSColor disc = kPannerCap.color(cap.isHighlighted());
-  if (!disc) return DrawCap::callHost(cap, rect, context, flipped);
-  fillDisc(rect.insetBy(kInset, kInset), context, disc);
-}
+  static void themed(MANode cap, NSObject presentation, NSObject view) {
+    callHost(cap, presentation, view);
+    updatePointer(cap, presentation);
+  }
+};
 
-void addSwizzleMethod(Class self) {
-  installOnce<DrawCap>(self);
-  if (ThemeUtility::shared().useImagesToDraw) installOnce<UpdatePresentationObject>(self);
-}
+struct DrawCap : HostOverride<kClass, "drawCapInRect:inContext:flipped:", void(CGRect, CGContextRef, BOOL)> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerLayout);
+
+  static void themed(MANode cap, CGRect rect, CGContextRef context, BOOL flipped) {
+    constexpr double kInset = 3;
+    if (ThemeUtility::shared().useImagesToDraw) return;
+    const NSColor disc = kPannerCap.color(cap.isHighlighted());
+    if (!disc) return callHost(cap, rect, context, flipped);
+    fillDisc(rect.insetBy(kInset, kInset), context, disc);
+  }
+};
 
 }  // namespace
 
-void attachMAStereoPannerCapNodeThemeSupport() {
-  CategoryDefinition("_MAStereoPannerCapNode")
-      .replacement<UpdatePresentationObject, customUpdatePresentationObject>()
-      .replacement<DrawCap, customDrawCap>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
-}
+namespace overrides {
+extern constinit const ThemedClass _MAStereoPannerCapNode =
+    OverridesOf<kClass, DrawCap, UpdatePresentationObject>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

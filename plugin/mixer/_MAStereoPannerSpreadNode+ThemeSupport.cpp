@@ -1,45 +1,45 @@
 // The spread of a stereo panner.
 
-#include "cocoa/Override.h"
-#include "plugin/loader/Attach.h"
 #include "plugin/mixer/KnobDrawing.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 
 namespace velura {
 namespace {
 
 using namespace cocoa;
 
-using FillColor = Override<"_MAStereoPannerSpreadNode", NSColor(), "fillColor", "customFillColor">;
-using UpdatePresentationObject = Override<"_MAStereoPannerSpreadNode", void(NSObject, NSObject),
-                                          "updatePresentationObject:view:", "customUpdatePresentationObject:view:">;
+constexpr FixedString kClass{"_MAStereoPannerSpreadNode"};
 
 /// Sides that are exchanged have a colour of their own, and without it the host's.
-NSColor customFillColor(MANode spread) {
-  const MANode panner = spread.parent();
-  const bool inverse = panner.respondsToSelector(selector<"inverseSpread">()) && asks<"inverseSpread">(panner.object);
-  const NSColor themed = ThemeUtility::shared().colorForKey(inverse ? key<"stereoPannerKnobAlternateFillColor">
-                                                                    : key<"stereoPannerKnobFillColor">);
-  return themed ? themed : FillColor::callHost(spread);
-}
+struct FillColor : HostOverride<kClass, "fillColor", NSColor()> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerLayout);
 
-void customUpdatePresentationObject(MANode spread, NSObject presentation, NSObject view) {
-  UpdatePresentationObject::callHost(spread, presentation, view);
-  const MANode panner = spread.parent();
-  if (isPannerKnob(panner)) updateImageLayer(kKnobFace, spread, presentation, panner.isHighlighted());
-}
+  static NSColor themed(MANode spread) {
+    const MANode panner = spread.parent();
+    const bool inverse = panner.respondsToSelector(selector<"inverseSpread">()) && asks<"inverseSpread">(panner.object);
+    const NSColor themed = ThemeUtility::shared().colorForKey(inverse ? key<"stereoPannerKnobAlternateFillColor">
+                                                                      : key<"stereoPannerKnobFillColor">);
+    return themed ? themed : callHost(spread);
+  }
+};
 
-void addSwizzleMethod(Class self) {
-  installOnce<FillColor>(self);
-  if (ThemeUtility::shared().useImagesToDraw) installOnce<UpdatePresentationObject>(self);
-}
+struct UpdatePresentationObject : HostOverride<kClass, "updatePresentationObject:view:", void(NSObject, NSObject)> {
+  static constexpr Condition kWhen = Condition::kImages;
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerLayout);
+
+  static void themed(MANode spread, NSObject presentation, NSObject view) {
+    callHost(spread, presentation, view);
+    const MANode panner = spread.parent();
+    if (isPannerKnob(panner)) updateImageLayer(kKnobFace, spread, presentation, panner.isHighlighted());
+  }
+};
 
 }  // namespace
 
-void attachMAStereoPannerSpreadNodeThemeSupport() {
-  CategoryDefinition("_MAStereoPannerSpreadNode")
-      .replacement<FillColor, customFillColor>()
-      .replacement<UpdatePresentationObject, customUpdatePresentationObject>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
-}
+namespace overrides {
+extern constinit const ThemedClass _MAStereoPannerSpreadNode =
+    OverridesOf<kClass, FillColor, UpdatePresentationObject>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

@@ -1,12 +1,12 @@
 #include "plugin/theme/ThemeUtility.h"
 
 #include <mutex>
+#include <vector>
 
-#include "plugin/arrange/Utility+TrackColorWarning.h"
-#include "plugin/gradient/GradientSwitch.h"
 #include "plugin/language/ColorString.h"
 #include "plugin/language/TrackTypes.h"
 #include "plugin/text/StringBytes.h"
+#include "plugin/theme/GradientSwitch.h"
 #include "plugin/theme/SelectedTheme.h"
 #include "plugin/theme/ThemeFiles.h"
 #include "plugin/theme/ThemeValues.h"
@@ -93,29 +93,10 @@ NSObject withColors(NSObject group, const ThemeUtility& theme) {
   return completed;
 }
 
-/// The first of the views that `accepts`; nil when none does.
-template <class Accepts>
-NSView firstOf(NSArray views, Accepts accepts) {
-  for (const NSView view : items<NSView>(views)) {
-    if (accepts(view)) return view;
-  }
-  return {};
-}
-
-/// The text field that shows the title of a window of the host.
-NSTextField titleField(NSWindow window) {
-  const NSView frame = window.contentView().superview();
-  if (!frame.respondsToSelector(selector<"subviews">())) return {};
-  const NSView container = firstOf(
-      frame.subviews(), [](NSView view) { return view.respondsToSelector(selector<"associatedThemeFrame">()); });
-  const NSView titleBar = firstOf(
-      container.subviews(), [](NSView view) { return view.className().isEqualToString(literal<"NSTitlebarView">()); });
-  return cast<NSTextField>(
-      firstOf(titleBar.subviews(), [](NSView view) { return view.isKindOfClass(classOf<NSTextField>()); }));
-}
-
-bool isHostWindow(NSObject object) {
-  return object.isKindOfClass(classNamed<"MAKitWindow">()) || object.isKindOfClass(classNamed<"MAKitPanel">());
+/// What waits for the theme, in the order in which it came.
+std::vector<void (*)(NSObject)>& observers() {
+  static std::vector<void (*)(NSObject)> list;
+  return list;
 }
 
 NSObject sharedInstance(Class /*self*/) { return NSObject(ThemeUtility::shared().self); }
@@ -131,6 +112,8 @@ ThemeUtility& ThemeUtility::makeShared() {
   return *shared_.load(std::memory_order_acquire);
 }
 
+void ThemeUtility::whenMade(void (*observe)(NSObject theme)) { observers().push_back(observe); }
+
 id ThemeUtility::init() {
   const AutoreleasePool pool;
   superSend<ThemeUtility, id>(self, selector<"init">());
@@ -138,11 +121,7 @@ id ThemeUtility::init() {
   gradientPatternCache = make<NSMutableDictionary>();
   setColorCollection(NSDictionary::dictionary());
   apply(loadThemeSettings());
-  NSNotificationCenter::defaultCenter().addObserver(NSObject(self), selector<"windowDidUpdate:">(),
-                                                    NSWindowDidUpdateNotification, NSObject());
-  NSNotificationCenter::defaultCenter().addObserver(NSObject(self), selector<"handleDocumentDidOpen:">(),
-                                                    literal<"CLgDocumentControllerNotification_documentDidOpen">(),
-                                                    NSObject());
+  for (const auto observe : observers()) observe(NSObject(self));
   return self;
 }
 
@@ -224,16 +203,6 @@ NSColor ThemeUtility::mixerBackgroundColor() const {
   return colors.count() == 0 ? base : cast<NSColor>(colors.objectAtIndex(0)).colorWithAlphaComponent(1);
 }
 
-void ThemeUtility::windowDidUpdate(NSNotification notification) {
-  const NSColor title = colorForKey(key<"windowTitleColor">);
-  if (!title || !isHostWindow(notification.sender())) return;
-  const NSTextField field = titleField(cast<NSWindow>(notification.sender()));
-  // Windows update all the time: a title that has its colour is not to be drawn anew.
-  if (!title.isEqual(field.textColor())) field.setTextColor(title);
-}
-
-void ThemeUtility::handleDocumentDidOpen(NSNotification notification) { checkOpenedDocument(notification); }
-
 void defineThemeUtility() {
   if (DefinedClass<ThemeUtility>::cls != nullptr) return;
   using ColorByName = NSColor (ThemeUtility::*)(NSString) const;
@@ -247,14 +216,6 @@ void defineThemeUtility() {
       .method<"useSharedPannerType:", &ThemeUtility::useSharedPannerType>()
       .method<"useSharedFaderType:", &ThemeUtility::useSharedFaderType>()
       .method<"vlrMixerBackgroundColor", &ThemeUtility::mixerBackgroundColor>()
-      .method<"windowDidUpdate:", &ThemeUtility::windowDidUpdate>()
-      .method<"handleDocumentDidOpen:", &ThemeUtility::handleDocumentDidOpen>()
-      .method<"patternColorForGradient:baseColor:size:stopColors:stopLocations:bevel:bevelStyle:overlayColor:",
-              &ThemeUtility::patternColorForGradient>()
-      .method<"patternColorForGradient:baseColor:size:stopColors:stopLocations:bevel:bevelStyle:",
-              &ThemeUtility::patternColorForGradientWithoutOverlay>()
-      .method<"getImage:size:", &ThemeUtility::getImage>()
-      .method<"flipImageVertically:", &ThemeUtility::flipImageVertically>()
       .method<"colorCollection", &ThemeUtility::colorCollection>()
       .method<"setColorCollection:", &ThemeUtility::setColorCollection>()
       .property<"useDifferentPannerTypes", "setUseDifferentPannerTypes:", &ThemeUtility::useDifferentPannerTypes>()

@@ -9,6 +9,7 @@
 #include "cocoa/AppKit.h"
 #include "cocoa/ClassDefinition.h"
 #include "plugin/language/ThemeKeys.h"
+#include "plugin/theme/DerivedValues.h"
 #include "plugin/theme/VLRStripBevel.h"
 #include "plugin/theme/VLRStripGradient.h"
 
@@ -20,6 +21,10 @@ struct ThemeUtility : cocoa::ObjectState {
     ThemeUtility* theme = shared_.load(std::memory_order_acquire);
     return theme != nullptr ? *theme : makeShared();
   }
+
+  /// Runs `observe` with the instance as soon as it is made: for what begins with a theme, such as the colouring of
+  /// window titles. To be called while the bundle is loaded.
+  static void whenMade(void (*observe)(NSObject theme));
 
   id init();
 
@@ -43,25 +48,6 @@ struct ThemeUtility : cocoa::ObjectState {
   /// What shows behind the strips; nil for the host's own.
   [[nodiscard]] NSColor mixerBackgroundColor() const;
 
-  /// Colours the title of a window or panel of the host.
-  void windowDidUpdate(NSNotification notification);
-
-  /// Warns of a document without colour bars under a theme that needs them.
-  void handleDocumentDidOpen(NSNotification notification);
-
-  /// A cached pattern that shows a gradient, an overlay and a bevel over a base colour. Implemented with
-  /// the renderer.
-  NSColor patternColorForGradient(NSObject gradient, NSColor base, CGSize size, NSArray stopColors,
-                                  NSArray stopLocations, NSObject bevel, NSInteger bevelStyle, NSColor overlay);
-  NSColor patternColorForGradientWithoutOverlay(NSObject gradient, NSColor base, CGSize size, NSArray stopColors,
-                                                NSArray stopLocations, NSObject bevel, NSInteger bevelStyle);
-
-  /// An image of the theme by its name; nil when there is none. A size of zero keeps the image's own. Pointer
-  /// images come mirrored. Implemented with the images.
-  NSImage getImage(NSString name, CGSize size);
-  /// The image upside down, all of its frames; nil when it cannot be read.
-  NSImage flipImageVertically(NSImage image);
-
   [[nodiscard]] NSDictionary colorCollection() const { return colorCollection_; }
   /// The collection must not change afterwards.
   void setColorCollection(NSDictionary collection);
@@ -74,7 +60,13 @@ struct ThemeUtility : cocoa::ObjectState {
     return cocoa::stateIfKind<VLRStripBevel>(property.get());
   }
 
-  /// One bit a track type, as `kTrackTypes` places them.
+  /// What others make of the theme and keep as long as it: the one `T` of this theme, made on first use.
+  template <class T>
+  [[nodiscard]] T& derived() {
+    return derived_.of<T>();
+  }
+
+  /// One bit for each track type, as `kTrackTypes` places them.
   std::uint32_t useDifferentPannerTypes = 0;
   std::uint32_t useDifferentFaderTypes = 0;
 
@@ -121,6 +113,7 @@ struct ThemeUtility : cocoa::ObjectState {
   static inline std::atomic<ThemeUtility*> shared_{nullptr};
   cocoa::Ref<NSDictionary> colorCollection_;
   std::array<cocoa::Ref<NSColor>, kThemeKeyCount> colors_;
+  DerivedValues derived_;
 };
 
 /// Registers the class.

@@ -34,16 +34,15 @@ void removeUnchangedColorFromDictionary(Class /*self*/, NSMutableDictionary them
 
 NSInteger getTrackType(Class /*self*/, NSObject node) { return static_cast<NSInteger>(trackTypeOf(node)); }
 
-Highlighted highlightedIf(BOOL highlighted) { return highlighted != 0 ? Highlighted::kYes : Highlighted::kNo; }
 ImageSet sharedIf(BOOL shared) { return shared != 0 ? ImageSet::kShared : ImageSet::kOwn; }
 
 template <FixedString Stem>
 NSString pannerImage(Class /*self*/, BOOL highlighted, NSInteger type, BOOL shared) {
-  return string(pannerImageName(Stem.view(), highlightedIf(highlighted), TrackType(type), sharedIf(shared)));
+  return string(pannerImageName(Stem.view(), highlighted != 0, TrackType(type), sharedIf(shared)));
 }
 
 NSString faderImage(Class /*self*/, BOOL highlighted, NSInteger type, BOOL shared) {
-  const auto name = faderImageName(highlightedIf(highlighted), TrackType(type), sharedIf(shared));
+  const auto name = faderImageName(highlighted != 0, TrackType(type), sharedIf(shared));
   return name ? string(*name) : NSString();
 }
 

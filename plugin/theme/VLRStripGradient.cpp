@@ -47,10 +47,10 @@ NSObject VLRStripGradient::gradientFromString(NSObject value) {
   if (!data) return {};
   auto made = Ref<NSObject>::adopt(
       send<NSObject>(send<id>(DefinedClass<VLRStripGradient>::cls, selector<"alloc">()), selector<"init">()));
-  return stateOf<VLRStripGradient>(made.get()).fill(std::move(*data)) ? autoreleased(std::move(made)) : NSObject();
+  return stateOf<VLRStripGradient>(made.get()).takeOver(std::move(*data)) ? autoreleased(std::move(made)) : NSObject();
 }
 
-bool VLRStripGradient::fill(GradientData data) {
+bool VLRStripGradient::takeOver(GradientData data) {
   static_cast<GradientData&>(*this) = std::move(data);
   if (mode == GradientMode::kLinear) {
     stopColors = arrayOf(colors, colorOf);

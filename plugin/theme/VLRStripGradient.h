@@ -23,7 +23,7 @@ struct VLRStripGradient : cocoa::ObjectState, GradientData {
   [[nodiscard]] NSColor colorForBase(NSColor base, NSInteger delta) const;
 
  private:
-  bool fill(GradientData data);
+  bool takeOver(GradientData data);
 };
 
 /// Registers the class.

@@ -1,48 +1,25 @@
 // The colours of the Live Loops grid, which the host asks of a handful of classes: one table.
 
-#include "cocoa/Override.h"
-#include "plugin/loader/Attach.h"
-#include "plugin/theme/ThemeUtility.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 
 namespace velura {
 namespace {
 
 using namespace cocoa;
 
-/// "custom" and the name of a host method, its first letter raised.
-template <std::size_t N>
-consteval auto customNameOf(const FixedString<N>& method) {
-  constexpr std::string_view kCustom = "custom";
-  char name[kCustom.size() + N]{};
-  std::ranges::copy(kCustom, name);
-  std::copy_n(method.text, N, name + kCustom.size());
-  char& first = name[kCustom.size()];
-  if (first >= 'a' && first <= 'z') first = static_cast<char>(first - 'a' + 'A');
-  return FixedString(name);
-}
-
 /// A colour of the host, the key that takes its place, and the replacement's name.
-template <FixedString Method, ThemeKey Key, FixedString Replacement = customNameOf(Method)>
+template <FixedString Method, ThemeKey Key, FixedString Replacement = replacementNameOf(Method)>
 struct Color {
   template <FixedString Provider>
-  using Pair = Override<Provider, NSColor(), Method, Replacement>;
-
-  template <FixedString Provider>
-  static NSColor custom(NSObject provider) {
-    const NSColor themed = ThemeUtility::shared().colorForKey(Key);
-    return themed ? themed : Pair<Provider>::callHost(provider);
-  }
+  struct Getter : ThemedColor<Provider, Method, Key, NSColor, Replacement> {
+    static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kLiveLoops);
+  };
 };
 
 /// A class of the host that answers colours.
 template <FixedString Provider, class... Colors>
-struct ColorProvider {
-  static void attach() {
-    CategoryDefinition category(Provider.text);
-    (category.replacement<typename Colors::template Pair<Provider>, Colors::template custom<Provider>>(), ...);
-    category.classMethod<"addSwizzleMethod", installOnce<typename Colors::template Pair<Provider>...>>();
-  }
-};
+using ColorProvider = OverridesOf<Provider, typename Colors::template Getter<Provider>...>;
 
 using General = ColorProvider<"LiveLoopsGeneralColors",                                   //
                               Color<"backgroundColor", key<"LiveLoopsBackgroundColor">>,  //
@@ -101,12 +78,16 @@ using RowTrigger =
 
 }  // namespace
 
-void attachLiveLoopsGeneralColors() { General::attach(); }
-void attachLiveLoopsGridHeaderColors() { GridHeader::attach(); }
-void attachLiveLoopsGridClockColors() { GridClock::attach(); }
-void attachLiveLoopsDividerHeaderAndFooterColors() { DividerColors<"LiveLoopsDividerHeaderAndFooterColors">::attach(); }
-void attachLiveLoopsRowTriggerColorUtility() { DividerColors<"LiveLoopsRowTriggerColorUtility">::attach(); }
-void attachLiveLoopsSceneTriggerColors() { SceneTrigger::attach(); }
-void attachLiveLoopsRowTriggerColors() { RowTrigger::attach(); }
+namespace overrides {
+extern constinit const ThemedClass LiveLoopsGeneralColors = General::themedClass<>();
+extern constinit const ThemedClass LiveLoopsGridHeaderColors = GridHeader::themedClass<>();
+extern constinit const ThemedClass LiveLoopsGridClockColors = GridClock::themedClass<>();
+extern constinit const ThemedClass LiveLoopsDividerHeaderAndFooterColors =
+    DividerColors<"LiveLoopsDividerHeaderAndFooterColors">::themedClass<>();
+extern constinit const ThemedClass LiveLoopsSceneTriggerColors = SceneTrigger::themedClass<>();
+extern constinit const ThemedClass LiveLoopsRowTriggerColors = RowTrigger::themedClass<>();
+extern constinit const ThemedClass LiveLoopsRowTriggerColorUtility =
+    DividerColors<"LiveLoopsRowTriggerColorUtility">::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

@@ -1,8 +1,8 @@
 // Outlines: the one of the loop browser takes its colours.
 
 #include "cocoa/AppKit.h"
-#include "cocoa/Override.h"
-#include "plugin/loader/Attach.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/views/TableColors.h"
 
 namespace velura {
@@ -10,19 +10,21 @@ namespace {
 
 using namespace cocoa;
 
-using SetThemeVariant = Override<"MAKitOutlineView", void(NSInteger), "setThemeVariant:", "customSetThemeVariant:">;
+constexpr FixedString kClass{"MAKitOutlineView"};
 
-void customSetThemeVariant(NSView outline, NSInteger variant) {
-  SetThemeVariant::callHost(outline, variant);
-  if (outline.className().isEqualToString(literal<"MALoopBrowserOutlineView">())) colorLoopBrowserList(outline);
-}
+struct SetThemeVariant : HostOverride<kClass, "setThemeVariant:", void(NSInteger)> {
+  static constexpr OpenWindow kOpenWindow = notReached(kSetWithVariant, "MALoopBrowserOutlineView");
+
+  static void themed(NSView outline, NSInteger variant) {
+    callHost(outline, variant);
+    if (outline.className().isEqualToString(literal<"MALoopBrowserOutlineView">())) colorLoopBrowserList(outline);
+  }
+};
 
 }  // namespace
 
-void attachMAKitOutlineViewThemeSupport() {
-  CategoryDefinition("MAKitOutlineView")
-      .replacement<SetThemeVariant, customSetThemeVariant>()
-      .classMethod<"addSwizzleMethod", installOnce<SetThemeVariant>>();
-}
+namespace overrides {
+extern constinit const ThemedClass MAKitOutlineView = OverridesOf<kClass, SetThemeVariant>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

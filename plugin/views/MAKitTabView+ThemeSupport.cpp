@@ -1,8 +1,8 @@
 // The tabs of the loop browser.
 
 #include "cocoa/AppKit.h"
-#include "cocoa/Override.h"
-#include "plugin/loader/Attach.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/views/LayerColor.h"
 
 namespace velura {
@@ -10,20 +10,22 @@ namespace {
 
 using namespace cocoa;
 
-using SetLayer = Override<"MAKitTabView", void(CALayer), "setLayer:", "customSetLayer:">;
+constexpr FixedString kClass{"MAKitTabView"};
 
-void customSetLayer(NSView tabs, CALayer layer) {
-  SetLayer::callHost(tabs, layer);
-  if (!tabs.superview().className().isEqualToString(literal<"MALoopBrowserSplitView">())) return;
-  fillLayer(layer, key<"LoopBrowser_PaneHeaderColor">);
-}
+struct SetLayer : HostOverride<kClass, "setLayer:", void(CALayer)> {
+  static constexpr OpenWindow kOpenWindow = notReached(kSetWithLayer, "MAKitTabView");
+
+  static void themed(NSView tabs, CALayer layer) {
+    callHost(tabs, layer);
+    if (!tabs.superview().className().isEqualToString(literal<"MALoopBrowserSplitView">())) return;
+    fillLayer(layer, key<"LoopBrowser_PaneHeaderColor">);
+  }
+};
 
 }  // namespace
 
-void attachMAKitTabViewThemeSupport() {
-  CategoryDefinition("MAKitTabView")
-      .replacement<SetLayer, customSetLayer>()
-      .classMethod<"addSwizzleMethod", installOnce<SetLayer>>();
-}
+namespace overrides {
+extern constinit const ThemedClass MAKitTabView = OverridesOf<kClass, SetLayer>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

@@ -1,8 +1,8 @@
 // The table of the loop browser: its lines and its colours.
 
 #include "cocoa/AppKit.h"
-#include "cocoa/Override.h"
-#include "plugin/loader/Attach.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/views/TableColors.h"
 
 namespace velura {
@@ -10,8 +10,7 @@ namespace {
 
 using namespace cocoa;
 
-using SetThemeVariant = Override<"MAKitTableView", void(NSInteger), "setThemeVariant:", "customSetThemeVariant:">;
-using SetGridStyleMask = Override<"MAKitTableView", void(NSUInteger), "setGridStyleMask:", "customSetGridStyleMask:">;
+constexpr FixedString kClass{"MAKitTableView"};
 
 bool isLoopBrowserTable(NSView table) { return table.className().isEqualToString(literal<"MALoopBrowserTableView">()); }
 
@@ -25,22 +24,28 @@ bool showsLoopBrowserColors(NSView table) {
   return false;
 }
 
-void customSetThemeVariant(NSView table, NSInteger variant) {
-  SetThemeVariant::callHost(table, variant);
-  if (showsLoopBrowserColors(table)) colorLoopBrowserList(table);
-}
+struct SetThemeVariant : HostOverride<kClass, "setThemeVariant:", void(NSInteger)> {
+  static constexpr OpenWindow kOpenWindow = notReached(kSetWithVariant, "MALoopBrowserTableView, NSTableHeaderView");
 
-void customSetGridStyleMask(NSView table, NSUInteger mask) {
-  SetGridStyleMask::callHost(table, isLoopBrowserTable(table) ? kColumnLinesOnly : mask);
-}
+  static void themed(NSView table, NSInteger variant) {
+    callHost(table, variant);
+    if (showsLoopBrowserColors(table)) colorLoopBrowserList(table);
+  }
+};
+
+struct SetGridStyleMask : HostOverride<kClass, "setGridStyleMask:", void(NSUInteger)> {
+  static constexpr OpenWindow kOpenWindow = notReached(kSetWithVariant);
+
+  static void themed(NSView table, NSUInteger mask) {
+    callHost(table, isLoopBrowserTable(table) ? kColumnLinesOnly : mask);
+  }
+};
 
 }  // namespace
 
-void attachMAKitTableViewThemeSupport() {
-  CategoryDefinition("MAKitTableView")
-      .replacement<SetThemeVariant, customSetThemeVariant>()
-      .replacement<SetGridStyleMask, customSetGridStyleMask>()
-      .classMethod<"addSwizzleMethod", installOnce<SetThemeVariant, SetGridStyleMask>>();
-}
+namespace overrides {
+extern constinit const ThemedClass MAKitTableView =
+    OverridesOf<kClass, SetThemeVariant, SetGridStyleMask>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

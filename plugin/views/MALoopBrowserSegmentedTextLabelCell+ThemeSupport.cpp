@@ -1,8 +1,8 @@
 // Search buttons of the loop browser, of one row or of two.
 
 #include "cocoa/AppKit.h"
-#include "cocoa/Override.h"
-#include "plugin/loader/Attach.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/text/StringBytes.h"
 #include "plugin/theme/ThemeUtility.h"
 
@@ -11,8 +11,7 @@ namespace {
 
 using namespace cocoa;
 
-using AttributedString =
-    Override<"MALoopBrowserSegmentedTextLabelCell", NSObject(), "attributedString", "customAttributedString">;
+constexpr FixedString kClass{"MALoopBrowserSegmentedTextLabelCell"};
 
 struct RowKeys {
   ThemeKey on;
@@ -45,25 +44,28 @@ void recolorRuns(NSMutableAttributedString text, bool isOn) {
   call<"endEditing">(text);
 }
 
-NSObject customAttributedString(NSCell cell) {
-  const NSObject host = AttributedString::callHost(cell);
-  const auto text = as<NSMutableAttributedString>(host);
-  if (!text) return host;
-  const bool isOn = cell.state() != 0;
-  if (utf8Bytes(cell.stringValue()).find('\n') == std::string::npos) {
-    recolor(text, {0, text.length()}, kFirstRow, isOn);
-  } else {
-    recolorRuns(text, isOn);
+struct AttributedString : HostOverride<kClass, "attributedString", NSObject()> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kLoopBrowser);
+
+  static NSObject themed(NSCell cell) {
+    const NSObject host = callHost(cell);
+    const auto text = as<NSMutableAttributedString>(host);
+    if (!text) return host;
+    const bool isOn = cell.state() != 0;
+    if (utf8Bytes(cell.stringValue()).find('\n') == std::string::npos) {
+      recolor(text, {0, text.length()}, kFirstRow, isOn);
+    } else {
+      recolorRuns(text, isOn);
+    }
+    return text;
   }
-  return text;
-}
+};
 
 }  // namespace
 
-void attachMALoopBrowserSegmentedTextLabelCellThemeSupport() {
-  CategoryDefinition("MALoopBrowserSegmentedTextLabelCell")
-      .replacement<AttributedString, customAttributedString>()
-      .classMethod<"addSwizzleMethod", installOnce<AttributedString>>();
-}
+namespace overrides {
+extern constinit const ThemedClass MALoopBrowserSegmentedTextLabelCell =
+    OverridesOf<kClass, AttributedString>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

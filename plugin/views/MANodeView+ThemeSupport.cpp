@@ -1,9 +1,9 @@
 // What shows behind the strips of the mixer.
 
 #include "cocoa/AppKit.h"
-#include "cocoa/Override.h"
 #include "cocoa/QuartzCore.h"
-#include "plugin/loader/Attach.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/theme/ThemeUtility.h"
 
 namespace velura {
@@ -11,28 +11,32 @@ namespace {
 
 using namespace cocoa;
 
-using BackgroundColor = Override<"CLgRupertContentsView", NSColor(), "backgroundColor", "mixerBackgroundColor">;
-using ViewWillMoveToWindow =
-    Override<"CLgRupertContentsView", void(NSWindow), "viewWillMoveToWindow:", "customViewWillMoveToWindow:">;
+constexpr FixedString kRupertContentsView{"CLgRupertContentsView"};
 
-NSColor mixerBackgroundColor(NSView contents) {
-  const NSColor themed = ThemeUtility::shared().mixerBackgroundColor();
-  return themed ? themed : BackgroundColor::callHost(contents);
-}
+struct BackgroundColor : HostOverride<kRupertContentsView, "backgroundColor", NSColor(), "mixerBackgroundColor"> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerBackground);
 
-void customViewWillMoveToWindow(NSView contents, NSWindow window) {
-  ViewWillMoveToWindow::callHost(contents, window);
-  const NSColor themed = ThemeUtility::shared().mixerBackgroundColor();
-  if (themed) contents.layer().setBackgroundColor(themed.CGColor());
-}
+  static NSColor themed(NSView contents) {
+    const NSColor themed = ThemeUtility::shared().mixerBackgroundColor();
+    return themed ? themed : callHost(contents);
+  }
+};
+
+struct ViewWillMoveToWindow : HostOverride<kRupertContentsView, "viewWillMoveToWindow:", void(NSWindow)> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kMixerBackground);
+
+  static void themed(NSView contents, NSWindow window) {
+    callHost(contents, window);
+    const NSColor themed = ThemeUtility::shared().mixerBackgroundColor();
+    if (themed) contents.layer().setBackgroundColor(themed.CGColor());
+  }
+};
 
 }  // namespace
 
-void attachMANodeViewThemeSupport() {
-  CategoryDefinition("MANodeView")
-      .replacement<BackgroundColor, mixerBackgroundColor>()
-      .replacement<ViewWillMoveToWindow, customViewWillMoveToWindow>()
-      .classMethod<"addSwizzleMethod", installOnce<BackgroundColor, ViewWillMoveToWindow>>();
-}
+namespace overrides {
+extern constinit const ThemedClass MANodeView =
+    OverridesOf<"MANodeView", BackgroundColor, ViewWillMoveToWindow>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

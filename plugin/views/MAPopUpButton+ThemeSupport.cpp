@@ -1,8 +1,8 @@
 // The menu of loop packs, told from other menus by its help identifier.
 
 #include "cocoa/AppKit.h"
-#include "cocoa/Override.h"
-#include "plugin/loader/Attach.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/theme/ThemeUtility.h"
 
 namespace velura {
@@ -10,22 +10,24 @@ namespace {
 
 using namespace cocoa;
 
-using SetQuickHelpID = Override<"MAPopUpButton", void(NSObject), "setQuickHelpID:", "customSetQuickHelpID:">;
+constexpr FixedString kClass{"MAPopUpButton"};
 
-void customSetQuickHelpID(NSObject button, NSObject identifier) {
-  const NSColor title = ThemeUtility::shared().colorForKey(key<"LoopPacksMenuTitleColor">);
-  if (title && as<NSString>(identifier).isEqualToString(literal<"LPB_023_LoopsMenu">())) {
-    call<"setTitleColor:">(button, title);
+struct SetQuickHelpID : HostOverride<kClass, "setQuickHelpID:", void(NSObject)> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kLoopBrowser);
+
+  static void themed(NSObject button, NSObject identifier) {
+    const NSColor title = ThemeUtility::shared().colorForKey(key<"LoopPacksMenuTitleColor">);
+    if (title && as<NSString>(identifier).isEqualToString(literal<"LPB_023_LoopsMenu">())) {
+      call<"setTitleColor:">(button, title);
+    }
+    callHost(button, identifier);
   }
-  SetQuickHelpID::callHost(button, identifier);
-}
+};
 
 }  // namespace
 
-void attachMAPopUpButtonThemeSupport() {
-  CategoryDefinition("MAPopUpButton")
-      .replacement<SetQuickHelpID, customSetQuickHelpID>()
-      .classMethod<"addSwizzleMethod", installOnce<SetQuickHelpID>>();
-}
+namespace overrides {
+extern constinit const ThemedClass MAPopUpButton = OverridesOf<kClass, SetQuickHelpID>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

@@ -1,8 +1,8 @@
 // The arrow of the menu that shows sends on the faders.
 
 #include "cocoa/AppKit.h"
-#include "cocoa/Override.h"
-#include "plugin/loader/Attach.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/theme/ThemeUtility.h"
 
 namespace velura {
@@ -10,8 +10,7 @@ namespace {
 
 using namespace cocoa;
 
-using SendsOnFaderHackState =
-    Override<"MAPopUpButtonCell", void(NSInteger), "sendsOnFaderHackState:", "customSendsOnFaderHackState:">;
+constexpr FixedString kClass{"MAPopUpButtonCell"};
 
 NSColor arrowColor(NSInteger state) {
   const ThemeUtility& theme = ThemeUtility::shared();
@@ -20,17 +19,19 @@ NSColor arrowColor(NSInteger state) {
   return {};
 }
 
-void customSendsOnFaderHackState(NSObject cell, NSInteger state) {
-  SendsOnFaderHackState::callHost(cell, state);
-  if (const NSColor color = arrowColor(state)) call<"setMenuArrowColor:">(cell, color);
-}
+struct SendsOnFaderHackState : HostOverride<kClass, "sendsOnFaderHackState:", void(NSInteger)> {
+  static constexpr OpenWindow kOpenWindow = notReached(kSetOnce, "MAPopUpButton");
+
+  static void themed(NSObject cell, NSInteger state) {
+    callHost(cell, state);
+    if (const NSColor color = arrowColor(state)) call<"setMenuArrowColor:">(cell, color);
+  }
+};
 
 }  // namespace
 
-void attachMAPopUpButtonCellThemeSupport() {
-  CategoryDefinition("MAPopUpButtonCell")
-      .replacement<SendsOnFaderHackState, customSendsOnFaderHackState>()
-      .classMethod<"addSwizzleMethod", installOnce<SendsOnFaderHackState>>();
-}
+namespace overrides {
+extern constinit const ThemedClass MAPopUpButtonCell = OverridesOf<kClass, SendsOnFaderHackState>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

@@ -1,8 +1,8 @@
 // The upper part of the loop browser.
 
 #include "cocoa/AppKit.h"
-#include "cocoa/Override.h"
-#include "plugin/loader/Attach.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/views/LayerColor.h"
 
 namespace velura {
@@ -10,21 +10,25 @@ namespace {
 
 using namespace cocoa;
 
-using SetLayer = Override<"MASplitView", void(CALayer), "setLayer:", "customSetLayer:">;
+constexpr FixedString kClass{"MASplitView"};
 
-void customSetLayer(NSView split, CALayer layer) {
-  SetLayer::callHost(split, layer);
-  if (split.className().isEqualToString(literal<"MALoopBrowserSplitView">())) {
-    fillLayer(layer, key<"LoopBrowserHeaderColor">);
+struct SetLayer : HostOverride<kClass, "setLayer:", void(CALayer)> {
+  static constexpr OpenWindow kOpenWindow =
+      partlyReachedBy(RefreshBranch::kLoopBrowser, "its layer gets the colour of the tabs",
+                      "MALoopBrowserSplitView, MALoopBrowserFilterSegmentedControl");
+
+  static void themed(NSView split, CALayer layer) {
+    callHost(split, layer);
+    if (split.className().isEqualToString(literal<"MALoopBrowserSplitView">())) {
+      fillLayer(layer, key<"LoopBrowserHeaderColor">);
+    }
   }
-}
+};
 
 }  // namespace
 
-void attachMASplitViewThemeSupport() {
-  CategoryDefinition("MASplitView")
-      .replacement<SetLayer, customSetLayer>()
-      .classMethod<"addSwizzleMethod", installOnce<SetLayer>>();
-}
+namespace overrides {
+extern constinit const ThemedClass MASplitView = OverridesOf<kClass, SetLayer>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

@@ -1,8 +1,8 @@
 // The label of the volume in the mixer's legend.
 
 #include "cocoa/AppKit.h"
-#include "cocoa/Override.h"
-#include "plugin/loader/Attach.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/text/StringBytes.h"
 #include "plugin/views/LayerColor.h"
 
@@ -11,22 +11,24 @@ namespace {
 
 using namespace cocoa;
 
-using ViewDidMoveToWindow = Override<"MATextField", void(), "viewDidMoveToWindow", "customViewDidMoveToWindow">;
+constexpr FixedString kClass{"MATextField"};
 
-void customViewDidMoveToWindow(NSView field) {
-  constexpr std::string_view kVolumeLabel = "MAMixerLegendVolumeLabelItem";
-  if (BriefUTF8(call<"identifier", NSString>(field)).view().starts_with(kVolumeLabel)) {
-    fillLayer(field.superview().layer(), key<"componentsLabelBackgroundColor">);
+struct ViewDidMoveToWindow : HostOverride<kClass, "viewDidMoveToWindow", void()> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kLegend);
+
+  static void themed(NSView field) {
+    constexpr std::string_view kVolumeLabel = "MAMixerLegendVolumeLabelItem";
+    if (BriefUTF8(call<"identifier", NSString>(field)).view().starts_with(kVolumeLabel)) {
+      fillLayer(field.superview().layer(), key<"componentsLabelBackgroundColor">);
+    }
+    callHost(field);
   }
-  ViewDidMoveToWindow::callHost(field);
-}
+};
 
 }  // namespace
 
-void attachMATextFieldThemeSupport() {
-  CategoryDefinition("MATextField")
-      .replacement<ViewDidMoveToWindow, customViewDidMoveToWindow>()
-      .classMethod<"addSwizzleMethod", installOnce<ViewDidMoveToWindow>>();
-}
+namespace overrides {
+extern constinit const ThemedClass MATextField = OverridesOf<kClass, ViewDidMoveToWindow>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

@@ -1,8 +1,8 @@
 // Names in the file browser and in the project bin.
 
 #include "cocoa/AppKit.h"
-#include "cocoa/Override.h"
-#include "plugin/loader/Attach.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/theme/ThemeUtility.h"
 
 namespace velura {
@@ -10,13 +10,7 @@ namespace {
 
 using namespace cocoa;
 
-using SetTextAttributes =
-    Override<"MATextFieldCell", void(NSDictionary), "setTextAttributes:", "customSetTextAttributes:">;
-using SetTextColor = Override<"BinTextFieldCell", void(NSColor), "setTextColor:", "customSetTextColor:">;
-using SetAttributesPlain =
-    Override<"BinProEditableInfoFieldCell", void(NSDictionary), "setAttributesPlain:", "customSetAttributesPlain:">;
-using SetAttributesBold =
-    Override<"BinProEditableInfoFieldCell", void(NSDictionary), "setAttributesBold:", "customSetAttributesBold:">;
+constexpr FixedString kClass{"MATextFieldCell"};
 
 NSColor nameColor() { return ThemeUtility::shared().colorForKey(key<"FileBrowserCellTextColor">); }
 
@@ -40,38 +34,41 @@ bool isFileBrowserCell(NSCell cell) {
          isNamed(call<"dataSource", NSObject>(table), literal<"LGMediaBrowserViewController">());
 }
 
-void customSetTextAttributes(NSCell cell, NSDictionary attributes) {
-  SetTextAttributes::callHost(cell, isFileBrowserCell(cell) ? inNameColor(attributes) : attributes);
-}
+struct SetTextAttributes : HostOverride<kClass, "setTextAttributes:", void(NSDictionary)> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kFileBrowsers);
 
-void customSetTextColor(NSCell cell, NSColor color) {
-  const NSColor themed = nameColor();
-  SetTextColor::callHost(cell, themed ? themed : color);
-}
+  static void themed(NSCell cell, NSDictionary attributes) {
+    callHost(cell, isFileBrowserCell(cell) ? inNameColor(attributes) : attributes);
+  }
+};
 
-void customSetAttributesPlain(NSCell cell, NSDictionary attributes) {
-  SetAttributesPlain::callHost(cell, inNameColor(attributes));
-}
-void customSetAttributesBold(NSCell cell, NSDictionary attributes) {
-  SetAttributesBold::callHost(cell, inNameColor(attributes));
-}
+struct SetTextColor : HostOverride<"BinTextFieldCell", "setTextColor:", void(NSColor)> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kFileBrowsers);
 
-void addSwizzleMethod(Class /*self*/) {
-  SetTextAttributes::install();
-  SetTextColor::install();
-  SetAttributesPlain::install();
-  SetAttributesBold::install();
-}
+  static void themed(NSCell cell, NSColor color) {
+    const NSColor themed = nameColor();
+    callHost(cell, themed ? themed : color);
+  }
+};
+
+struct SetAttributesPlain : HostOverride<"BinProEditableInfoFieldCell", "setAttributesPlain:", void(NSDictionary)> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kFileBrowsers);
+
+  static void themed(NSCell cell, NSDictionary attributes) { callHost(cell, inNameColor(attributes)); }
+};
+
+struct SetAttributesBold : HostOverride<"BinProEditableInfoFieldCell", "setAttributesBold:", void(NSDictionary)> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kFileBrowsers);
+
+  static void themed(NSCell cell, NSDictionary attributes) { callHost(cell, inNameColor(attributes)); }
+};
 
 }  // namespace
 
-void attachMATextFieldCellThemeSupport() {
-  CategoryDefinition("MATextFieldCell")
-      .replacement<SetTextAttributes, customSetTextAttributes>()
-      .replacement<SetTextColor, customSetTextColor>()
-      .replacement<SetAttributesPlain, customSetAttributesPlain>()
-      .replacement<SetAttributesBold, customSetAttributesBold>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
-}
+namespace overrides {
+extern constinit const ThemedClass MATextFieldCell =
+    OverridesOf<kClass, SetTextAttributes, SetTextColor, SetAttributesPlain,
+                SetAttributesBold>::themedClass<InstallationRules{.repetition = Repetition::kEveryTime}>();
+}  // namespace overrides
 
 }  // namespace velura

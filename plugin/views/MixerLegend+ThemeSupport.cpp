@@ -1,8 +1,8 @@
 // The mixer's legend: its background, and its elements, which stay the host's.
 
 #include "cocoa/AppKit.h"
-#include "cocoa/Override.h"
-#include "plugin/loader/Attach.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/theme/ThemeUtility.h"
 
 namespace velura {
@@ -10,28 +10,23 @@ namespace {
 
 using namespace cocoa;
 
-using BackgroundColor = Override<"MixerLegendView", NSColor(), "backgroundColor", "customBackgroundColor">;
-using AddElements = Override<"MixerLegendViewController", void(), "addElements", "customAddElements">;
+struct BackgroundColor : ThemedColor<"MixerLegendView", "backgroundColor", key<"componentsLabelBackgroundColor">> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kLegend);
+};
 
-NSColor customBackgroundColor(NSView legend) {
-  const NSColor themed = ThemeUtility::shared().colorForKey(key<"componentsLabelBackgroundColor">);
-  return themed ? themed : BackgroundColor::callHost(legend);
-}
+struct AddElements : HostOverride<"MixerLegendViewController", "addElements", void()> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kLegend);
 
-void customAddElements(NSObject controller) { AddElements::callHost(controller); }
+  static void themed(NSObject controller) { callHost(controller); }
+};
 
 }  // namespace
 
-void attachMixerLegendViewThemeSupport() {
-  CategoryDefinition("MixerLegendView")
-      .replacement<BackgroundColor, customBackgroundColor>()
-      .classMethod<"addSwizzleMethod", installOnce<BackgroundColor>>();
-}
+namespace overrides {
+extern constinit const ThemedClass MixerLegendView = OverridesOf<"MixerLegendView", BackgroundColor>::themedClass<>();
 
-void attachMixerLegendViewControllerThemeSupport() {
-  CategoryDefinition("MixerLegendViewController")
-      .replacement<AddElements, customAddElements>()
-      .classMethod<"addSwizzleMethod", installOnce<AddElements>>();
-}
+extern constinit const ThemedClass MixerLegendViewController =
+    OverridesOf<"MixerLegendViewController", AddElements>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "cocoa/Override.h"
-#include "plugin/loader/Attach.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/theme/SelectedTheme.h"
 #include "plugin/theme/ThemeUtility.h"
 #include "plugin/views/ToolbarButton.h"
@@ -13,36 +13,35 @@ namespace {
 
 using namespace cocoa;
 
-using SetImage = Override<"NSButton", void(NSImage), "setImage:", "customSetImage:">;
+constexpr FixedString kClass{"NSButton"};
 
 NSImage tinted(NSImage image, ThemeKey key) {
   if (!image.respondsToSelector(selector<"imageWithColor:">())) return image;
   return call<"imageWithColor:", NSImage>(image, ThemeUtility::shared().colorForKey(key));
 }
 
-void customSetImage(NSButton button, NSImage image) {
-  if (!isToolbarButton(button)) return SetImage::callHost(button, image);
-  const bool isSwitch = call<"showsStateBy", NSUInteger>(button.cell()) != 0;
-  if (!isSwitch) {
-    return SetImage::callHost(button, tinted(image, key<"OneClickToolbarIconsSymbolsColor">));
-  }
-  NSImage shown = tinted(image, key<"On_OffToolbarIcons_OffSymbolsColor">);
-  NSImage other = tinted(image, key<"On_OffToolbarIcons_OnSymbolsColor">);
-  if (button.state() == NSControlStateValueOn) std::swap(shown, other);
-  SetImage::callHost(button, shown);
-  call<"setAlternateImage:">(button, other);
-}
+struct SetImage : HostOverride<kClass, "setImage:", void(NSImage)> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kActionBar);
 
-void addSwizzleMethod(Class self) {
-  if (VLRIsCustomThemeSelected()) installOnce<SetImage>(self);
-}
+  static void themed(NSButton button, NSImage image) {
+    if (!isToolbarButton(button)) return callHost(button, image);
+    const bool isSwitch = call<"showsStateBy", NSUInteger>(button.cell()) != 0;
+    if (!isSwitch) {
+      return callHost(button, tinted(image, key<"OneClickToolbarIconsSymbolsColor">));
+    }
+    NSImage shown = tinted(image, key<"On_OffToolbarIcons_OffSymbolsColor">);
+    NSImage other = tinted(image, key<"On_OffToolbarIcons_OnSymbolsColor">);
+    if (button.state() == NSControlStateValueOn) std::swap(shown, other);
+    callHost(button, shown);
+    call<"setAlternateImage:">(button, other);
+  }
+};
 
 }  // namespace
 
-void attachNSButtonThemeSupport() {
-  CategoryDefinition("NSButton")
-      .replacement<SetImage, customSetImage>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
-}
+namespace overrides {
+extern constinit const ThemedClass NSButton =
+    OverridesOf<kClass, SetImage>::themedClass<InstallationRules{.when = Condition::kCustomTheme}>();
+}  // namespace overrides
 
 }  // namespace velura

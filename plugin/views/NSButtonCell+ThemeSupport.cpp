@@ -1,7 +1,7 @@
 // Switches of the action bar: one that is on loses its border and gets a background.
 
-#include "cocoa/Override.h"
-#include "plugin/loader/Attach.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/theme/ThemeUtility.h"
 #include "plugin/views/ToolbarButton.h"
 
@@ -10,7 +10,7 @@ namespace {
 
 using namespace cocoa;
 
-using SetState = Override<"NSButtonCell", void(NSInteger), "setState:", "customSetState:">;
+constexpr FixedString kClass{"NSButtonCell"};
 
 void exchangeImages(NSButtonCell cell) {
   const Ref<NSImage> image = cell.image();
@@ -29,22 +29,24 @@ void showState(NSButtonCell cell, NSView button) {
   button.layer().setCornerRadius(kCornerRadius);
 }
 
-void customSetState(NSButtonCell cell, NSInteger state) {
-  const NSInteger before = cell.state();
-  SetState::callHost(cell, state);
-  if (call<"showsStateBy", NSUInteger>(cell) == 0) return;
-  const NSView button = cell.controlView();
-  if (!isToolbarButton(button)) return;
-  showState(cell, button);
-  if (state != before) exchangeImages(cell);
-}
+struct SetState : HostOverride<kClass, "setState:", void(NSInteger)> {
+  static constexpr OpenWindow kOpenWindow = notReached(kSetOnce, "MAABButton");
+
+  static void themed(NSButtonCell cell, NSInteger state) {
+    const NSInteger before = cell.state();
+    callHost(cell, state);
+    if (call<"showsStateBy", NSUInteger>(cell) == 0) return;
+    const NSView button = cell.controlView();
+    if (!isToolbarButton(button)) return;
+    showState(cell, button);
+    if (state != before) exchangeImages(cell);
+  }
+};
 
 }  // namespace
 
-void attachNSButtonCellThemeSupport() {
-  CategoryDefinition("NSButtonCell")
-      .replacement<SetState, customSetState>()
-      .classMethod<"addSwizzleMethod", installOnce<SetState>>();
-}
+namespace overrides {
+extern constinit const ThemedClass NSButtonCell = OverridesOf<kClass, SetState>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

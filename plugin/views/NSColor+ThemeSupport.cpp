@@ -1,9 +1,9 @@
 // Colours that the host takes from its asset catalogue by name.
 
 #include "cocoa/AppKit.h"
-#include "cocoa/Override.h"
 #include "plugin/hostapi/Identifiers.h"
-#include "plugin/loader/Attach.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/theme/ThemeUtility.h"
 
 namespace velura {
@@ -12,36 +12,36 @@ using namespace cocoa;
 
 namespace {
 
-using ColorWithCatalogName =
-    Override<"NSColor", NSColor(NSString, NSString),
-             "colorWithCatalogName:colorName:", "customColorWithCatalogName:colorName:", MethodKind::kClass>;
-using StepSequencerBackground = Override<"NSColor", NSColor(), "stepSequencerRowHeadersBackgroundColor",
-                                         "customStepSequencerBackgroundColor", MethodKind::kClass>;
+constexpr FixedString kClass{"NSColor"};
 
 /// The host's main catalogue. A theme colours any of its entries by naming it.
 constexpr FixedString kMainCatalogue{"#$assets-mainBundleID"};
 
-NSColor customColorWithCatalogName(Class self, NSString catalogue, NSString name) {
-  if (!catalogue.isEqualToString(literal<kMainCatalogue>())) {
-    return ColorWithCatalogName::callHost(self, catalogue, name);
-  }
-  if (const NSColor themed = ThemeUtility::shared().colorForKey(name)) return themed;
-  if (const NSColor host = ColorWithCatalogName::callHost(self, catalogue, name)) return host;
-  return NSColor::colorNamed(name, NSBundle::bundleWithIdentifier(literal<kHostResourcesIdentifier>()));
-}
+struct ColorWithCatalogName
+    : HostClassOverride<kClass, "colorWithCatalogName:colorName:", NSColor(NSString, NSString)> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kLibrary);
 
-NSColor customStepSequencerBackgroundColor(Class self) {
-  const NSColor themed = ThemeUtility::shared().colorForKey(key<"StepSequencerHeader_EmptyAreaBelow">);
-  return themed ? themed : StepSequencerBackground::callHost(self);
-}
+  static NSColor themed(Class self, NSString catalogue, NSString name) {
+    if (!catalogue.isEqualToString(literal<kMainCatalogue>())) {
+      return callHost(self, catalogue, name);
+    }
+    if (const NSColor themed = ThemeUtility::shared().colorForKey(name)) return themed;
+    if (const NSColor host = callHost(self, catalogue, name)) return host;
+    return NSColor::colorNamed(name, NSBundle::bundleWithIdentifier(literal<kHostResourcesIdentifier>()));
+  }
+};
+
+struct StepSequencerBackground
+    : ThemedClassColor<kClass, "stepSequencerRowHeadersBackgroundColor", key<"StepSequencerHeader_EmptyAreaBelow">,
+                       "customStepSequencerBackgroundColor"> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kHost);
+};
 
 }  // namespace
 
-void attachNSColorThemeSupport() {
-  CategoryDefinition("NSColor")
-      .replacement<ColorWithCatalogName, customColorWithCatalogName>()
-      .replacement<StepSequencerBackground, customStepSequencerBackgroundColor>()
-      .classMethod<"addSwizzleMethod", installOnce<ColorWithCatalogName, StepSequencerBackground>>();
-}
+namespace overrides {
+extern constinit const ThemedClass NSColor =
+    OverridesOf<kClass, ColorWithCatalogName, StepSequencerBackground>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

@@ -1,8 +1,8 @@
 // The library's search results, told from other tables by the name under which the host saves their columns.
 
 #include "cocoa/AppKit.h"
-#include "cocoa/Override.h"
-#include "plugin/loader/Attach.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/views/TableColors.h"
 
 namespace velura {
@@ -10,21 +10,23 @@ namespace {
 
 using namespace cocoa;
 
-using SetAutosaveName = Override<"NSTableView", void(NSString), "setAutosaveName:", "customSetAutosaveName:">;
+constexpr FixedString kClass{"NSTableView"};
 
-void customSetAutosaveName(NSView table, NSString name) {
-  SetAutosaveName::callHost(table, name);
-  if (!name.isEqualToString(literal<"LibrarySearchTableView">())) return;
-  call<"setGridStyleMask:">(table, kColumnLinesOnly);
-  colorTable(table, key<"TableViewSeparatorColor">, key<"TableviewColor">);
-}
+struct SetAutosaveName : HostOverride<kClass, "setAutosaveName:", void(NSString)> {
+  static constexpr OpenWindow kOpenWindow = notReached(kSetOnce, "NSTableView, NSTableHeaderView");
+
+  static void themed(NSView table, NSString name) {
+    callHost(table, name);
+    if (!name.isEqualToString(literal<"LibrarySearchTableView">())) return;
+    call<"setGridStyleMask:">(table, kColumnLinesOnly);
+    colorTable(table, key<"TableViewSeparatorColor">, key<"TableviewColor">);
+  }
+};
 
 }  // namespace
 
-void attachNSTableViewThemeSupport() {
-  CategoryDefinition("NSTableView")
-      .replacement<SetAutosaveName, customSetAutosaveName>()
-      .classMethod<"addSwizzleMethod", installOnce<SetAutosaveName>>();
-}
+namespace overrides {
+extern constinit const ThemedClass NSTableView = OverridesOf<kClass, SetAutosaveName>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

@@ -1,8 +1,8 @@
 // The note pad.
 
 #include "cocoa/AppKit.h"
-#include "cocoa/Override.h"
-#include "plugin/loader/Attach.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/views/LayerColor.h"
 
 namespace velura {
@@ -10,15 +10,17 @@ namespace {
 
 using namespace cocoa;
 
-using NotePadBackground = Override<"NotePadBackgroundView", NSColor(), "backgroundColor", "notePadViewBackgroundColor">;
-using NotesListDrawRect = Override<"CLgDocwNotesListView", void(CGRect), "drawRect:", "clgDocwNotesListViewDrawRect:">;
+struct NotePadBackground
+    : HostOverride<"NotePadBackgroundView", "backgroundColor", NSColor(), "notePadViewBackgroundColor"> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kListArea);
 
-NSColor notePadViewBackgroundColor(NSView view) {
-  const NSColor themed = ThemeUtility::shared().colorForKey(key<"ListArea_NotePad_BG">);
-  if (!themed) return NotePadBackground::callHost(view);
-  if (view.wantsLayer()) view.layer().setBackgroundColor(themed.CGColor());
-  return themed;
-}
+  static NSColor themed(NSView view) {
+    const NSColor themed = ThemeUtility::shared().colorForKey(key<"ListArea_NotePad_BG">);
+    if (!themed) return callHost(view);
+    if (view.wantsLayer()) view.layer().setBackgroundColor(themed.CGColor());
+    return themed;
+  }
+};
 
 NSView decorationOf(NSView list) {
   for (const NSView view : items<NSView>(list.subviews())) {
@@ -27,22 +29,25 @@ NSView decorationOf(NSView list) {
   return {};
 }
 
-void notesListDrawRect(NSView list, CGRect dirty) {
-  NotesListDrawRect::callHost(list, dirty);
-  const NSColor color = ThemeUtility::shared().colorForKey(key<"ListAreabuttonMatrixBackgroundColor">);
-  const NSView decoration = color ? decorationOf(list) : NSView();
-  if (!decoration) return;
-  color.setFill();
-  NSRectFill(decoration.convertRectToView(decoration.bounds(), list));
-}
+struct NotesListDrawRect
+    : HostOverride<"CLgDocwNotesListView", "drawRect:", void(CGRect), "clgDocwNotesListViewDrawRect:"> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kListArea);
+
+  static void themed(NSView list, CGRect dirty) {
+    callHost(list, dirty);
+    const NSColor color = ThemeUtility::shared().colorForKey(key<"ListAreabuttonMatrixBackgroundColor">);
+    const NSView decoration = color ? decorationOf(list) : NSView();
+    if (!decoration) return;
+    color.setFill();
+    NSRectFill(decoration.convertRectToView(decoration.bounds(), list));
+  }
+};
 
 }  // namespace
 
-void attachNSViewThemeSupport() {
-  CategoryDefinition("NSView")
-      .replacement<NotePadBackground, notePadViewBackgroundColor>()
-      .replacement<NotesListDrawRect, notesListDrawRect>()
-      .classMethod<"addSwizzleMethod", installOnce<NotePadBackground, NotesListDrawRect>>();
-}
+namespace overrides {
+extern constinit const ThemedClass NSView =
+    OverridesOf<"NSView", NotePadBackground, NotesListDrawRect>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

@@ -4,13 +4,13 @@
 #include <string>
 
 #include "cocoa/AppKit.h"
-#include "cocoa/Override.h"
 #include "plugin/hostapi/HostVersion.h"
 #include "plugin/hostapi/Identifiers.h"
 #include "plugin/imaging/MyNSBitmapImageRep.h"
 #include "plugin/imaging/RectToSourceColorData.h"
 #include "plugin/imaging/Utility+Recoloring.h"
-#include "plugin/loader/Attach.h"
+#include "plugin/overrides/HostOverride.h"
+#include "plugin/overrides/ThemedClass.h"
 #include "plugin/text/ColoredText.h"
 #include "plugin/text/StringBytes.h"
 #include "plugin/theme/ThemeUtility.h"
@@ -21,23 +21,23 @@ namespace {
 
 using namespace cocoa;
 
-using UpdateLibrary = Override<"CLgLibraryViewController", void(NSObject),
-                               "_updateUIWithAvailableDataSource:", "customeUpdateUIWithAvailableDataSource:">;
-using LegendItem = Override<"CLgRupertContentsViewController", NSObject(NSString),
-                            "legendItemForIdentifier:", "customLegendItemForIdentifier:">;
-
 // ---- The library --------------------------------------------------------------------------------------
 
-void customUpdateLibrary(NSObject controller, NSObject dataSource) {
-  UpdateLibrary::callHost(controller, dataSource);
-  const NSColor title = ThemeUtility::shared().colorForKey(key<"LibraryHeaderTextColor">);
-  if (title && controller.respondsToSelector(selector<"headerTitle">())) {
-    call<"headerTitle", NSTextField>(controller).setTextColor(title);
+struct UpdateLibrary : HostOverride<"CLgLibraryViewController", "_updateUIWithAvailableDataSource:", void(NSObject),
+                                    "customeUpdateUIWithAvailableDataSource:"> {
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kLibrary);
+
+  static void themed(NSObject controller, NSObject dataSource) {
+    callHost(controller, dataSource);
+    const NSColor title = ThemeUtility::shared().colorForKey(key<"LibraryHeaderTextColor">);
+    if (title && controller.respondsToSelector(selector<"headerTitle">())) {
+      call<"headerTitle", NSTextField>(controller).setTextColor(title);
+    }
+    if (controller.respondsToSelector(selector<"soundPacksFilterPopUpButton">())) {
+      colorLibraryMenu(call<"soundPacksFilterPopUpButton", NSObject>(controller));
+    }
   }
-  if (controller.respondsToSelector(selector<"soundPacksFilterPopUpButton">())) {
-    colorLibraryMenu(call<"soundPacksFilterPopUpButton", NSObject>(controller));
-  }
-}
+};
 
 // ---- The scale of the mixer's legend ------------------------------------------------------------------
 
@@ -49,11 +49,10 @@ struct ReadyMadeScale {
 constexpr ReadyMadeScale kReadyMadeScales[] = {{"{134, 598}", literal<"LongFaderScale">},
                                                {"{134, 398}", literal<"FaderScale">}};
 
-/// From the size of the host's picture to the one that is shown. One a size; sizes are the host's.
-NSMutableDictionary scaleCache() {
-  static const NSMutableDictionary cache = make<NSMutableDictionary>().detach();
-  return cache;
-}
+/// From the size of the host's picture to the one that is shown: one for each size, and sizes are the host's.
+struct LegendScales {
+  Ref<NSMutableDictionary> bySize = make<NSMutableDictionary>();
+};
 
 struct ScaleColors {
   NSColor tick;
@@ -129,12 +128,13 @@ void themeScale(NSObject controller, NSObject item) {
   const ScaleColors colors = scaleColors();
   if (!item || !colors.any()) return;
   const auto image = call<"image", NSImage>(item);
+  const NSMutableDictionary cache = ThemeUtility::shared().derived<LegendScales>().bySize;
   const NSString key(NSStringFromSize(image.size()));
-  if (const NSObject known = scaleCache().objectForKey(key)) return call<"setImage:">(item, known);
+  if (const NSObject known = cache.objectForKey(key)) return call<"setImage:">(item, known);
   Ref<NSImage> themed = readyMadeScale(key);
   if (!themed) themed = recoloredScale(image, colors, hasLongFaders(controller));
   if (!themed) return;
-  scaleCache().setObject(themed.get(), key);
+  cache.setObject(themed.get(), key);
   call<"setImage:">(item, themed.get());
 }
 
@@ -145,30 +145,28 @@ void themeLabel(NSObject item) {
   if (text.length() > 0) call<"setAttributedStringValue:">(item, inColor(text, color));
 }
 
-NSObject customLegendItem(NSObject controller, NSString identifier) {
-  constexpr std::string_view kLegend = "MAMixerLegend";
-  const NSObject item = LegendItem::callHost(controller, identifier);
-  const BriefUTF8 name(identifier);
-  if (name.view() == "MAMixerLegendVolumeScaleItem") {
-    themeScale(controller, item);
-  } else if (item && name.view().starts_with(kLegend)) {
-    themeLabel(item);
-  }
-  return item;
-}
+struct LegendItem : HostOverride<"CLgRupertContentsViewController", "legendItemForIdentifier:", NSObject(NSString)> {
+  static constexpr Condition kWhen = Condition::kSinceHost11_2;
+  static constexpr OpenWindow kOpenWindow = reachedBy(RefreshBranch::kLegend);
 
-void addSwizzleMethod(Class self) {
-  installOnce<UpdateLibrary>(self);
-  if (isHostEqualOrNewerThan("11.2")) installOnce<LegendItem>(self);
-}
+  static NSObject themed(NSObject controller, NSString identifier) {
+    constexpr std::string_view kLegend = "MAMixerLegend";
+    const NSObject item = callHost(controller, identifier);
+    const BriefUTF8 name(identifier);
+    if (name.view() == "MAMixerLegendVolumeScaleItem") {
+      themeScale(controller, item);
+    } else if (item && name.view().starts_with(kLegend)) {
+      themeLabel(item);
+    }
+    return item;
+  }
+};
 
 }  // namespace
 
-void attachNSViewControllerThemeSupport() {
-  CategoryDefinition("NSViewController")
-      .replacement<UpdateLibrary, customUpdateLibrary>()
-      .replacement<LegendItem, customLegendItem>()
-      .classMethod<"addSwizzleMethod", addSwizzleMethod>();
-}
+namespace overrides {
+extern constinit const ThemedClass NSViewController =
+    OverridesOf<"NSViewController", UpdateLibrary, LegendItem>::themedClass<>();
+}  // namespace overrides
 
 }  // namespace velura

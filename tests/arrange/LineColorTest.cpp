@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "plugin/arrange/GridOverlay.h"
+#include "plugin/arrange/Median.h"
 #include "plugin/arrange/RegionLineColor.h"
 
 namespace {

@@ -24,8 +24,8 @@ std::map<std::string, double> namesAsked(NSDictionary theme) {
     return flag && flag.boolValue() ? ImageSet::kShared : ImageSet::kOwn;
   };
   std::map<std::string, double> names;
-  for (const Highlighted highlighted : {Highlighted::kNo, Highlighted::kYes}) {
-    const std::string suffix = highlighted == Highlighted::kYes ? "_sel" : "";
+  for (const bool isHighlighted : {false, true}) {
+    const std::string suffix = isHighlighted ? "_sel" : "";
     for (const auto& row : velura::kTrackTypes) {
       for (const char* stem : {"mixer_panner_stereo_bg", "mixer_panner_knob", "mixer_panner_pointer"}) {
         names[pannerImageName(stem, highlighted, row.type, isShared(row.sharedPanner))] = 40;

@@ -6,7 +6,7 @@
 #include <filesystem>
 
 #include "cocoa/Call.h"
-#include "plugin/gradient/GradientSwitch.h"
+#include "plugin/theme/GradientSwitch.h"
 #include "plugin/theme/VLRStripBevel.h"
 #include "plugin/theme/VLRStripGradient.h"
 #include "standin/Clock.h"

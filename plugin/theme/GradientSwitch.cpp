@@ -1,4 +1,4 @@
-#include "plugin/gradient/GradientSwitch.h"
+#include "plugin/theme/GradientSwitch.h"
 
 #include "cocoa/Foundation.h"
 #include "plugin/files/FileExists.h"
