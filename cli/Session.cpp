@@ -50,11 +50,6 @@ void openCompanionBundle(const std::string& themeFolder) {
   if (fs::is_directory(path)) NSBundle::bundleWithPath(string(path.string()));
 }
 
-std::string pngOf(NSBitmapImageRep bitmap) {
-  const NSData data = bitmap.representationUsingType(NSBitmapImageFileTypePNG, NSDictionary::dictionary());
-  return data ? std::string(static_cast<const char*>(data.bytes()), data.length()) : std::string();
-}
-
 /// Draws a part of a view into a bitmap of its size.
 Ref<NSBitmapImageRep> drawnPart(NSView view, CGRect part, double scale) {
   const auto pixels = [&](double points) { return static_cast<NSInteger>(std::ceil(points * scale)); };
@@ -69,6 +64,15 @@ Ref<NSBitmapImageRep> drawnPart(NSView view, CGRect part, double scale) {
 }
 
 }  // namespace
+
+const std::map<std::string, host::WindowKind>& windowsByName() {
+  using enum host::WindowKind;
+  static const std::map<std::string, host::WindowKind> windows{
+      {"mixer", kMixer},     {"arrange", kArrange},          {"step-sequencer", kStepSequencer},
+      {"library", kLibrary}, {"loop-browser", kLoopBrowser}, {"live-loops", kLiveLoops},
+      {"lists", kLists},     {"inspector", kInspector},      {"overview", kOverview}};
+  return windows;
+}
 
 std::string SessionOptions::defaultBundlePath() {
   std::error_code failure;
@@ -110,6 +114,17 @@ std::unique_ptr<host::Application> startSession(const SessionOptions& options, h
   return application;
 }
 
+std::string pngOf(NSBitmapImageRep bitmap) {
+  const NSData data = bitmap.representationUsingType(NSBitmapImageFileTypePNG, NSDictionary::dictionary());
+  return data ? std::string(static_cast<const char*>(data.bytes()), data.length()) : std::string();
+}
+
+Ref<NSBitmapImageRep> finalBitmap(host::Application& application, host::WindowKind window) {
+  application.settle(window);
+  application.runFrame();
+  return application.draw(window);
+}
+
 std::string drawnAsPng(host::Application& application, host::WindowKind window) {
   const AutoreleasePool pool;
   application.runFrame();
@@ -117,8 +132,8 @@ std::string drawnAsPng(host::Application& application, host::WindowKind window) 
 }
 
 std::string windowAsPng(host::Application& application, host::WindowKind window) {
-  application.settle(window);
-  return drawnAsPng(application, window);
+  const AutoreleasePool pool;
+  return pngOf(finalBitmap(application, window));
 }
 
 std::string stripAsPng(host::Application& application, long number, double scale, std::string& error) {

@@ -1,6 +1,7 @@
 #pragma once
 // One run of the host with a theme: what the companion application would have set up on a user's machine.
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -9,6 +10,9 @@
 #include "host/app/Application.h"
 
 namespace session {
+
+/// Every kind of window, by the name that it has on the command line and in file names.
+const std::map<std::string, host::WindowKind>& windowsByName();
 
 enum class Theming {
   kWithoutBundle,  // the host alone
@@ -43,6 +47,12 @@ bool selectTheme(const SessionOptions& options, std::string& error);
 /// Starts the host, selects the theme, loads the bundle and opens the song, or the song first.
 /// Null, with `error` set, when one of it cannot be done.
 std::unique_ptr<host::Application> startSession(const SessionOptions& options, host::Song song, std::string& error);
+
+/// A bitmap as PNG bytes; "" for nil.
+std::string pngOf(NSBitmapImageRep bitmap);
+
+/// Draws a window once nothing is due any more; nil when it cannot be drawn at that size.
+cocoa::Ref<NSBitmapImageRep> finalBitmap(host::Application& application, host::WindowKind window);
 
 /// Draws a window as it is now: PNG bytes, "" when it cannot be drawn at that size.
 std::string drawnAsPng(host::Application& application, host::WindowKind window);

@@ -5,7 +5,6 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
-#include <map>
 #include <optional>
 
 #include "cli/GridFile.h"
@@ -49,22 +48,12 @@ struct GridArguments {
   bool listsKeys = false;
 };
 
-const std::map<std::string, host::WindowKind> kWindows{{"mixer", host::WindowKind::kMixer},
-                                                       {"arrange", host::WindowKind::kArrange},
-                                                       {"step-sequencer", host::WindowKind::kStepSequencer},
-                                                       {"live-loops", host::WindowKind::kLiveLoops},
-                                                       {"library", host::WindowKind::kLibrary},
-                                                       {"loop-browser", host::WindowKind::kLoopBrowser},
-                                                       {"lists", host::WindowKind::kLists},
-                                                       {"inspector", host::WindowKind::kInspector},
-                                                       {"overview", host::WindowKind::kOverview}};
-
 /// In place of a window's name: each window, into a folder.
 constexpr const char* kAllWindows = "all";
 
 std::vector<std::string> windowNames() {
   std::vector<std::string> names;
-  for (const auto& [name, kind] : kWindows) names.push_back(name);
+  for (const auto& [name, kind] : session::windowsByName()) names.push_back(name);
   return names;
 }
 
@@ -91,7 +80,8 @@ session::SessionOptions sessionOptions(const HostArguments& arguments) {
   options.themeState = arguments.state;
   options.tracksBackground = arguments.tracksBackground;
   options.loadsLate = arguments.load == "after";
-  for (const std::string& name : namesOfWindows(arguments)) options.windows.push_back(kWindows.at(name));
+  for (const std::string& name : namesOfWindows(arguments))
+    options.windows.push_back(session::windowsByName().at(name));
   if (arguments.theme == "default") {
     options.theming = session::Theming::kDefaultTheme;
   } else if (arguments.theme != "none") {
@@ -142,7 +132,7 @@ std::string picture(host::Application& application, const std::string& window, c
   if (arguments.zoomStrip) {
     return session::stripAsPng(application, *arguments.zoomStrip, pixelsPerPoint(arguments), error);
   }
-  const host::WindowKind kind = kWindows.at(window);
+  const host::WindowKind kind = session::windowsByName().at(window);
   standin::setPressedMouseButtons(0);
   std::string png = session::windowAsPng(application, kind);
   if (arguments.mouse == "down") {
@@ -198,7 +188,7 @@ int watch(const HostArguments& arguments) {
   std::string error;
   const auto application = startHost(arguments, error);
   if (!application) return fail(error);
-  const session::WatchOptions options{kWindows.at(arguments.window), arguments.grid, arguments.out};
+  const session::WatchOptions options{session::windowsByName().at(arguments.window), arguments.grid, arguments.out};
   return session::watch(*application, options, error) ? kDone : fail(error);
 }
 
