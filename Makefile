@@ -1,5 +1,5 @@
 # The two commands of the README are `make run` and `make test`; each sets up what it needs by itself.
-.PHONY: help run test test-hosts bench fuzz bundle format tidy setup build clean
+.PHONY: help run test goldens goldens-before test-hosts bench fuzz bundle format tidy setup build clean
 MAKEFLAGS += --no-print-directory
 JOBS := $(shell nproc)
 
@@ -12,7 +12,15 @@ run: build
 
 ## make test     build and run every test
 test: build
-	@ctest --test-dir build --output-on-failure -j $(JOBS)
+	@tools/run-tests -j $(JOBS)
+
+## make goldens  draw the kept pictures anew, say what changed, and keep them as they are
+goldens: build
+	@JOBS=$(JOBS) tools/renew-goldens
+
+## make goldens-before  build the last commit too, so that changed pictures are shown before and after
+goldens-before: setup
+	@tools/build-before
 
 ## make test-hosts  run the tests against each older version of the host, but those whose names match SKIP
 HOSTS := 10.7.4 11.1.2 11.2 12.2
