@@ -99,9 +99,23 @@ std::string valueOf(const ThemeKeyRow& row, const Variant& variant) {
 }
 
 /// Colours of the host's catalogue, which are no keys of the table.
-constexpr const char* kCatalog[] = {"MixerToolbarBackground", "LibraryBackground", "LibraryHeader",
-                                    "LibraryTitle",           "LibraryText",       "LibraryPicture",
-                                    "LibrarySearchField",     "LibrarySearchText", "LibrarySeparator"};
+constexpr const char* kCatalog[] = {"MixerToolbarBackground",
+                                    "MixerToolbarEdge",
+                                    "MixerToolbarText",
+                                    "MixerToolbarActive",
+                                    "StepSequencerRowHeader",
+                                    "StepSequencerRowText",
+                                    "StepSequencerStepOff",
+                                    "StepSequencerStepOn",
+                                    "StepSequencerStepAccent",
+                                    "LibraryBackground",
+                                    "LibraryHeader",
+                                    "LibraryTitle",
+                                    "LibraryText",
+                                    "LibraryPicture",
+                                    "LibrarySearchField",
+                                    "LibrarySearchText",
+                                    "LibrarySeparator"};
 
 session::ThemeEntries entriesOf(const Variant& variant) {
   session::ThemeEntries entries;

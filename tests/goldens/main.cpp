@@ -211,6 +211,15 @@ int list() {
   return 0;
 }
 
+/// A run that is new has no test before something is kept of it.
+int findUnkept() {
+  int status = 0;
+  for (const Run& run : runs()) {
+    if (!fs::exists(goldenFile(run))) status = fail(run.name + ": nothing is kept of it (`make goldens`)");
+  }
+  return status;
+}
+
 int work(std::string_view command, const Run& run, const char* folder) {
   const cocoa::AutoreleasePool pool;
   std::string error;
@@ -231,9 +240,10 @@ int work(std::string_view command, const Run& run, const char* folder) {
 int main(int argc, char** argv) {
   const std::string_view command = argc > 1 ? argv[1] : "";
   if (command == "list") return goldens::list();
+  if (command == "unkept") return goldens::findUnkept();
   const bool known =
       (command == "check" && argc == 3) || (command == "renew" && argc == 3) || (command == "draw" && argc == 4);
-  if (!known) return goldens::fail("usage: list | check RUN | renew RUN | draw RUN FOLDER");
+  if (!known) return goldens::fail("usage: list | unkept | check RUN | renew RUN | draw RUN FOLDER");
   const auto& runs = goldens::runs();
   const auto run = std::ranges::find(runs, argv[2], &goldens::Run::name);
   if (run == runs.end()) return goldens::fail(std::string(argv[2]) + ": no such run");
