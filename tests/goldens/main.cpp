@@ -124,7 +124,7 @@ class Comparison {
       lines_ += "  its size was " + std::to_string(before.width) + " x " + std::to_string(before.height) + "\n";
     }
     tellPlaces(changes);
-    tellElements(picture, old ? finely(old, bitmap) : changes);
+    tellElements(picture, changes);
     if (old && tilesOf({}, old, before.side).hashes != before.hashes) {
       lines_ += "  " + buildBefore().string() + " draws something else than what is kept: is it the last commit?\n";
     }
@@ -158,12 +158,6 @@ class Comparison {
       separator = ", ";
     }
     lines_ += "\n";
-  }
-
-  /// With both pictures at hand a change is placed far more exactly than by tiles.
-  [[nodiscard]] Changes finely(NSBitmapImageRep before, NSBitmapImageRep after) const {
-    constexpr double kFineSide = 4;
-    return changesBetween(tilesOf({}, before, side(kFineSide)), tilesOf({}, after, side(kFineSide)));
   }
 
   Ref<NSBitmapImageRep> pictureBefore(const Picture& picture) {
