@@ -8,7 +8,7 @@
 
 #include "cli/KeyTheme.h"
 #include "cli/PrivateFolders.h"
-#include "plugin/theme/ThemeKeys.h"
+#include "plugin/language/ThemeKeys.h"
 
 namespace goldens {
 namespace {
@@ -80,7 +80,7 @@ bool flag(const ThemeKeyRow& row, std::size_t index, const Variant& variant) {
 std::string valueOf(const ThemeKeyRow& row, const Variant& variant) {
   const std::size_t index = velura::indexOf(row.key);
   switch (row.kind) {
-    case ThemeKeyKind::kColour:
+    case ThemeKeyKind::kColor:
       return color(index, variant.trackColors);
     case ThemeKeyKind::kGradient:
       return variant.gradients || row.name.starts_with("UseTrackColor") ? gradient(row.name, index) : "";

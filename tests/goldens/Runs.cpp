@@ -121,7 +121,7 @@ std::unique_ptr<host::Application> start(const Run& run, std::string& error) {
   auto opened = host::readSong(std::string(VELURA_SOURCE_DIR) + song, error);
   if (!opened) return nullptr;
   opened->faderLength = run.faders;
-  opened->trackColours = run.trackColors;
+  opened->trackColors = run.trackColors;
   return session::startSession(sessionOptions(run), std::move(*opened), error);
 }
 
