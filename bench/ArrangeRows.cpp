@@ -23,7 +23,7 @@
 #include "plugin/imaging/RectToSourceColorData.h"
 #include "plugin/imaging/Utility+Recoloring.h"
 #include "plugin/language/VLRGridSettings.h"
-#include "standin/RunLoop.h"
+#include "standin/steering/RunLoop.h"
 
 namespace bench {
 namespace {

@@ -8,8 +8,8 @@
 #include <memory>
 #include <string>
 
-#include "host/Song.h"
 #include "host/app/Application.h"
+#include "host/song/Song.h"
 
 namespace bench {
 

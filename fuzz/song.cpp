@@ -1,4 +1,4 @@
-#include "host/Song.h"
+#include "host/song/Song.h"
 #include "fuzz/Fuzzing.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

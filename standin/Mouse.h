@@ -1,11 +1,4 @@
 #pragma once
-// The mouse of the simulated screen.
+// For who still includes it from here.
 
-#include "cocoa/AppKit.h"
-
-namespace standin {
-
-/// What `pressedMouseButtons` answers from now on. Bit 0 is the primary button.
-void setPressedMouseButtons(NSUInteger buttons);
-
-}  // namespace standin
+#include "standin/steering/Mouse.h"

@@ -5,9 +5,9 @@
 #include <cmath>
 #include <cstdio>
 
-#include "host/Look.h"
-#include "host/app/Views.h"
 #include "host/arrange/CLgSongDocument.h"
+#include "host/drawing/ScreenImage.h"
+#include "host/kit/Views.h"
 #include "host/mixer/AssetMapping.h"
 #include "host/mixer/MAButtonNode.h"
 #include "host/mixer/MADisplayNode.h"
@@ -19,6 +19,7 @@
 #include "host/mixer/MAKnobNode.h"
 #include "host/mixer/MALevelNode.h"
 #include "host/mixer/MANode.h"
+#include "host/mixer/MANodeView.h"
 #include "host/mixer/MAPannerNode.h"
 #include "host/mixer/MAScaleNode.h"
 #include "host/mixer/MAStripNode.h"
@@ -28,11 +29,11 @@
 #include "host/mixer/MixerLegend.h"
 #include "host/mixer/MixerView.h"
 #include "host/mixer/PlugIn.h"
-#include "host/mixer/ScreenImage.h"
-#include "standin/Clock.h"
-#include "standin/Display.h"
-#include "standin/MainBundle.h"
-#include "standin/RunLoop.h"
+#include "host/palette/Palette.h"
+#include "standin/steering/Clock.h"
+#include "standin/steering/Display.h"
+#include "standin/steering/MainBundle.h"
+#include "standin/steering/RunLoop.h"
 
 namespace host {
 namespace {
@@ -41,6 +42,7 @@ using namespace cocoa;
 
 constexpr void (*kDefinitions[])() = {
     defineViews,
+    defineMANodeView,
     definePlugIns,
     defineMixerData,
     defineMixerStrips,
@@ -62,7 +64,7 @@ constexpr void (*kDefinitions[])() = {
     defineMAImageNode,
     attachImageTint,
     attachStepSequencerColors,
-    registerLook,
+    registerPalette,
 };
 
 /// From version 11.2 on.

@@ -6,12 +6,12 @@
 #include <optional>
 #include <string>
 
-#include "host/Song.h"
-#include "host/app/HostOptions.h"
-#include "host/app/StepSequencerPanel.h"
 #include "host/arrange/ArrangeWindow.h"
+#include "host/kit/HostOptions.h"
 #include "host/liveloops/LiveLoopsWindow.h"
 #include "host/mixer/MixerWindow.h"
+#include "host/sequencer/StepSequencerPanel.h"
+#include "host/song/Song.h"
 
 namespace host {
 

@@ -4,10 +4,10 @@
 #include <functional>
 
 #include "cocoa/ClassDefinition.h"
-#include "host/app/KitWindow.h"
-#include "host/app/Views.h"
-#include "host/mixer/Painter.h"
-#include "host/mixer/ScreenImage.h"
+#include "host/drawing/Painter.h"
+#include "host/drawing/ScreenImage.h"
+#include "host/kit/KitWindow.h"
+#include "host/kit/Views.h"
 
 namespace host {
 namespace {
@@ -90,7 +90,8 @@ const Button kButtons[] = {
 
 /// A glyph is of one colour, so that a copy in another one is as good.
 Ref<NSImage> glyphImage(DrawGlyph draw) {
-  return screenImage(kGlyphSize, [=](CGContextRef context) { draw(Painter(context), look(Look::kActionBarGlyph)); });
+  return screenImage(kGlyphSize,
+                     [=](CGContextRef context) { draw(Painter(context), paletteColor(Palette::kActionBarGlyph)); });
 }
 
 /// Off, a button has a bezel; on, a background of its own or the host's.
@@ -101,9 +102,9 @@ struct ActionBarCell : ObjectState {
     const Painter painter(NSGraphicsContext::currentContext().CGContext());
     if (cell.state() == NSControlStateValueOn) {
       const NSColor own = cell.backgroundColor();
-      painter.fillRounded(frame, kRadius, own ? own : look(Look::kActionBarOn));
+      painter.fillRounded(frame, kRadius, own ? own : paletteColor(Palette::kActionBarOn));
     } else if (call<"isBordered", BOOL>(cell) != 0) {
-      painter.fillRounded(frame, kRadius, look(Look::kActionBarOff));
+      painter.fillRounded(frame, kRadius, paletteColor(Palette::kActionBarOff));
     }
   }
 };

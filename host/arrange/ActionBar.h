@@ -5,7 +5,7 @@
 #include <set>
 
 #include "cocoa/AppKit.h"
-#include "host/panes/Pane.h"
+#include "host/panes/Panes.h"
 
 namespace host {
 

@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
-#include "host/app/Views.h"
 #include "host/arrange/CLgArrangeView.h"
 #include "host/arrange/CLgSectionView.h"
 #include "host/arrange/MAAccessibilityElement.h"
 #include "host/arrange/RegionDrawing.h"
-#include "host/mixer/Painter.h"
+#include "host/drawing/Painter.h"
+#include "host/kit/Views.h"
 
 namespace host {
 namespace {
@@ -42,12 +42,12 @@ void ArrangeContentsSectionView::drawGrid(CGRect dirty) {
   for (const Tick& tick : model.timeline.ticks(dirty.minX(), dirty.maxX())) {
     if (tick.kind != TickKind::kBar) continue;
     const double x = std::floor(tick.x * scale) / scale;
-    painter.fill(CGRectMake(x, dirty.minY(), 1, dirty.size.height), look(Look::kArrangeGridLine));
+    painter.fill(CGRectMake(x, dirty.minY(), 1, dirty.size.height), paletteColor(Palette::kArrangeGridLine));
   }
   const auto [first, end] = model.rows.rowsIn(dirty.minY(), dirty.maxY());
   for (std::size_t row = first; row < end; ++row) {
     const double bottom = model.rows.top(row) + model.rows.height(row);
-    painter.fill(CGRectMake(dirty.minX(), bottom - 1, dirty.size.width, 1), look(Look::kArrangeRowLine));
+    painter.fill(CGRectMake(dirty.minX(), bottom - 1, dirty.size.width, 1), paletteColor(Palette::kArrangeRowLine));
   }
 }
 
@@ -69,7 +69,7 @@ void ArrangeContentsSectionView::drawRect(CGRect dirty) {
     }
   }
   const double x = std::floor(model.timeline.x(model.song.arrange.playhead));
-  painter.fill(CGRectMake(x, dirty.minY(), 1, dirty.size.height), look(Look::kArrangePlayhead));
+  painter.fill(CGRectMake(x, dirty.minY(), 1, dirty.size.height), paletteColor(Palette::kArrangePlayhead));
 }
 
 /// The uppermost region at a place.

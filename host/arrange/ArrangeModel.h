@@ -1,8 +1,8 @@
 #pragma once
 
-#include "host/Song.h"
 #include "host/arrange/Timeline.h"
 #include "host/arrange/TrackRows.h"
+#include "host/song/Song.h"
 
 namespace host {
 

@@ -8,9 +8,9 @@
 #include "host/arrange/CLgSectionView.h"
 #include "host/arrange/LocalizedFormat.h"
 #include "host/arrange/MAAccessibilityElement.h"
+#include "host/drawing/Painter.h"
+#include "host/drawing/TrackIcon.h"
 #include "host/mixer/MixerData.h"
-#include "host/mixer/Painter.h"
-#include "host/mixer/TrackIcon.h"
 
 namespace host {
 namespace {
@@ -74,12 +74,12 @@ struct Columns {
 struct Button {
   const char* letter;
   bool Track::*on;
-  Look color;
+  Palette color;
 };
-constexpr std::array<Button, 4> kButtons{{{"M", &Track::muted, Look::kMuteOn},
-                                          {"S", &Track::soloed, Look::kSoloOn},
-                                          {"R", &Track::recordArmed, Look::kRecordOn},
-                                          {"I", &Track::monitoring, Look::kMonitorOn}}};
+constexpr std::array<Button, 4> kButtons{{{"M", &Track::muted, Palette::kMuteOn},
+                                          {"S", &Track::soloed, Palette::kSoloOn},
+                                          {"R", &Track::recordArmed, Palette::kRecordOn},
+                                          {"I", &Track::monitoring, Palette::kMonitorOn}}};
 
 /// The buttons of a header: in the lower row of a tall one, else at the right.
 CGRect buttonRect(const Header& header, const Columns& columns, std::size_t index) {
@@ -111,16 +111,17 @@ class HeaderDrawing {
         surfaces_(model.knowsControlSurfaces ? setup_.controlSurfaceBars.value_or(0) : 0) {}
 
   void draw() const {
-    painter_.fill(header_.at(0, header_.height() - 1, header_.frame.size.width, 1), look(Look::kArrangeHeaderLine));
+    painter_.fill(header_.at(0, header_.height() - 1, header_.frame.size.width, 1),
+                  paletteColor(Palette::kArrangeHeaderLine));
     drawBars();
     if (setup_.trackNumbers) {
       painter_.text(std::to_string(number_),
                     header_.at(columns_.number, 0, columns_.icon - columns_.number - 3, header_.height()),
-                    look(Look::kNumberText), {.size = 9.5, .alignment = TextAlignment::kRight});
+                    paletteColor(Palette::kNumberText), {.size = 9.5, .alignment = TextAlignment::kRight});
     }
     drawIcon();
     if (track_.folder) drawDisclosure();
-    painter_.text(track_.name, textRect(header_, columns_, track_), look(Look::kNameText),
+    painter_.text(track_.name, textRect(header_, columns_, track_), paletteColor(Palette::kNameText),
                   {.size = 11.5, .weight = track_.selected ? 0.23 : 0, .alignment = TextAlignment::kLeft});
     for (std::size_t i = 0; i < kButtons.size(); ++i) drawButton(kButtons[i], buttonRect(header_, columns_, i));
     if (header_.isTall()) drawVolume();
@@ -136,7 +137,7 @@ class HeaderDrawing {
     if (!setup_.colorBars) return;
     const NSColor color = trackColor(track_);
     painter_.fill(header_.at(columns_.colorBar, 0, kColorBarWidth, header_.height()),
-                  color ? color : look(Look::kArrangeNoColor));
+                  color ? color : paletteColor(Palette::kArrangeNoColor));
   }
 
   void drawIcon() const {
@@ -144,7 +145,7 @@ class HeaderDrawing {
     const double side = std::min(kIconSide, header_.height() - 5);
     const CGRect place =
         header_.at(columns_.icon + (kIconSide - side) / 2, (header_.height() - 1 - side) / 2, side, side);
-    painter_.fillRounded(place, 4, look(Look::kIconBackground));
+    painter_.fillRounded(place, 4, paletteColor(Palette::kIconBackground));
     drawTrackIcon(painter_, track_.icon, {place.midX(), place.midY()}, side / kDrawnSide * 0.85);
   }
 
@@ -157,14 +158,14 @@ class HeaderDrawing {
     CGContextAddLineToPoint(context, place.minX() + 8, place.midY() - 2 * down);
     CGContextAddLineToPoint(context, place.minX() + 4.5, place.midY() + 3 * down);
     CGContextClosePath(context);
-    CGContextSetFillColorWithColor(context, look(Look::kNameText).CGColor());
+    CGContextSetFillColorWithColor(context, paletteColor(Palette::kNameText).CGColor());
     CGContextFillPath(context);
   }
 
   void drawButton(const Button& button, CGRect place) const {
     const bool on = track_.*button.on;
-    painter_.fillRounded(place, 3, look(on ? button.color : Look::kSymbolOff));
-    painter_.text(button.letter, place, look(on ? Look::kRegionTextDark : Look::kSymbolText),
+    painter_.fillRounded(place, 3, paletteColor(on ? button.color : Palette::kSymbolOff));
+    painter_.text(button.letter, place, paletteColor(on ? Palette::kRegionTextDark : Palette::kSymbolText),
                   {.size = 8.5, .weight = 0.3});
   }
 
@@ -178,10 +179,10 @@ class HeaderDrawing {
     if (width < 2 * kThumb) return;
     const double level = std::clamp((track_.volume - kSoftest) / (kLoudest - kSoftest), 0.0, 1.0);
     const double y = header_.buttonTop() + kButtonHeight / 2;
-    painter_.fillRounded(header_.at(left, y - 1.5, width, 3), 1.5, look(Look::kArrangeVolumeTrack));
-    painter_.fillRounded(header_.at(left, y - 1.5, width * level, 3), 1.5, look(Look::kArrangeVolume));
+    painter_.fillRounded(header_.at(left, y - 1.5, width, 3), 1.5, paletteColor(Palette::kArrangeVolumeTrack));
+    painter_.fillRounded(header_.at(left, y - 1.5, width * level, 3), 1.5, paletteColor(Palette::kArrangeVolume));
     painter_.fillEllipse(header_.at(left + (width - kThumb) * level, y - kThumb / 2, kThumb, kThumb),
-                         look(Look::kFaderTop));
+                         paletteColor(Palette::kFaderTop));
   }
 
   const Painter& painter_;

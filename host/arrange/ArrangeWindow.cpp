@@ -4,12 +4,10 @@
 #include <cmath>
 #include <set>
 
-#include "host/app/KitWindow.h"
 #include "host/arrange/ActionBar.h"
 #include "host/arrange/ArrangeContentsSectionView.h"
 #include "host/arrange/ArrangeTrackHeaderSectionView.h"
 #include "host/arrange/CLgArrangeView.h"
-#include "host/arrange/CLgArrangeWindowController.h"
 #include "host/arrange/CLgDocumentManager.h"
 #include "host/arrange/CLgDocwContentView.h"
 #include "host/arrange/CLgFenster.h"
@@ -21,7 +19,9 @@
 #include "host/arrange/MAMixerModelAdapter.h"
 #include "host/arrange/Toolbars.h"
 #include "host/arrange/TrackHeaderConfigController.h"
-#include "standin/Mouse.h"
+#include "host/kit/CLgArrangeWindowController.h"
+#include "host/kit/KitWindow.h"
+#include "standin/steering/Mouse.h"
 
 namespace host {
 namespace {

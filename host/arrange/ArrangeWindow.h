@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "cocoa/AppKit.h"
-#include "host/app/HostOptions.h"
 #include "host/arrange/ArrangeModel.h"
-#include "host/panes/Pane.h"
+#include "host/kit/HostOptions.h"
+#include "host/panes/Panes.h"
 
 namespace host {
 

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
-#include "host/app/KitWindow.h"
-#include "host/app/Views.h"
 #include "host/arrange/CLgSectionView.h"
 #include "host/arrange/Toolbars.h"
-#include "host/mixer/Painter.h"
+#include "host/drawing/Painter.h"
+#include "host/kit/KitWindow.h"
+#include "host/kit/Views.h"
 
 namespace host {
 namespace {
@@ -38,16 +38,19 @@ struct Areas {
 };
 
 /// What the user has chosen to see behind the regions.
-Look workspaceLook() {
+NSColor workspaceColor() {
   constexpr NSInteger kBrightMode = 1;
   const auto mode =
       as<NSNumber>(NSUserDefaults::standardUserDefaults().objectForKey(literal<"TracksBackgroundMode">()));
-  return mode.integerValue() == kBrightMode ? Look::kArrangeWorkspaceBright : Look::kArrangeWorkspace;
+  return paletteColor(mode.integerValue() == kBrightMode ? Palette::kArrangeWorkspaceBright
+                                                         : Palette::kArrangeWorkspace);
 }
 
-Look stripLook(const Track& track) {
-  if (track.folder) return track.selected ? Look::kArrangeFolderStripSelected : Look::kArrangeFolderStrip;
-  return track.selected ? Look::kArrangeStripSelected : Look::kArrangeStrip;
+NSColor stripColor(const Track& track) {
+  if (track.folder) {
+    return paletteColor(track.selected ? Palette::kArrangeFolderStripSelected : Palette::kArrangeFolderStrip);
+  }
+  return paletteColor(track.selected ? Palette::kArrangeStripSelected : Palette::kArrangeStrip);
 }
 
 /// Gives a section its size inside its clip, and what of it shows: `down` from its top, `right` from its left.
@@ -136,8 +139,8 @@ void CLgArrangeView::drawRect(CGRect dirty) {
   if (model_ == nullptr) return;
   const Painter painter(NSGraphicsContext::currentContext().CGContext());
   const Areas areas(NSView(self).bounds().size);
-  painter.fill(areas.ruler, look(Look::kGlobalTracksContent));
-  painter.fill(areas.contents, look(workspaceLook()));
+  painter.fill(areas.ruler, paletteColor(Palette::kGlobalTracksContent));
+  painter.fill(areas.contents, workspaceColor());
   paintHeaders(dirty);
 }
 
@@ -148,13 +151,13 @@ void CLgArrangeView::paintHeaders(CGRect dirty) const {
   const CGRect area = Areas(NSView(self).bounds().size).headers;
   CGContextSaveGState(context);
   CGContextClipToRect(context, area);
-  painter.fill(area, look(Look::kArrangeEmpty));
+  painter.fill(area, paletteColor(Palette::kArrangeEmpty));
   const double top = area.maxY() + scrolledDown_;
   const auto [first, end] = model_->rows.rowsIn(top - std::min(area.maxY(), dirty.maxY()), top - dirty.minY());
   for (std::size_t row = first; row < end; ++row) {
     const double height = model_->rows.height(row);
     painter.fill(CGRectMake(area.minX(), top - model_->rows.top(row) - height, area.size.width, height),
-                 look(stripLook(model_->song.tracks[row])));
+                 stripColor(model_->song.tracks[row]));
   }
   CGContextRestoreGState(context);
 }

@@ -1,12 +1,12 @@
 #include "host/arrange/CLgDocwContentView.h"
 
-#include "host/mixer/Painter.h"
+#include "host/drawing/Painter.h"
 
 namespace host {
 
 using namespace cocoa;
 
-NSColor CLgDocwContentView::backgroundColor() { return look(Look::kArrangeSeparator); }
+NSColor CLgDocwContentView::backgroundColor() { return paletteColor(Palette::kArrangeSeparator); }
 
 void CLgDocwContentView::drawRect(CGRect dirty) {
   const auto background = call<"backgroundColor", NSColor>(self);

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "host/app/Views.h"
 #include "host/arrange/Colors.h"
 #include "host/arrange/MAAccessibilityElement.h"
-#include "host/mixer/Painter.h"
+#include "host/drawing/Painter.h"
+#include "host/kit/Views.h"
 
 namespace host {
 namespace {
@@ -31,8 +31,8 @@ class RulerDrawing {
         scale_(scale) {}
 
   void draw() const {
-    painter_.fill(across(0, kRulerBaseline), look(Look::kRulerBackground));
-    painter_.fill(across(kRulerBaseline, kMarkerLaneTop), look(Look::kRulerTick));
+    painter_.fill(across(0, kRulerBaseline), paletteColor(Palette::kRulerBackground));
+    painter_.fill(across(kRulerBaseline, kMarkerLaneTop), paletteColor(Palette::kRulerTick));
     drawCycle();
     drawTicks();
     drawNumbers();
@@ -52,7 +52,7 @@ class RulerDrawing {
     const double right = timeline_.x(arrange_.cycle.end);
     if (!isVisible(left, right)) return;
     painter_.fillRounded(CGRectMake(left, kCycleTop, right - left, kCycleHeight), 3,
-                         look(arrange_.cycle.on ? Look::kCycleOn : Look::kCycleOff));
+                         paletteColor(arrange_.cycle.on ? Palette::kCycleOn : Palette::kCycleOff));
   }
 
   void drawTicks() const {
@@ -60,7 +60,7 @@ class RulerDrawing {
       const double height = tick.kind == TickKind::kBar    ? kBarTickHeight
                             : tick.kind == TickKind::kBeat ? kBeatTickHeight
                                                            : kDivisionTickHeight;
-      painter_.fill(CGRectMake(snapped(tick.x), kRulerBaseline - height, 1, height), look(Look::kRulerTick));
+      painter_.fill(CGRectMake(snapped(tick.x), kRulerBaseline - height, 1, height), paletteColor(Palette::kRulerTick));
     }
   }
 
@@ -73,7 +73,8 @@ class RulerDrawing {
     for (long number = std::max(0L, bar / interval) * interval + 1; number <= last; number += interval) {
       const double x = snapped(timeline_.x(static_cast<double>(number)));
       painter_.text(std::to_string(number), CGRectMake(x + kGap, kNumbersTop, kWidth, kNumbersHeight),
-                    look(Look::kRulerNumber), {.size = 9, .weight = 0.23, .alignment = TextAlignment::kLeft});
+                    paletteColor(Palette::kRulerNumber),
+                    {.size = 9, .weight = 0.23, .alignment = TextAlignment::kLeft});
     }
   }
 
@@ -87,12 +88,12 @@ class RulerDrawing {
     CGContextAddLineToPoint(painter_.context(), x + kHalfWidth, 0);
     CGContextAddLineToPoint(painter_.context(), x, 9);
     CGContextClosePath(painter_.context());
-    CGContextSetFillColorWithColor(painter_.context(), look(Look::kArrangePlayhead).CGColor());
+    CGContextSetFillColorWithColor(painter_.context(), paletteColor(Palette::kArrangePlayhead).CGColor());
     CGContextFillPath(painter_.context());
   }
 
   void drawMarkers() const {
-    painter_.fill(across(kMarkerLaneTop, kMarkerLaneBottom), look(Look::kMarkerGap));
+    painter_.fill(across(kMarkerLaneTop, kMarkerLaneBottom), paletteColor(Palette::kMarkerGap));
     for (const Marker& marker : arrange_.markers) {
       const double left = snapped(timeline_.x(marker.start));
       const double right = snapped(timeline_.x(marker.end));
@@ -102,7 +103,7 @@ class RulerDrawing {
 
   void drawMarker(const Marker& marker, double left, double right) const {
     const CGRect cell = CGRectMake(left, kMarkerLaneTop, right - left, kMarkerLaneBottom - kMarkerLaneTop);
-    painter_.fill(cell, marker.color ? asColor(*marker.color) : look(Look::kMarkerGrey));
+    painter_.fill(cell, marker.color ? asColor(*marker.color) : paletteColor(Palette::kMarkerGrey));
     const bool bright = marker.color && luminance(*marker.color) > kBright;
     const CGRect room = CGRectMake(left + kTextMargin, cell.minY(), right - left - kTextMargin, cell.size.height);
     if (room.isEmpty()) return;
@@ -116,7 +117,7 @@ class RulerDrawing {
     if (!isVisible(0, kWidth)) return;
     painter_.text(std::to_string(arrange_.beatsPerBar) + "/4   C major",
                   CGRectMake(kTextMargin, kMarkerLaneBottom, kWidth, kRulerHeight - kMarkerLaneBottom),
-                  look(Look::kRulerText), {.size = 9, .alignment = TextAlignment::kLeft});
+                  paletteColor(Palette::kRulerText), {.size = 9, .alignment = TextAlignment::kLeft});
   }
 
   const Painter& painter_;

@@ -2,7 +2,7 @@
 // Arithmetic with the colours of a song.
 
 #include "cocoa/AppKit.h"
-#include "host/Song.h"
+#include "host/song/Song.h"
 
 namespace host {
 

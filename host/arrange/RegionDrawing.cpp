@@ -91,7 +91,8 @@ void RegionDrawing::draw(const PlacedRegion& placed) const {
       drawSound(placed, inside, content);
     }
   }
-  const NSColor text = look(luminance(shades.title) > kBright ? Look::kRegionTextDark : Look::kRegionTextLight);
+  const NSColor text =
+      paletteColor(luminance(shades.title) > kBright ? Palette::kRegionTextDark : Palette::kRegionTextLight);
   constexpr double kLoopSign = 12;
   const double room = frame.size.width - 8 - (placed.region.loop ? kLoopSign : 0);
   if (room < 6) return;

@@ -2,7 +2,7 @@
 
 #include "cocoa/AppKit.h"
 #include "host/arrange/Timeline.h"
-#include "host/mixer/Painter.h"
+#include "host/drawing/Painter.h"
 
 namespace host {
 

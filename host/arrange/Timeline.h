@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "host/Song.h"
+#include "host/song/Song.h"
 
 namespace host {
 

@@ -2,7 +2,7 @@
 // What the arrange window shows above its tracks.
 
 #include "cocoa/AppKit.h"
-#include "host/Song.h"
+#include "host/song/Song.h"
 
 namespace host {
 

@@ -5,10 +5,10 @@
 #include <numbers>
 
 #include "cocoa/Call.h"
-#include "host/app/KitWindow.h"
-#include "host/app/Views.h"
+#include "host/drawing/Painter.h"
+#include "host/kit/KitWindow.h"
+#include "host/kit/Views.h"
 #include "host/liveloops/LiveLoopsColors.h"
-#include "host/mixer/Painter.h"
 
 namespace host {
 namespace {

@@ -7,7 +7,7 @@
 
 #include "cocoa/AppKit.h"
 #include "cocoa/ClassDefinition.h"
-#include "host/Song.h"
+#include "host/song/Song.h"
 
 namespace host {
 

@@ -1,9 +1,9 @@
 #include "host/liveloops/LiveLoopsWindow.h"
 
 #include "cocoa/Call.h"
-#include "host/app/KitWindow.h"
 #include "host/arrange/CLgArrangeView.h"
-#include "host/arrange/CLgArrangeWindowController.h"
+#include "host/kit/CLgArrangeWindowController.h"
+#include "host/kit/KitWindow.h"
 #include "host/liveloops/LiveLoopsColors.h"
 #include "host/liveloops/LiveLoopsViews.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cocoa/AppKit.h"
-#include "host/Song.h"
+#include "host/song/Song.h"
 
 namespace host {
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "host/Look.h"
-#include "standin/MainBundle.h"
+#include "host/palette/Palette.h"
+#include "standin/steering/MainBundle.h"
 
 namespace host {
 namespace {
@@ -33,8 +33,8 @@ Ref<NSColor> colorNamed(NSObject value) {
 
 ButtonBody bodyOf(NSDictionary list) {
   ButtonBody body{colorNamed(list.objectForKey(literal<"top">())), colorNamed(list.objectForKey(literal<"bottom">()))};
-  if (!body.top) body.top = look(Look::kButtonTop);
-  if (!body.bottom) body.bottom = look(Look::kButtonBottom);
+  if (!body.top) body.top = paletteColor(Palette::kButtonTop);
+  if (!body.bottom) body.bottom = paletteColor(Palette::kButtonBottom);
   return body;
 }
 

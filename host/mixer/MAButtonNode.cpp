@@ -1,8 +1,8 @@
 #include "host/mixer/MAButtonNode.h"
 
+#include "host/drawing/Painter.h"
+#include "host/drawing/ScreenImage.h"
 #include "host/mixer/AssetMapping.h"
-#include "host/mixer/Painter.h"
-#include "host/mixer/ScreenImage.h"
 
 namespace host {
 namespace {
@@ -27,12 +27,12 @@ constexpr Segments kSegments[] = {{"Buttons.AudioPlugIn", 3}, {"Buttons.MIDIPlug
 /// The colour of an automation button while its mode is on.
 struct AutomationColor {
   std::string_view path;
-  Look color;
+  Palette color;
 };
-constexpr AutomationColor kAutomationColors[] = {{"Buttons.AutomationRead", Look::kAutomationRead},
-                                                 {"Buttons.AutomationTouch", Look::kAutomationTouch},
-                                                 {"Buttons.AutomationLatch", Look::kAutomationLatch},
-                                                 {"Buttons.AutomationWrite", Look::kAutomationWrite}};
+constexpr AutomationColor kAutomationColors[] = {{"Buttons.AutomationRead", Palette::kAutomationRead},
+                                                 {"Buttons.AutomationTouch", Palette::kAutomationTouch},
+                                                 {"Buttons.AutomationLatch", Palette::kAutomationLatch},
+                                                 {"Buttons.AutomationWrite", Palette::kAutomationWrite}};
 
 /// A circle with a bar through its open top: the power switch of a plug-in.
 Ref<NSImage> powerSymbol(NSColor color) {
@@ -45,7 +45,8 @@ Ref<NSImage> powerSymbol(NSColor color) {
 }
 
 NSImage powerSymbol(bool on) {
-  static const Ref<NSImage> symbols[] = {powerSymbol(look(Look::kTitleOff)), powerSymbol(look(Look::kTitleOn))};
+  static const Ref<NSImage> symbols[] = {powerSymbol(paletteColor(Palette::kTitleOff)),
+                                         powerSymbol(paletteColor(Palette::kTitleOn))};
   return symbols[on ? 1 : 0];
 }
 
@@ -74,7 +75,7 @@ id MAButtonNode::init() {
   MANode& node = stateOf<MANode>(self);
   node.drawsContents = true;
   node.state = 1;
-  foregroundColor = look(Look::kTitleOn);
+  foregroundColor = paletteColor(Palette::kTitleOn);
   return self;
 }
 
@@ -116,14 +117,14 @@ void MAButtonNode::applyForeground() { call<"setForegroundColor:">(self, ownColo
 NSColor MAButtonNode::ownColor() {
   const MANode& node = stateOf<MANode>(self);
   const std::string path = toStdString(node.assetSetPath);
-  if (path == kEmpty) return look(Look::kEmptySlotTitle);
-  if (mode == ButtonMode::kLowLatency) return look(Look::kTitleLowLatency);
-  if (mode == ButtonMode::kDimmed) return look(Look::kTitleDimmed);
-  if (node.state == 0) return look(Look::kTitleOff);
+  if (path == kEmpty) return paletteColor(Palette::kEmptySlotTitle);
+  if (mode == ButtonMode::kLowLatency) return paletteColor(Palette::kTitleLowLatency);
+  if (mode == ButtonMode::kDimmed) return paletteColor(Palette::kTitleDimmed);
+  if (node.state == 0) return paletteColor(Palette::kTitleOff);
   for (const AutomationColor& row : kAutomationColors) {
-    if (row.path == path) return look(row.color);
+    if (row.path == path) return paletteColor(row.color);
   }
-  return look(Look::kTitleOn);
+  return paletteColor(Palette::kTitleOn);
 }
 
 NSInteger MAButtonNode::numberOfSegments() {
@@ -157,13 +158,14 @@ void MAButtonNode::drawBody(CGRect rect, CGContextRef context) {
   const Painter painter(context);
   const std::string path = toStdString(call<"assetSetPath", NSString>(self));
   if (path == kEmpty) {
-    painter.fillRounded(rect, kRadius, look(node.highlightState != 0 ? Look::kEmptySlotSelected : Look::kEmptySlot));
+    painter.fillRounded(rect, kRadius,
+                        paletteColor(node.highlightState != 0 ? Palette::kEmptySlotSelected : Palette::kEmptySlot));
     painter.strokeRounded(rect, kRadius, faded(NSColor::blackColor(), 0.05), 1);
     return;
   }
   const ButtonAsset& asset = buttonAsset(path);
   const ButtonBody& body = node.state != 0 ? asset.on : asset.off;
-  painter.body(rect, kRadius, body.top, body.bottom, look(Look::kButtonEdge));
+  painter.body(rect, kRadius, body.top, body.bottom, paletteColor(Palette::kButtonEdge));
 }
 
 void MAButtonNode::drawRect(CGRect rect, CGContextRef context) {

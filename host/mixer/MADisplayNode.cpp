@@ -1,6 +1,6 @@
 #include "host/mixer/MADisplayNode.h"
 
-#include "host/mixer/Painter.h"
+#include "host/drawing/Painter.h"
 
 namespace host {
 
@@ -9,7 +9,7 @@ using namespace cocoa;
 id MADisplayNode::init() {
   superSend<MADisplayNode, id>(self, selector<"init">());
   stateOf<MANode>(self).drawsContents = true;
-  textColor = look(Look::kDisplayText);
+  textColor = paletteColor(Palette::kDisplayText);
   return self;
 }
 
@@ -21,7 +21,7 @@ void MADisplayNode::setTextColor(NSColor color) {
 void MADisplayNode::drawRect(CGRect rect, CGContextRef context) {
   const MANode& node = stateOf<MANode>(self);
   const Painter painter(context);
-  painter.fillRounded(rect, 3, look(Look::kDisplayBackground));
+  painter.fillRounded(rect, 3, paletteColor(Palette::kDisplayBackground));
   painter.text(node.title, rect, textColor, {.size = 8.5, .weight = 0.23});
 }
 

@@ -4,7 +4,7 @@
 #include <map>
 #include <tuple>
 
-#include "host/mixer/Painter.h"
+#include "host/drawing/Painter.h"
 #include "host/mixer/ScaleMarks.h"
 
 namespace host {
@@ -20,7 +20,7 @@ CFRef<CGImageRef> drawnScale(NSInteger type, CGSize size, double scale) {
     const double ticksFrom = std::ceil(columns.ticksFrom * scale) / scale;
     for (const ScaleMark& mark : scaleMarks(type)) {
       const bool zero = type == kVolumeScale && mark.position == kZeroDecibels;
-      const NSColor color = look(zero ? Look::kScaleZero : Look::kScaleTick);
+      const NSColor color = paletteColor(zero ? Palette::kScaleZero : Palette::kScaleTick);
       const double y = markHeight(type, mark.position, size.height);
       painter.fill(CGRectMake(ticksFrom, y, size.width - ticksFrom, 1), color);
       painter.text(mark.label, CGRectMake(0, y - 5, columns.numbersTo, 11), color,

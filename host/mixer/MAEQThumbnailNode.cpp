@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "host/mixer/Painter.h"
+#include "host/drawing/Painter.h"
 
 namespace host {
 namespace {
@@ -40,19 +40,20 @@ void drawCurve(const Painter& painter, CGRect rect, unsigned curve) {
   CGContextRef context = painter.context();
   for (int i = 1; i < 4; ++i) {
     painter.fill(CGRectMake(rect.minX() + std::round(rect.size.width * i / 4), rect.minY(), 1, rect.size.height),
-                 look(Look::kEqualizerGrid));
+                 paletteColor(Palette::kEqualizerGrid));
   }
-  painter.fill(CGRectMake(rect.minX(), std::floor(rect.midY()), rect.size.width, 1), look(Look::kEqualizerGrid));
+  painter.fill(CGRectMake(rect.minX(), std::floor(rect.midY()), rect.size.width, 1),
+               paletteColor(Palette::kEqualizerGrid));
   CGContextSaveGState(context);
   CGContextClipToRect(context, rect);
   addCurve(context, rect, curve);
   CGContextAddLineToPoint(context, rect.maxX(), rect.minY());
   CGContextAddLineToPoint(context, rect.minX(), rect.minY());
   CGContextClosePath(context);
-  CGContextSetFillColorWithColor(context, faded(look(Look::kEqualizerCurve), 0.18).CGColor());
+  CGContextSetFillColorWithColor(context, faded(paletteColor(Palette::kEqualizerCurve), 0.18).CGColor());
   CGContextFillPath(context);
   addCurve(context, rect, curve);
-  CGContextSetStrokeColorWithColor(context, look(Look::kEqualizerCurve).CGColor());
+  CGContextSetStrokeColorWithColor(context, paletteColor(Palette::kEqualizerCurve).CGColor());
   CGContextSetLineWidth(context, 1.2);
   CGContextStrokePath(context);
   CGContextRestoreGState(context);
@@ -68,7 +69,7 @@ id MAEQThumbnailNode::init() {
 
 void MAEQThumbnailNode::drawRect(CGRect rect, CGContextRef context) {
   const Painter painter(context);
-  painter.fillRounded(rect, 4, look(Look::kEqualizerBackground));
+  painter.fillRounded(rect, 4, paletteColor(Palette::kEqualizerBackground));
   painter.strokeRounded(rect.insetBy(0.5, 0.5), 3.5, faded(NSColor::whiteColor(), 0.06), 1);
   if (curve != 0) {
     drawCurve(painter, rect.insetBy(2, 2), curve);
@@ -83,7 +84,7 @@ void MAEQThumbnailNode::drawTitle(CGRect rect, CGContextRef context) {
   const double size = NSFont::smallSystemFontSize();
   const auto attributes = NSMutableDictionary::dictionary();
   attributes.setObject(NSFont::systemFontOfSize(size), NSFontAttributeName);
-  attributes.setObject(look(Look::kEqualizerTitle), NSForegroundColorAttributeName);
+  attributes.setObject(paletteColor(Palette::kEqualizerTitle), NSForegroundColorAttributeName);
   const Ref<NSMutableParagraphStyle> centred = make<NSMutableParagraphStyle>();
   centred->setAlignment(NSTextAlignmentCenter);
   attributes.setObject(centred.get(), NSParagraphStyleAttributeName);

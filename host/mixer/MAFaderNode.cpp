@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "host/mixer/Painter.h"
-#include "host/mixer/ScreenImage.h"
+#include "host/drawing/Painter.h"
+#include "host/drawing/ScreenImage.h"
 
 namespace host {
 namespace {
@@ -16,21 +16,22 @@ constexpr double kCapHeight = 38;
 constexpr NSInteger kGroupMode = 1;
 
 /// The cap lies in its picture with room for its shadow. Faders of groups have a line of another colour.
-void drawCap(CGContextRef context, Look line) {
+void drawCap(CGContextRef context, Palette line) {
   const Painter painter(context);
   const CGRect cap = CGRectMake(0, 0, kCapWidth, kCapHeight).insetBy(1, 2);
   painter.fillRounded(cap.offsetBy(0, -1.5), 4, faded(NSColor::blackColor(), 0.45));
-  painter.body(cap, 4, look(Look::kFaderTop), look(Look::kFaderBottom), look(Look::kFaderEdge));
+  painter.body(cap, 4, paletteColor(Palette::kFaderTop), paletteColor(Palette::kFaderBottom),
+               paletteColor(Palette::kFaderEdge));
   const CGRect waist = CGRectMake(cap.minX() + 1, cap.midY() - 6, cap.size.width - 2, 12);
-  painter.verticalGradient(waist, 0, look(Look::kFaderBottom), look(Look::kFaderTop));
-  painter.fill(CGRectMake(cap.minX() + 2, cap.midY() - 0.75, cap.size.width - 4, 1.5), look(line));
+  painter.verticalGradient(waist, 0, paletteColor(Palette::kFaderBottom), paletteColor(Palette::kFaderTop));
+  painter.fill(CGRectMake(cap.minX() + 2, cap.midY() - 0.75, cap.size.width - 4, 1.5), paletteColor(line));
 }
 
 NSImage capImage(bool ofGroup) {
-  const auto make = [](Look line) {
+  const auto make = [](Palette line) {
     return screenImage({kCapWidth, kCapHeight}, [=](CGContextRef context) { drawCap(context, line); });
   };
-  static const Ref<NSImage> caps[] = {make(Look::kFaderLine), make(Look::kFaderGroupLine)};
+  static const Ref<NSImage> caps[] = {make(Palette::kFaderLine), make(Palette::kFaderGroupLine)};
   return caps[ofGroup ? 1 : 0];
 }
 
@@ -72,7 +73,7 @@ void MAFaderNode::drawRect(CGRect rect, CGContextRef context) {
   const Painter painter(context);
   const CGRect groove = CGRectMake(std::floor(rect.midX()) - 2, 6, 4, rect.size.height - 12);
   painter.fillRounded(groove.insetBy(-1, -1), 3, faded(NSColor::whiteColor(), 0.07));
-  painter.fillRounded(groove, 2, look(Look::kFaderTrack));
+  painter.fillRounded(groove, 2, paletteColor(Palette::kFaderTrack));
 }
 
 void defineMAFaderNode() {

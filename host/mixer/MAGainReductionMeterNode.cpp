@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "host/mixer/Painter.h"
+#include "host/drawing/Painter.h"
 
 namespace host {
 
@@ -15,10 +15,10 @@ id MAGainReductionMeterNode::init() {
 }
 
 NSColor MAGainReductionMeterNode::backgroundFillColor() {
-  return look(isOn ? Look::kMeterBackground : Look::kGainReductionOff);
+  return paletteColor(isOn ? Palette::kMeterBackground : Palette::kGainReductionOff);
 }
 
-NSColor MAGainReductionMeterNode::fillColor() { return look(Look::kGainReduction); }
+NSColor MAGainReductionMeterNode::fillColor() { return paletteColor(Palette::kGainReduction); }
 
 void MAGainReductionMeterNode::drawRect(CGRect rect, CGContextRef context) {
   const Painter painter(context);

@@ -1,7 +1,7 @@
 #include "host/mixer/MAImageNode.h"
 
-#include "host/mixer/Painter.h"
-#include "host/mixer/TrackIcon.h"
+#include "host/drawing/Painter.h"
+#include "host/drawing/TrackIcon.h"
 
 namespace host {
 
@@ -31,7 +31,7 @@ void MAImageNode::updatePresentationObject(NSObject presentation, NSObject view)
 
 void MAImageNode::drawRect(CGRect rect, CGContextRef context) {
   const Painter painter(context);
-  painter.fillRounded(rect, 4, look(Look::kIconBackground));
+  painter.fillRounded(rect, 4, paletteColor(Palette::kIconBackground));
   drawTrackIcon(painter, toStdString(stateOf<MANode>(self).title), {rect.midX(), rect.midY()});
 }
 

@@ -99,10 +99,10 @@ void MAKnobNode::setBypassed(BOOL bypass) {
   knob::changed(self);
 }
 
-NSColor MAKnobNode::fillColor() { return look(bypassed ? Look::kSendBypassedArc : fill); }
+NSColor MAKnobNode::fillColor() { return paletteColor(bypassed ? Palette::kSendBypassedArc : fill); }
 
 void MAKnobNode::drawRect(CGRect rect, CGContextRef context) {
-  knob::drawRing(Painter(context), rect, look(Look::kKnobRing));
+  knob::drawRing(Painter(context), rect, paletteColor(Palette::kKnobRing));
 }
 
 id MAShapeNode::init() {
@@ -144,7 +144,7 @@ void RotaryCapNode::updatePresentationObject(NSObject presentation, NSObject vie
 
 void RotaryCapNode::drawRect(CGRect rect, CGContextRef context) {
   const CGRect disc = knob::discOf(rect);
-  Painter(context).fillEllipse(disc.insetBy(-0.75, -0.75), look(Look::kKnobEdge));
+  Painter(context).fillEllipse(disc.insetBy(-0.75, -0.75), paletteColor(Palette::kKnobEdge));
   call<"drawCapInRect:inContext:flipped:">(self, disc, context, BOOL(0));
   for (const NSObject child : items(stateOf<MANode>(self).childrenArray)) {
     call<"drawRect:inContext:">(child, rect, context);
@@ -152,7 +152,7 @@ void RotaryCapNode::drawRect(CGRect rect, CGContextRef context) {
 }
 
 void RotaryCapNode::drawCap(CGRect disc, CGContextRef context, BOOL /*flipped*/) {
-  Painter(context).fillEllipse(disc, look(Look::kKnobFace));
+  Painter(context).fillEllipse(disc, paletteColor(Palette::kKnobFace));
 }
 
 void MAPointerNode::drawRect(CGRect rect, CGContextRef context) {
@@ -160,7 +160,7 @@ void MAPointerNode::drawRect(CGRect rect, CGContextRef context) {
   const double radius = disc.size.width / 2;
   const double width = rect.size.width > 30 ? 1.8 : 1.4;
   Painter(context).line({disc.midX(), disc.midY() + radius * 0.3}, {disc.midX(), disc.midY() + radius * 0.86},
-                        look(Look::kKnobPointer), width);
+                        paletteColor(Palette::kKnobPointer), width);
 }
 
 void defineMAKnobNode() {

@@ -2,8 +2,8 @@
 
 #include <initializer_list>
 
+#include "host/drawing/Painter.h"
 #include "host/mixer/MANode.h"
-#include "host/mixer/Painter.h"
 
 namespace host {
 
@@ -12,7 +12,7 @@ struct MAKnobNode : cocoa::ObjectState {
   double value = 0;
   double neutral = 0;  // where the arc begins
   bool bypassed = false;
-  Look fill = Look::kKnobArc;
+  Palette fill = Palette::kKnobArc;
 
   id init();
   void setFrame(CGRect frame);

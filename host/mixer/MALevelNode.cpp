@@ -4,9 +4,9 @@
 #include <cmath>
 #include <cstdio>
 
+#include "host/drawing/Painter.h"
+#include "host/drawing/ScreenImage.h"
 #include "host/mixer/AssetMapping.h"
-#include "host/mixer/Painter.h"
-#include "host/mixer/ScreenImage.h"
 
 namespace host {
 namespace {
@@ -52,7 +52,7 @@ CGImageRef textureNamed(Class /*self*/, NSInteger type, CGSize size, double scal
 CGImageRef backgroundTextureNamed(Class /*self*/, NSInteger /*type*/, CGSize size, double scale) {
   constexpr double kRadius = 3;
   return cachedTexture("background", 0, size, scale, [&](CGContextRef) {
-    look(Look::kMeterBackground).setFill();
+    paletteColor(Palette::kMeterBackground).setFill();
     NSBezierPath::bezierPathWithRoundedRect({{0, 0}, pixelSize(size, scale)}, kRadius, kRadius).fill();
   });
 }

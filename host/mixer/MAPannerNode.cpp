@@ -4,8 +4,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "host/drawing/Painter.h"
 #include "host/mixer/MAKnobNode.h"
-#include "host/mixer/Painter.h"
 
 namespace host {
 namespace {
@@ -104,7 +104,7 @@ void MAStereoPannerNode::setValue(double newValue) {
 }
 
 void MAStereoPannerNode::drawRect(CGRect rect, CGContextRef context) {
-  knob::drawRing(Painter(context), rect, look(Look::kKnobRing));
+  knob::drawRing(Painter(context), rect, paletteColor(Palette::kKnobRing));
 }
 
 id MAStereoPannerSpreadNode::init() {
@@ -116,7 +116,7 @@ id MAStereoPannerSpreadNode::init() {
 
 NSColor MAStereoPannerSpreadNode::fillColor() {
   const NSObject parent = stateOf<MANode>(self).parent;
-  return look(asks<"inverseSpread">(parent.object) ? Look::kSpreadInverseArc : Look::kSpreadArc);
+  return paletteColor(asks<"inverseSpread">(parent.object) ? Palette::kSpreadInverseArc : Palette::kSpreadArc);
 }
 
 void MAStereoPannerSpreadNode::drawRect(CGRect rect, CGContextRef context) {
@@ -146,12 +146,12 @@ void MAPlanarPannerNode::setPanning(const Panning& panning) {
   knob::changed(self);
 }
 
-NSColor MAPlanarPannerNode::valueIndicatorColor() { return look(Look::kSurroundBorder); }
-NSColor MAPlanarPannerNode::spreadFillColor() { return look(Look::kSurroundSpread); }
-NSColor MAPlanarPannerNode::spreadStrokeColor() { return look(Look::kSurroundBorder); }
+NSColor MAPlanarPannerNode::valueIndicatorColor() { return paletteColor(Palette::kSurroundBorder); }
+NSColor MAPlanarPannerNode::spreadFillColor() { return paletteColor(Palette::kSurroundSpread); }
+NSColor MAPlanarPannerNode::spreadStrokeColor() { return paletteColor(Palette::kSurroundBorder); }
 
 void MAPlanarPannerNode::drawRect(CGRect rect, CGContextRef context) {
-  drawPlane(context, rect, look(Look::kSurroundGrid), look(Look::kSurroundBackground));
+  drawPlane(context, rect, paletteColor(Palette::kSurroundGrid), paletteColor(Palette::kSurroundBackground));
 }
 
 id MAPlanarSpotNode::init() {
@@ -180,7 +180,7 @@ void MAPlanarSpotNode::drawRect(CGRect rect, CGContextRef context) {
   const CGPoint spot{middle.x + std::cos(towards) * reach, middle.y + std::sin(towards) * reach};
   const Painter painter(context);
   painter.fillEllipse(CGRectMake(spot.x - kSpot - 1, spot.y - kSpot - 1, 2 * kSpot + 2, 2 * kSpot + 2),
-                      look(Look::kKnobEdge));
+                      paletteColor(Palette::kKnobEdge));
   painter.fillEllipse(CGRectMake(spot.x - kSpot, spot.y - kSpot, 2 * kSpot, 2 * kSpot),
                       call<"valueIndicatorColor", NSColor>(parent));
 }

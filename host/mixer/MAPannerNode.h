@@ -1,8 +1,8 @@
 #pragma once
 // Panners beyond the plain pan knob.
 
-#include "host/Song.h"
 #include "host/mixer/MANode.h"
+#include "host/song/Song.h"
 
 namespace host {
 

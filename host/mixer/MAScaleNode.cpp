@@ -1,6 +1,6 @@
 #include "host/mixer/MAScaleNode.h"
 
-#include "host/mixer/Painter.h"
+#include "host/drawing/Painter.h"
 #include "host/mixer/ScaleMarks.h"
 
 namespace host {
@@ -27,7 +27,7 @@ NSObject infinityTick(Class cls, NSInteger type, CGColorRef color, CGColorRef hi
 
 NSObject tickFor(const ScaleMark& mark, NSInteger scaleType) {
   const bool zero = scaleType == kVolumeScale && mark.position == kZeroDecibels;
-  const CGColorRef color = look(zero ? Look::kScaleZero : Look::kScaleTick).CGColor();
+  const CGColorRef color = paletteColor(zero ? Palette::kScaleZero : Palette::kScaleTick).CGColor();
   const Class cls = classNamed("MAScaleTick");
   const NSString label = string(mark.label);
   const NSInteger type = mark.type;
@@ -56,8 +56,8 @@ void MAScaleNode::setType(NSInteger newType) {
   call<"setNeedsUpdateContents:">(self, BOOL(1));
 }
 
-CGColorRef MAScaleNode::labelColor() { return look(Look::kScaleNumber).CGColor(); }
-CGColorRef MAScaleNode::highlightedLabelColor() { return look(Look::kScaleNumber).CGColor(); }
+CGColorRef MAScaleNode::labelColor() { return paletteColor(Palette::kScaleNumber).CGColor(); }
+CGColorRef MAScaleNode::highlightedLabelColor() { return paletteColor(Palette::kScaleNumber).CGColor(); }
 
 void MAScaleNode::drawRect(CGRect rect, CGContextRef context) {
   const Painter painter(context);

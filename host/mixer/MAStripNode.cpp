@@ -52,9 +52,9 @@ void MAStripNode::setEmptySlots(std::vector<EmptySlot> slots) {
   stateOf<MANode>(self).needsUpdateContents = true;
 }
 
-NSColor MAStripNode::backgroundColor() { return look(stripLook.background); }
-NSColor MAStripNode::highlightedBackgroundColor() { return look(stripLook.highlight); }
-NSColor MAStripNode::borderColor() { return look(Look::kStripBorder); }
+NSColor MAStripNode::backgroundColor() { return paletteColor(stripLook.background); }
+NSColor MAStripNode::highlightedBackgroundColor() { return paletteColor(stripLook.highlight); }
+NSColor MAStripNode::borderColor() { return paletteColor(Palette::kStripBorder); }
 
 void MAStripNode::setHighlightState(NSInteger state) {
   superSend<MAStripNode, void>(self, selector<"setHighlightState:">(), state);
@@ -67,10 +67,11 @@ void MAStripNode::updateTexts() {
   for (NSObject child : items(node.childrenArray)) {
     const MATextNode* text = stateIfKind<MATextNode>(child);
     if (text == nullptr || !text->backgroundColor) continue;
-    const bool plain = text->backgroundColor.get() == look(stripLook.background) ||
-                       text->backgroundColor.get() == look(stripLook.highlight);
+    const bool plain = text->backgroundColor.get() == paletteColor(stripLook.background) ||
+                       text->backgroundColor.get() == paletteColor(stripLook.highlight);
     if (plain) {
-      call<"setBackgroundColor:">(child, look(node.highlightState != 0 ? stripLook.highlight : stripLook.background));
+      call<"setBackgroundColor:">(child,
+                                  paletteColor(node.highlightState != 0 ? stripLook.highlight : stripLook.background));
     }
   }
 }
@@ -114,7 +115,8 @@ void MAStripNode::drawEmptySlot(const EmptySlot& slot, CGContextRef context, dou
 void MAStripNode::drawFrame(CGPathRef path, CGContextRef context) {
   const bool highlighted = stateOf<MANode>(self).highlightState != 0;
   CGContextAddPath(context, path);
-  CGContextSetFillColorWithColor(context, look(highlighted ? Look::kEmptySlotSelected : Look::kEmptySlot).CGColor());
+  CGContextSetFillColorWithColor(
+      context, paletteColor(highlighted ? Palette::kEmptySlotSelected : Palette::kEmptySlot).CGColor());
   CGContextFillPath(context);
   CGContextAddPath(context, path);
   CGContextSetStrokeColorWithColor(context, NSColor::blackColor().colorWithAlphaComponent(0.05).CGColor());
@@ -136,7 +138,7 @@ CGImageRef MAStripNode::cachedElementTitleImage(NSString title, CGSize size, dou
   const NSString key = titleKey(title, size, scale);
   if (const NSObject cached = titleImages().objectForKey(key)) return bridged<CGImageRef>(cached);
   const auto image = drawnImage(size, scale, [&](CGContextRef context) {
-    Painter(context).text(title, {{0, 0}, size}, look(Look::kEmptySlotTitle), {.size = 9.5});
+    Painter(context).text(title, {{0, 0}, size}, paletteColor(Palette::kEmptySlotTitle), {.size = 9.5});
   });
   if (image) titleImages().setObject(bridged(image.get()), key);
   return bridged<CGImageRef>(titleImages().objectForKey(key));

@@ -2,8 +2,8 @@
 
 #include <vector>
 
+#include "host/drawing/Painter.h"
 #include "host/mixer/MANode.h"
-#include "host/mixer/Painter.h"
 
 namespace host {
 
@@ -18,8 +18,8 @@ struct EmptySlot {
 
 /// The colours that the host gives a strip of one kind.
 struct StripLook {
-  Look background = Look::kStripBackground;
-  Look highlight = Look::kStripHighlight;
+  Palette background = Palette::kStripBackground;
+  Palette highlight = Palette::kStripHighlight;
 };
 
 /// One channel strip: the column of sections of a track.

@@ -1,6 +1,6 @@
 #include "host/mixer/MASymbolButtonNode.h"
 
-#include "host/mixer/Painter.h"
+#include "host/drawing/Painter.h"
 
 namespace host {
 namespace {
@@ -9,19 +9,19 @@ using namespace cocoa;
 
 struct SymbolLook {
   std::string_view name;
-  Look on;
+  Palette on;
 };
 
 constexpr SymbolLook kSymbolLooks[] = {
-    {"mute", Look::kMuteOn},          {"solo", Look::kSoloOn}, {"record", Look::kRecordOn},
-    {"monitoring", Look::kMonitorOn}, {"dim", Look::kMuteOn},  {"bounce", Look::kButtonTop},
+    {"mute", Palette::kMuteOn},          {"solo", Palette::kSoloOn}, {"record", Palette::kRecordOn},
+    {"monitoring", Palette::kMonitorOn}, {"dim", Palette::kMuteOn},  {"bounce", Palette::kButtonTop},
 };
 
-Look bodyFor(const std::string& name) {
+Palette bodyFor(const std::string& name) {
   for (const SymbolLook& row : kSymbolLooks) {
     if (row.name == name) return row.on;
   }
-  return Look::kSymbolOff;
+  return Palette::kSymbolOff;
 }
 
 void drawDisclosure(const Painter& painter, CGRect rect, NSColor color) {
@@ -45,7 +45,7 @@ constexpr double kWide = 40;  // room for more than a letter
 id MASymbolButtonNode::init() {
   superSend<MASymbolButtonNode, id>(self, selector<"init">());
   stateOf<MANode>(self).drawsContents = true;
-  foregroundColor = look(Look::kSymbolText);
+  foregroundColor = paletteColor(Palette::kSymbolText);
   return self;
 }
 
@@ -67,12 +67,13 @@ void MASymbolButtonNode::setSymbol(NSAttributedString glyph) {
 
 void MASymbolButtonNode::applySymbol() {
   const MANode& node = stateOf<MANode>(self);
-  const Look color = node.state == kOn         ? Look::kSymbolTextOn
-                     : node.state == kBlinking ? bodyFor(toStdString(node.name))
-                                               : Look::kSymbolText;
+  const Palette color = node.state == kOn         ? Palette::kSymbolTextOn
+                        : node.state == kBlinking ? bodyFor(toStdString(node.name))
+                                                  : Palette::kSymbolText;
   const TextStyle style{.size = node.frame.size.width > kWide ? 9.0 : 10.0, .weight = NSFontWeightSemibold};
   const NSString letter = node.title ? node.title.get() : literal<"">();
-  call<"setSymbol:">(self, autoreleased(NSAttributedString::withString(letter, lineAttributes(look(color), style))));
+  call<"setSymbol:">(self,
+                     autoreleased(NSAttributedString::withString(letter, lineAttributes(paletteColor(color), style))));
 }
 
 void MASymbolButtonNode::drawRect(CGRect rect, CGContextRef context) {
@@ -83,8 +84,8 @@ void MASymbolButtonNode::drawRect(CGRect rect, CGContextRef context) {
     drawDisclosure(painter, rect, foregroundColor);
     return;
   }
-  const NSColor body = look(node.state == kOn ? bodyFor(name) : Look::kSymbolOff);
-  painter.body(rect, kRadius, body, faded(body, 0.86), look(Look::kButtonEdge));
+  const NSColor body = paletteColor(node.state == kOn ? bodyFor(name) : Palette::kSymbolOff);
+  painter.body(rect, kRadius, body, faded(body, 0.86), paletteColor(Palette::kButtonEdge));
   painter.text(symbol.get(), rect);
 }
 

@@ -7,7 +7,7 @@ using namespace cocoa;
 id MATextNode::init() {
   superSend<MATextNode, id>(self, selector<"init">());
   stateOf<MANode>(self).drawsContents = true;
-  foregroundColor = look(Look::kNameText);
+  foregroundColor = paletteColor(Palette::kNameText);
   stateOf<MANode>(self).layer->setCornerRadius(3);
   return self;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "host/drawing/Painter.h"
 #include "host/mixer/MANode.h"
-#include "host/mixer/Painter.h"
 
 namespace host {
 

@@ -5,12 +5,12 @@
 #include <string>
 
 #include "cocoa/QuartzCore.h"
-#include "host/app/KitWindow.h"
-#include "host/app/Views.h"
+#include "host/drawing/Painter.h"
+#include "host/drawing/ScreenImage.h"
+#include "host/kit/KitWindow.h"
+#include "host/kit/Views.h"
 #include "host/mixer/MixerStrips.h"
-#include "host/mixer/Painter.h"
 #include "host/mixer/ScaleMarks.h"
-#include "host/mixer/ScreenImage.h"
 #include "host/mixer/StripBuilder.h"
 
 namespace host {
@@ -52,7 +52,7 @@ void drawScale(const Song& song, CGContextRef context) {
   const double fader = faderHeight(song);
   const double zero = markHeight(kVolumeScale, kZeroDecibels, fader);
   for (const ScaleMark& mark : scaleMarks(kVolumeScale)) {
-    const NSColor color = look(mark.position == kZeroDecibels ? Look::kScaleZero : Look::kScaleTick);
+    const NSColor color = paletteColor(mark.position == kZeroDecibels ? Palette::kScaleZero : Palette::kScaleTick);
     const double above = (markHeight(kVolumeScale, mark.position, fader) - zero) * kShrunk;
     // From the bottom, two pixels high. The lowest mark is moved into the picture.
     const double y = std::max(kLowestMark, picture.height - picture.zero + above - 1);
@@ -110,7 +110,7 @@ std::string identifierOf(std::string_view section) {
 }
 
 NSAttributedString styled(std::string_view title) {
-  const auto attributes = textAttributes(look(Look::kDisplayText), 10.5, 0, NSTextAlignmentRight);
+  const auto attributes = textAttributes(paletteColor(Palette::kDisplayText), 10.5, 0, NSTextAlignmentRight);
   return autoreleased(NSAttributedString::withString(string(title), attributes));
 }
 
@@ -132,7 +132,7 @@ NSObject newScale(const Song& song, NSString identifier) {
 
 /// Shows its colour on its layer, given once when the legend is set up.
 struct MixerLegendView : ObjectState {
-  NSColor backgroundColor() { return look(Look::kMixerBackground); }
+  NSColor backgroundColor() { return paletteColor(Palette::kMixerBackground); }
 };
 
 struct MixerLegendViewController : ObjectState {

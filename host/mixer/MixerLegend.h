@@ -2,7 +2,7 @@
 // The names of the mixer's sections, and a scale for its faders, at the left of the strips.
 
 #include "cocoa/AppKit.h"
-#include "host/Song.h"
+#include "host/song/Song.h"
 
 namespace host {
 

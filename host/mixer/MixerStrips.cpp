@@ -1,11 +1,11 @@
 #include "host/mixer/MixerStrips.h"
 
-#include "host/app/KitWindow.h"
-#include "host/app/Views.h"
+#include "host/drawing/Painter.h"
+#include "host/kit/KitWindow.h"
+#include "host/kit/Views.h"
 #include "host/mixer/MANode.h"
 #include "host/mixer/MixerData.h"
 #include "host/mixer/MixerLegend.h"
-#include "host/mixer/Painter.h"
 #include "host/mixer/StripBuilder.h"
 
 namespace host {
@@ -46,7 +46,7 @@ MixerStrips::MixerStrips(const Song& song, const std::vector<std::size_t>& track
     controller.delegate = delegate_.get().object;
   }
   call<"setDelegate:">(view_.get(), viewController_.get());
-  call<"setBackgroundColor:">(view_.get(), look(Look::kMixerBackground));
+  call<"setBackgroundColor:">(view_.get(), paletteColor(Palette::kMixerBackground));
   call<"setNode:">(view_.get(), root_.get());
 }
 

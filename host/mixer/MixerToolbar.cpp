@@ -4,9 +4,9 @@
 #include <array>
 #include <cmath>
 
-#include "host/app/KitWindow.h"
-#include "host/mixer/Painter.h"
-#include "host/panes/KitViews.h"
+#include "host/drawing/Painter.h"
+#include "host/kit/KitViews.h"
+#include "host/kit/KitWindow.h"
 
 namespace host {
 namespace {
@@ -15,15 +15,15 @@ using namespace cocoa;
 
 double drawMenu(const Painter& painter, double x, double height, const char* title) {
   constexpr double kWidth = 46;
-  painter.text(title, CGRectMake(x, 0, kWidth, height), catalogueColor(Look::kToolbarText), {.size = 11.5});
+  painter.text(title, CGRectMake(x, 0, kWidth, height), catalogueColor(Palette::kToolbarText), {.size = 11.5});
   return x + kWidth;
 }
 
 void drawToolbar(CGRect bounds, CGContextRef context) {
   const Painter painter(context);
   const double height = bounds.size.height;
-  painter.fill(bounds, catalogueColor(Look::kToolbarBackground));
-  painter.fill(CGRectMake(0, 0, bounds.size.width, 1), catalogueColor(Look::kToolbarEdge));
+  painter.fill(bounds, catalogueColor(Palette::kToolbarBackground));
+  painter.fill(CGRectMake(0, 0, bounds.size.width, 1), catalogueColor(Palette::kToolbarEdge));
   double x = 10;
   for (const char* menu : {"Edit", "Options", "View"}) x = drawMenu(painter, x, height, menu);
   constexpr std::array<const char*, 3> kModes{"Single", "Tracks", "All"};
@@ -32,8 +32,8 @@ void drawToolbar(CGRect bounds, CGContextRef context) {
   painter.fillRounded(CGRectMake(left - 1, 6, kModeWidth * 3 + 2, height - 12), 6, faded(NSColor::blackColor(), 0.25));
   for (std::size_t mode = 0; mode < kModes.size(); ++mode) {
     const CGRect frame = CGRectMake(left + kModeWidth * static_cast<double>(mode), 7, kModeWidth, height - 14);
-    if (mode == 1) painter.fillRounded(frame, 5, catalogueColor(Look::kToolbarActive));
-    painter.text(kModes[mode], frame, catalogueColor(Look::kToolbarText), {.size = 11, .weight = 0.23});
+    if (mode == 1) painter.fillRounded(frame, 5, catalogueColor(Palette::kToolbarActive));
+    painter.text(kModes[mode], frame, catalogueColor(Palette::kToolbarText), {.size = 11, .weight = 0.23});
   }
 }
 

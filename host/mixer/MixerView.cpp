@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <numeric>
 
-#include "host/app/KitWindow.h"
-#include "host/app/Views.h"
+#include "host/kit/KitWindow.h"
+#include "host/kit/Views.h"
 #include "host/mixer/MixerLegend.h"
 #include "host/mixer/StripBuilder.h"
 

@@ -3,14 +3,14 @@
 #include <algorithm>
 #include <array>
 
-#include "host/Look.h"
-#include "host/app/KitWindow.h"
-#include "host/arrange/CLgArrangeWindowController.h"
+#include "host/kit/CLgArrangeWindowController.h"
+#include "host/kit/KitWindow.h"
 #include "host/mixer/MAFaderNode.h"
 #include "host/mixer/MALevelNode.h"
 #include "host/mixer/MANode.h"
 #include "host/mixer/MixerToolbar.h"
 #include "host/mixer/StripBuilder.h"
+#include "host/palette/Palette.h"
 
 namespace host {
 namespace {
@@ -67,7 +67,7 @@ void MixerWindow::setVolume(std::size_t strip, double level) const {
   call<"setValue:">(section(strip, "volumeFader"), faderPosition(level));
   const NSObject display = section(strip, "volume");
   call<"setTitle:">(display, string(decibels(level)));
-  call<"setTextColor:">(display, look(Look::kDisplayText));
+  call<"setTextColor:">(display, paletteColor(Palette::kDisplayText));
 }
 
 void MixerWindow::setPan(std::size_t strip, double pan) const {

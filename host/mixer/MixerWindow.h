@@ -3,8 +3,8 @@
 #include <array>
 
 #include "cocoa/AppKit.h"
-#include "host/Song.h"
 #include "host/mixer/MixerView.h"
+#include "host/song/Song.h"
 
 namespace host {
 

@@ -2,7 +2,7 @@
 // What buttons and knobs of a strip stand for: plug-ins and sends.
 
 #include "cocoa/ClassDefinition.h"
-#include "host/Song.h"
+#include "host/song/Song.h"
 
 namespace host {
 

@@ -184,8 +184,8 @@ class StripBuilder {
   MAStripNode& node() { return stateOf<MAStripNode>(strip_.get()); }
 
   [[nodiscard]] StripLook stripLook() const {
-    if (track_.folder) return {Look::kFolderBackground, Look::kFolderHighlight};
-    if (track_.type == StripType::kAux) return {Look::kAuxBackground, Look::kAuxHighlight};
+    if (track_.folder) return {Palette::kFolderBackground, Palette::kFolderHighlight};
+    if (track_.type == StripType::kAux) return {Palette::kAuxBackground, Palette::kAuxHighlight};
     return {};
   }
 
@@ -207,7 +207,7 @@ class StripBuilder {
     stateOf<MAButtonNode>(button).isPlugIn = true;
     showPlugIn(button, slot);
   }
-  NSObject addKnob(const char* name, CGRect frame, double value, Look fill, double neutral = 0) {
+  NSObject addKnob(const char* name, CGRect frame, double value, Palette fill, double neutral = 0) {
     const NSObject made = add("MAKnobNode", name, frame);
     MAKnobNode& knob = stateOf<MAKnobNode>(made);
     knob.neutral = neutral;
@@ -219,7 +219,7 @@ class StripBuilder {
     const Ref<NSObject> readout = makeNode("MATextNode", name, frame);
     stateOf<MANode>(readout.get()).title = string(text);
     stateOf<MATextNode>(readout.get()).style = {.size = 7.5, .alignment = TextAlignment::kRight};
-    call<"setForegroundColor:">(readout.get(), look(Look::kReadoutText));
+    call<"setForegroundColor:">(readout.get(), paletteColor(Palette::kReadoutText));
     knob::addPart(knob.object, readout);
   }
   void addSymbol(const char* name, CGRect frame, const char* glyph, bool on, bool blinks = false) {
@@ -227,7 +227,7 @@ class StripBuilder {
     stateOf<MANode>(button).state = on       ? MASymbolButtonNode::kOn
                                     : blinks ? MASymbolButtonNode::kBlinking
                                              : MASymbolButtonNode::kOff;
-    call<"setForegroundColor:">(button, look(Look::kSymbolText));
+    call<"setForegroundColor:">(button, paletteColor(Palette::kSymbolText));
     stateOf<MASymbolButtonNode>(button).applySymbol();
   }
   void leaveEmpty(CGRect rect, std::string_view title = {}) {
@@ -258,7 +258,7 @@ class StripBuilder {
   void addLibraryIndicator(CGRect frame) {
     const NSObject indicator =
         add("MATextNode", "libraryIndicator", CGRectMake(frame.minX() + 2, frame.minY() + 2, 3, frame.size.height - 4));
-    call<"setBackgroundColor:">(indicator, look(Look::kLibraryIndicator));
+    call<"setBackgroundColor:">(indicator, paletteColor(Palette::kLibraryIndicator));
   }
 
   void addInput() {
@@ -307,7 +307,7 @@ class StripBuilder {
   }
   void addInputGain(CGRect frame, double gain) {
     constexpr double kRange = kHighestInputGain - kLowestInputGain;
-    const NSObject knob = addKnob("inputGainKnob", frame, (gain - kLowestInputGain) / kRange, Look::kInputGainArc,
+    const NSObject knob = addKnob("inputGainKnob", frame, (gain - kLowestInputGain) / kRange, Palette::kInputGainArc,
                                   -kLowestInputGain / kRange);
     addReadout(knob, "knob readout", CGRectMake(-12, frame.size.height, 32, 10), signedNumber(gain));
   }
@@ -348,7 +348,8 @@ class StripBuilder {
                                       send.onFader ? "Buttons.SendIsOnFader" : "Buttons.Send", !send.bypassed);
     if (send.lowLatency) stateOf<MAButtonNode>(button).setMode(ButtonMode::kLowLatency);
     const bool postPan = send.mode == SendMode::kPostPan;
-    const NSObject knob = addKnob("sendKnob", frame, send.level, postPan ? Look::kSendPostPanArc : Look::kSendArc);
+    const NSObject knob =
+        addKnob("sendKnob", frame, send.level, postPan ? Palette::kSendPostPanArc : Palette::kSendArc);
     call<"setRepresentedObject:">(knob, representedSend(send.mode).get());
     stateOf<MAKnobNode>(knob).setBypassed(BOOL(send.bypassed));
   }
@@ -360,7 +361,8 @@ class StripBuilder {
       const NSObject group =
           add("MADisplayNode", "group", lifted(kGroup), track_.group.empty() ? "Group" : track_.group);
       stateOf<MANode>(group).assetSetPath = string(track_.group.empty() ? "Displays.Empty" : "Displays.Default");
-      call<"setTextColor:">(group, track_.group.empty() ? look(Look::kEmptySlotTitle) : look(Look::kGroupText));
+      call<"setTextColor:">(
+          group, track_.group.empty() ? paletteColor(Palette::kEmptySlotTitle) : paletteColor(Palette::kGroupText));
     }
     if (track_.type != StripType::kMaster) {
       const std::string mode = track_.automation.empty() ? "Read" : track_.automation;
@@ -384,7 +386,7 @@ class StripBuilder {
         return addPanReadout(pan);
       }
       case PanMode::kBalance:
-        return addPanReadout(addKnob("pan", lifted(kPan), value, Look::kKnobArc, 0.5));
+        return addPanReadout(addKnob("pan", lifted(kPan), value, Palette::kKnobArc, 0.5));
     }
   }
   void addPanReadout(NSObject pan) const {
@@ -395,9 +397,9 @@ class StripBuilder {
   void addAssignKnobs() {
     constexpr double kSize = 30;
     const double y = lifted(kAutomation).maxY() + 3;
-    addKnob("midiAssignKnob1", CGRectMake(kMargin + 4, y, kSize, kSize), 0.7, Look::kKnobArc);
+    addKnob("midiAssignKnob1", CGRectMake(kMargin + 4, y, kSize, kSize), 0.7, Palette::kKnobArc);
     addKnob("midiAssignKnob2", CGRectMake(kStripWidth - 1 - kMargin - 4 - kSize, y, kSize, kSize), 0.35,
-            Look::kKnobArc);
+            Palette::kKnobArc);
   }
 
   [[nodiscard]] CGRect lifted(CGRect frame) const { return frame.offsetBy(0, lift_); }
@@ -410,7 +412,7 @@ class StripBuilder {
     const double half = (kInnerWidth - 2) / 2;
     const NSObject volume = add("MADisplayNode", "volume", lifted(CGRectMake(kMargin, kReadoutY, half, kReadoutHeight)),
                                 decibels(track_.volume));
-    call<"setTextColor:">(volume, look(Look::kDisplayText));
+    call<"setTextColor:">(volume, paletteColor(Palette::kDisplayText));
     const NSObject peak =
         add("MADisplayNode", "peak", lifted(CGRectMake(kMargin + half + 2, kReadoutY, half, kReadoutHeight)),
             decibels(track_.peak));
@@ -461,22 +463,23 @@ class StripBuilder {
 
   void addTexts() {
     if (sections_.name) addName();
-    if (!track_.notes.empty()) addText("notes", kNotes, track_.notes, look(Look::kNotesText), {.size = 8.5});
+    if (!track_.notes.empty()) addText("notes", kNotes, track_.notes, paletteColor(Palette::kNotesText), {.size = 8.5});
     if (sections_.name) {
-      const NSObject number =
-          addText("number", kNumber, std::to_string(number_), look(Look::kNumberText), {.size = 9, .weight = 0.23});
-      if (stripLook().background != Look::kStripBackground) call<"setBackgroundColor:">(number, NSColor());
+      const NSObject number = addText("number", kNumber, std::to_string(number_), paletteColor(Palette::kNumberText),
+                                      {.size = 9, .weight = 0.23});
+      if (stripLook().background != Palette::kStripBackground) call<"setBackgroundColor:">(number, NSColor());
     }
-    const NSObject label = addText("label", kLabel, std::string(labelOf(track_)) + " " + std::to_string(number_),
-                                   look(Look::kLabelText), {.size = 8.5, .alignment = TextAlignment::kRight});
+    const NSObject label =
+        addText("label", kLabel, std::string(labelOf(track_)) + " " + std::to_string(number_),
+                paletteColor(Palette::kLabelText), {.size = 8.5, .alignment = TextAlignment::kRight});
     call<"setBackgroundColor:">(label, NSColor());
   }
   /// Audio, instrument, folder and output strips colour their name; the others leave it to the data source.
   void addName() {
     const bool colored = track_.color && song_.trackColors;
     const bool leftToDataSource = track_.type == StripType::kAux || track_.type == StripType::kBus;
-    const NSColor text =
-        look(colored && !leftToDataSource && isBright(*track_.color) ? Look::kNameTextOnColor : Look::kNameText);
+    const NSColor text = paletteColor(
+        colored && !leftToDataSource && isBright(*track_.color) ? Palette::kNameTextOnColor : Palette::kNameText);
     const NSObject name = addText("name", kName, track_.name, text, {.size = 10.5, .weight = 0.3});
     if (leftToDataSource) {
       call<"setBackgroundColor:">(name, NSColor());
@@ -488,7 +491,7 @@ class StripBuilder {
     const NSObject made = add("MATextNode", name, frame, text);
     stateOf<MATextNode>(made).style = style;
     call<"setForegroundColor:">(made, color);
-    call<"setBackgroundColor:">(made, look(stripLook().background));
+    call<"setBackgroundColor:">(made, paletteColor(stripLook().background));
     return made;
   }
 
@@ -528,7 +531,9 @@ void showPlugIn(NSObject button, const PlugInSlot& slot) {
 }
 
 NSColor peakColor(double decibels) {
-  return look(decibels >= 0 ? Look::kPeakMaximum : decibels > -3 ? Look::kPeakWarning : Look::kPeakNormal);
+  return paletteColor(decibels >= 0   ? Palette::kPeakMaximum
+                      : decibels > -3 ? Palette::kPeakWarning
+                                      : Palette::kPeakNormal);
 }
 
 double stripHeight(const Song& song) { return upperRows(song).top; }

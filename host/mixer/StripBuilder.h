@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "host/Song.h"
 #include "host/mixer/MANode.h"
+#include "host/song/Song.h"
 
 namespace host {
 

@@ -4,8 +4,8 @@
 #include <cstdio>
 
 #include "cocoa/Call.h"
-#include "host/panes/KitLists.h"
-#include "host/panes/KitViews.h"
+#include "host/kit/KitLists.h"
+#include "host/kit/KitViews.h"
 
 namespace host {
 namespace {
@@ -75,7 +75,7 @@ std::vector<ListRow> noteRows(const Song& song) {
 class BrowsersPane : public Pane {
  public:
   explicit BrowsersPane(const PanePlace& place) : view_(newView("LGBrowserAreaView", place.frame)) {
-    view_->layer().setBackgroundColor(look(Look::kPaneBackground).CGColor());
+    view_->layer().setBackgroundColor(paletteColor(Palette::kPaneBackground).CGColor());
     CGRect rest = view_->bounds();
     view_->addSubview(newControlsView(takeTop(rest, 26), 0, "All Files"));
     addFiles(takeTop(rest, std::floor(rest.size.height * 0.42)));

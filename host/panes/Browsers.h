@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "host/panes/Pane.h"
+#include "host/kit/Pane.h"
 
 namespace host {
 

@@ -4,10 +4,10 @@
 #include <cmath>
 
 #include "cocoa/QuartzCore.h"
-#include "host/app/KitWindow.h"
-#include "host/app/Views.h"
+#include "host/drawing/Painter.h"
+#include "host/kit/KitWindow.h"
+#include "host/kit/Views.h"
 #include "host/mixer/MixerStrips.h"
-#include "host/mixer/Painter.h"
 #include "host/mixer/StripBuilder.h"
 
 namespace host {
@@ -17,7 +17,7 @@ using namespace cocoa;
 
 struct CLgInspectorAreaView : ObjectState {
   void drawRect(CGRect dirty) {
-    Painter(NSGraphicsContext::currentContext().CGContext()).fill(dirty, look(Look::kPaneBackground));
+    Painter(NSGraphicsContext::currentContext().CGContext()).fill(dirty, paletteColor(Palette::kPaneBackground));
   }
 };
 
@@ -34,17 +34,17 @@ double boxHeight(std::size_t rows) { return kTitleHeight + static_cast<double>(r
 
 void drawBox(const std::string& title, const std::vector<Parameter>& rows, CGRect bounds, CGContextRef context) {
   const Painter painter(context);
-  painter.fillRounded(bounds.insetBy(kMargin, 2), 6, look(Look::kPaneBar));
+  painter.fillRounded(bounds.insetBy(kMargin, 2), 6, paletteColor(Palette::kPaneBar));
   double y = bounds.maxY() - kTitleHeight;
   const double left = kMargin * 2;
   const double width = bounds.size.width - 2 * left;
-  painter.text(title, CGRectMake(left, y, width, kTitleHeight), look(Look::kTabText),
+  painter.text(title, CGRectMake(left, y, width, kTitleHeight), paletteColor(Palette::kTabText),
                {.size = 11, .weight = 0.3, .alignment = TextAlignment::kLeft});
   for (const Parameter& row : rows) {
     y -= kRowHeight;
-    painter.text(row.name, CGRectMake(left, y, width / 2, kRowHeight), look(Look::kRulerText),
+    painter.text(row.name, CGRectMake(left, y, width / 2, kRowHeight), paletteColor(Palette::kRulerText),
                  {.size = 10.5, .alignment = TextAlignment::kLeft});
-    painter.text(row.value, CGRectMake(left + width / 2, y, width / 2, kRowHeight), look(Look::kTabText),
+    painter.text(row.value, CGRectMake(left + width / 2, y, width / 2, kRowHeight), paletteColor(Palette::kTabText),
                  {.size = 10.5, .alignment = TextAlignment::kRight});
   }
 }

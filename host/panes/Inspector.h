@@ -1,7 +1,9 @@
 #pragma once
 // The inspector: what the selected region and track are set to, and the strips of the track and of the output.
 
-#include "host/panes/Pane.h"
+#include <memory>
+
+#include "host/kit/Pane.h"
 
 namespace host {
 

@@ -3,9 +3,9 @@
 #include <cmath>
 
 #include "cocoa/Call.h"
-#include "host/mixer/TrackIcon.h"
-#include "host/panes/KitLists.h"
-#include "host/panes/KitViews.h"
+#include "host/drawing/TrackIcon.h"
+#include "host/kit/KitLists.h"
+#include "host/kit/KitViews.h"
 
 namespace host {
 namespace {
@@ -61,9 +61,9 @@ struct CLgLibraryViewController : ObjectState {
   void updateUI(NSObject /*dataSource*/) {
     const Patch& chosen = kPatches[patch];
     headerTitle->setStringValue(string(chosen.name));
-    headerTitle->setTextColor(catalogueColor(Look::kLibraryTitle));
+    headerTitle->setTextColor(catalogueColor(Palette::kLibraryTitle));
     subtitle->setStringValue(string(chosen.kind));
-    subtitle->setTextColor(catalogueColor(Look::kLibraryText));
+    subtitle->setTextColor(catalogueColor(Palette::kLibraryText));
     soundPacks->selectItemAtIndex(0);
     soundPacks->selectedItem().setAttributedTitle({});
     soundPacks->setContentTintColor(
@@ -78,20 +78,20 @@ struct CLgLibraryViewController : ObjectState {
 
 void addHeader(NSView view, CGRect place, CLgLibraryViewController& controller) {
   constexpr double kPicture = 72;
-  view.addSubview(newBox(place, catalogueColor(Look::kLibraryHeader)));
+  view.addSubview(newBox(place, catalogueColor(Palette::kLibraryHeader)));
   view.addSubview(
-      newBox(CGRectMake(place.minX(), place.minY(), place.size.width, 1), catalogueColor(Look::kLibrarySeparator)));
+      newBox(CGRectMake(place.minX(), place.minY(), place.size.width, 1), catalogueColor(Palette::kLibrarySeparator)));
   const CGRect picture = CGRectMake(place.minX() + 12, place.midY() - kPicture / 2, kPicture, kPicture);
-  const Ref<NSBox> frame = newBox(picture, catalogueColor(Look::kLibraryPicture), 8);
+  const Ref<NSBox> frame = newBox(picture, catalogueColor(Palette::kLibraryPicture), 8);
   view.addSubview(frame);
   controller.picture = newView("CLgLibraryPictureView", {{}, picture.size});
   frame->addSubview(controller.picture);
   const double left = picture.maxX() + 12;
   const double width = place.maxX() - left - 10;
   controller.headerTitle = newLabel("", CGRectMake(left, picture.maxY() - 24, width, 20),
-                                    catalogueColor(Look::kLibraryTitle), 15, NSFontWeightSemibold);
+                                    catalogueColor(Palette::kLibraryTitle), 15, NSFontWeightSemibold);
   controller.subtitle =
-      newLabel("", CGRectMake(left, picture.maxY() - 42, width, 15), catalogueColor(Look::kLibraryText), 11);
+      newLabel("", CGRectMake(left, picture.maxY() - 42, width, 15), catalogueColor(Palette::kLibraryText), 11);
   controller.soundPacks = newPopUpButton("NSPopUpButton", CGRectMake(left, picture.minY(), width, 21),
                                          {"All Sound Packs", "Night City", "Rooms & Halls", "User Patches"});
   controller.soundPacks->setFont(NSFont::systemFontOfSize(11));
@@ -147,8 +147,8 @@ void addResults(NSView view, CGRect place, CLgLibraryViewController& controller)
                                           .columns = {{"Recent Patch", name, "ImageAndTextCell"},
                                                       {"Category", place.size.width - name, "MATextFieldCell"}}},
                                          controller.resultList);
-  table->setGridColor(look(Look::kListGrid));
-  table->setBackgroundColor(look(Look::kListBackground));
+  table->setGridColor(paletteColor(Palette::kListGrid));
+  table->setBackgroundColor(paletteColor(Palette::kListBackground));
   table->setAutosaveName(literal<"LibrarySearchTableView">());
 }
 
@@ -156,14 +156,14 @@ class LibraryPane : public Pane {
  public:
   explicit LibraryPane(const PanePlace& place)
       : view_(newView("CLgLibBrowserView", place.frame)), controller_(newObject("CLgLibraryViewController")) {
-    view_->layer().setBackgroundColor(catalogueColor(Look::kLibraryBackground).CGColor());
+    view_->layer().setBackgroundColor(catalogueColor(Palette::kLibraryBackground).CGColor());
     cast<NSViewController>(controller_).setView(view_);
     auto& controller = stateOf<CLgLibraryViewController>(controller_);
     CGRect rest = view_->bounds();
     view_->addSubview(newControlsView(takeTop(rest, 26), 2, "Library"));
     addHeader(view_, takeTop(rest, 100), controller);
-    addSearchField(view_, takeTop(rest, 33).insetBy(10, 5), "Search Sounds", catalogueColor(Look::kLibrarySearch),
-                   catalogueColor(Look::kLibrarySearchText));
+    addSearchField(view_, takeTop(rest, 33).insetBy(10, 5), "Search Sounds", catalogueColor(Palette::kLibrarySearch),
+                   catalogueColor(Palette::kLibrarySearchText));
     addBrowser(view_, takeTop(rest, std::floor(rest.size.height * 0.62)), controller);
     addResults(view_, CGRectMake(0, 0, rest.size.width, rest.size.height - 1), controller);
     call<"_updateUIWithAvailableDataSource:">(controller_.get(), controller.patchList.get());

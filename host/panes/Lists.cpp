@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "cocoa/Call.h"
-#include "host/panes/KitLists.h"
-#include "host/panes/KitViews.h"
+#include "host/kit/KitLists.h"
+#include "host/kit/KitViews.h"
 
 namespace host {
 namespace {
@@ -29,7 +29,7 @@ struct CLgListAreaTabView : ObjectState {
 struct NotePadBackgroundView : ObjectState {
   std::vector<std::string> lines;
 
-  NSColor backgroundColor() { return look(Look::kNotePad); }
+  NSColor backgroundColor() { return paletteColor(Palette::kNotePad); }
   void update() {
     const auto color = call<"backgroundColor", NSColor>(self);
     NSView(self).layer().setBackgroundColor(color.CGColor());
@@ -40,7 +40,7 @@ struct NotePadBackgroundView : ObjectState {
     CGRect rest = NSView(self).bounds().insetBy(10, 7);
     const Painter painter = currentPainter();
     for (std::size_t i = 0; i < lines.size() && rest.size.height >= kLine; ++i) {
-      painter.text(lines[i], takeTop(rest, kLine), look(Look::kNotePadText),
+      painter.text(lines[i], takeTop(rest, kLine), paletteColor(Palette::kNotePadText),
                    {.size = 11, .weight = i == 0 ? 0.3 : 0, .alignment = TextAlignment::kLeft});
     }
   }
@@ -55,12 +55,12 @@ struct CLgDocwNotesListView : ObjectState {
     constexpr double kRight = 74;  // the buttons
     const Painter painter = currentPainter();
     const CGRect bounds = NSView(self).bounds();
-    painter.fill(dirty, look(Look::kNotesList));
+    painter.fill(dirty, paletteColor(Palette::kNotesList));
     CGRect rest = CGRectMake(0, 0, bounds.size.width - kRight, bounds.size.height);
     for (std::size_t i = 0; i < tracks.size() && rest.size.height >= kRow; ++i) {
       const CGRect row = takeTop(rest, kRow);
-      if (i == 0) painter.fill(row, look(Look::kTabOff));
-      painter.text(tracks[i], row.insetBy(10, 0), look(i == 0 ? Look::kListText : Look::kListTextDim),
+      if (i == 0) painter.fill(row, paletteColor(Palette::kTabOff));
+      painter.text(tracks[i], row.insetBy(10, 0), paletteColor(i == 0 ? Palette::kListText : Palette::kListTextDim),
                    {.size = 11, .alignment = TextAlignment::kLeft});
     }
   }
@@ -73,8 +73,8 @@ struct CLgNotePadButton : ObjectState {
   void drawRect(CGRect /*dirty*/) {
     const CGRect bounds = NSView(self).bounds();
     const Painter painter = currentPainter();
-    painter.fillRounded(bounds, 4, look(Look::kNotesButton));
-    painter.text(sign, bounds, look(Look::kListText), {.size = 11, .weight = 0.23});
+    painter.fillRounded(bounds, 4, paletteColor(Palette::kNotesButton));
+    painter.text(sign, bounds, paletteColor(Palette::kListText), {.size = 11, .weight = 0.23});
   }
 };
 
@@ -140,7 +140,7 @@ class ListsPane : public Pane {
   explicit ListsPane(const PanePlace& place)
       : view_(newView("CLgListAreaTabView", place.frame)),
         events_(newListController("CLgEventListController", eventRows(place.song))) {
-    view_->layer().setBackgroundColor(look(Look::kPaneBackground).CGColor());
+    view_->layer().setBackgroundColor(paletteColor(Palette::kPaneBackground).CGColor());
     CGRect rest = view_->bounds();
     takeTop(rest, kTabsHeight);
     view_->addSubview(newControlsView(takeTop(rest, kBarHeight), 2, "Edit    Functions    View    Filter"));

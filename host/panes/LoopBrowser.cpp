@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "cocoa/Call.h"
-#include "host/panes/KitLists.h"
-#include "host/panes/KitViews.h"
+#include "host/kit/KitLists.h"
+#include "host/kit/KitViews.h"
 
 namespace host {
 namespace {
@@ -53,33 +53,33 @@ constexpr Loop kLoops[] = {
 // ---- Toggles ------------------------------------------------------------------------------------------
 
 struct ToggleLook {
-  Look title;
-  Look secondRow;
+  Palette title;
+  Palette secondRow;
 };
 
 /// One toggle. Its text is put together at each drawing, since its state and theirs may have changed.
 struct MALoopBrowserSegmentedTextLabelCell : ObjectState {
   NSMutableAttributedString attributedString() {
-    constexpr ToggleLook kOff{Look::kToggleTitleOff, Look::kToggleRowOff};
-    constexpr ToggleLook kOn{Look::kToggleTitleOn, Look::kToggleRowOn};
+    constexpr ToggleLook kOff{Palette::kToggleTitleOff, Palette::kToggleRowOff};
+    constexpr ToggleLook kOn{Palette::kToggleTitleOn, Palette::kToggleRowOn};
     const ToggleLook& looks = NSCell(self).state() != 0 ? kOn : kOff;
     const NSString text = NSCell(self).stringValue();
     const auto styled = Ref<NSMutableAttributedString>::adopt(
         cast<NSMutableAttributedString>(call<"initWithString:attributes:", NSObject>(
             allocate<NSMutableAttributedString>(), text,
-            lineAttributes(look(looks.title), {.size = 10.5, .weight = 0.1}))));
+            lineAttributes(paletteColor(looks.title), {.size = 10.5, .weight = 0.1}))));
     const auto lineBreak = call<"rangeOfString:", NSRange>(text, literal<"\n">());
     if (lineBreak.length == 0) return autoreleased(styled);
     call<"removeAttribute:range:">(styled.get(), NSForegroundColorAttributeName, lineBreak);
     const NSUInteger second = lineBreak.location + lineBreak.length;
-    call<"setAttributes:range:">(styled.get(), lineAttributes(look(looks.secondRow), {.size = 8.5}),
+    call<"setAttributes:range:">(styled.get(), lineAttributes(paletteColor(looks.secondRow), {.size = 8.5}),
                                  NSRange{second, text.length() - second});
     return autoreleased(styled);
   }
   void drawInterior(CGRect frame, NSView) {
     const Painter painter = currentPainter();
     const CGRect body = frame.insetBy(1.5, 1.5);
-    painter.fillRounded(body, 4, look(NSCell(self).state() != 0 ? Look::kToggleOn : Look::kToggleOff));
+    painter.fillRounded(body, 4, paletteColor(NSCell(self).state() != 0 ? Palette::kToggleOn : Palette::kToggleOff));
     const auto text = call<"attributedString", NSAttributedString>(self);
     const auto lineBreak = call<"rangeOfString:", NSRange>(text.string(), literal<"\n">());
     if (lineBreak.length == 0) return painter.text(text, body.insetBy(2, 0));
@@ -165,7 +165,7 @@ std::vector<ListRow> folderRows() {
 Ref<NSPopUpButton> helpfulPopUp(NSView parent, CGRect frame, std::initializer_list<std::string_view> items,
                                 NSString helpIdentifier) {
   const Ref<NSPopUpButton> button = newPopUpButton("MAPopUpButton", frame, items);
-  call<"setTitleColor:">(button.get(), look(Look::kPaneBarText));
+  call<"setTitleColor:">(button.get(), paletteColor(Palette::kPaneBarText));
   call<"setQuickHelpID:">(button.get(), helpIdentifier);
   parent.addSubview(button);
   return button;
@@ -181,12 +181,12 @@ class LoopBrowserPane : public Pane {
         controller_(newObject("MALoopBrowserController")),
         loops_(newListController("MALoopBrowserListController", loopRows())),
         folders_(newListController("MALoopBrowserListController", folderRows())) {
-    view_->layer().setBackgroundColor(look(Look::kPaneBackground).CGColor());
+    view_->layer().setBackgroundColor(paletteColor(Palette::kPaneBackground).CGColor());
     call<"setDelegate:">(view_.get(), controller_.get());
     CGRect rest = view_->bounds();
     addMenus(takeTop(rest, 32));
-    addSearchField(view_, takeTop(rest, 30).insetBy(8, 4), "Search Loops", look(Look::kListBackground),
-                   look(Look::kListTextDim));
+    addSearchField(view_, takeTop(rest, 30).insetBy(8, 4), "Search Loops", paletteColor(Palette::kListBackground),
+                   paletteColor(Palette::kListTextDim));
     addSplitView(rest);
   }
   /// Whoever keeps the view longer asks a delegate that is no more.

@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "cocoa/QuartzCore.h"
-#include "host/app/KitWindow.h"
+#include "host/kit/KitWindow.h"
 #include "host/mixer/MixerToolbar.h"
 #include "host/mixer/MixerView.h"
 #include "host/mixer/StripBuilder.h"

@@ -1,7 +1,9 @@
 #pragma once
 // The mixer below the tracks.
 
-#include "host/panes/Pane.h"
+#include <memory>
+
+#include "host/kit/Pane.h"
 
 namespace host {
 

@@ -1,12 +1,12 @@
+#include "host/panes/Panes.h"
+#include "host/kit/KitLists.h"
+#include "host/kit/KitViews.h"
 #include "host/panes/Browsers.h"
 #include "host/panes/Inspector.h"
-#include "host/panes/KitLists.h"
-#include "host/panes/KitViews.h"
 #include "host/panes/Library.h"
 #include "host/panes/Lists.h"
 #include "host/panes/LoopBrowser.h"
 #include "host/panes/MixerPane.h"
-#include "host/panes/Pane.h"
 
 namespace host {
 std::unique_ptr<Pane> makePane(PaneKind kind, const PanePlace& place) {

@@ -7,10 +7,10 @@
 #include <set>
 
 #include "cocoa/Call.h"
-#include "standin/Clock.h"
-#include "standin/Display.h"
-#include "standin/Mouse.h"
-#include "standin/RunLoop.h"
+#include "standin/steering/Clock.h"
+#include "standin/steering/Display.h"
+#include "standin/steering/Mouse.h"
+#include "standin/steering/RunLoop.h"
 #include "tests/host/ArrangeHost.h"
 #include "tests/support/HostTest.h"
 

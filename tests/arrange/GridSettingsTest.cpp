@@ -14,7 +14,7 @@
 #include "cocoa/Call.h"
 #include "cocoa/ClassDefinition.h"
 #include "plugin/language/VLRGridSettings.h"
-#include "standin/RunLoop.h"
+#include "standin/steering/RunLoop.h"
 #include "tests/support/HostTest.h"
 #include "tests/support/Memory.h"
 

@@ -7,8 +7,8 @@
 #include "cocoa/Call.h"
 #include "cocoa/ClassDefinition.h"
 #include "host/arrange/CLgSongDocument.h"
-#include "standin/Desk.h"
-#include "standin/RunLoop.h"
+#include "standin/steering/Desk.h"
+#include "standin/steering/RunLoop.h"
 #include "tests/support/HostTest.h"
 
 namespace {

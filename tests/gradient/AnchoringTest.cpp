@@ -8,7 +8,7 @@
 
 #include "cocoa/Call.h"
 #include "host/mixer/MANode.h"
-#include "standin/Clock.h"
+#include "standin/steering/Clock.h"
 #include "tests/support/HostTest.h"
 
 namespace {

@@ -9,7 +9,7 @@
 #include "plugin/theme/GradientSwitch.h"
 #include "plugin/theme/VLRStripBevel.h"
 #include "plugin/theme/VLRStripGradient.h"
-#include "standin/Clock.h"
+#include "standin/steering/Clock.h"
 #include "tests/support/Theme.h"
 
 namespace velura {

@@ -6,8 +6,8 @@
 
 #include "cocoa/Dispatch.h"
 #include "host/arrange/Timeline.h"
-#include "standin/Display.h"
-#include "standin/RunLoop.h"
+#include "standin/steering/Display.h"
+#include "standin/steering/RunLoop.h"
 #include "tests/host/ArrangeHost.h"
 
 namespace {

@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "host/panes/KitLists.h"
-#include "host/panes/KitViews.h"
+#include "host/kit/KitLists.h"
+#include "host/kit/KitViews.h"
 #include "host/panes/Library.h"
-#include "standin/Display.h"
+#include "standin/steering/Display.h"
 #include "tests/host/ArrangeHost.h"
 #include "tests/support/Memory.h"
 #include "tests/views/ViewTree.h"

@@ -1,4 +1,4 @@
-#include "host/Song.h"
+#include "host/song/Song.h"
 
 #include <gtest/gtest.h>
 

@@ -118,8 +118,8 @@ TEST_F(Strips, ShowNoTrackColorThatTheNameFieldDoesNotShow) {
   const NSObject name = node(kAudio, "name");
   const std::pair<NSColor, Rgba> kCases[] = {
       {NSColor::colorWithSRGBRed(1, 0, 0, 1), {255, 0, 0}},
-      {host::look(host::Look::kStripBackground), kHostStrip},  // as that of the strip itself
-      {host::look(host::Look::kStripHighlight), kHostStrip},
+      {host::paletteColor(host::Palette::kStripBackground), kHostStrip},  // as that of the strip itself
+      {host::paletteColor(host::Palette::kStripHighlight), kHostStrip},
       {NSColor::colorWithSRGBRed(1, 0, 0, 0), kHostStrip},
       {NSColor(), kTrackColor},  // the data source's
   };

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "cli/PrivateFolders.h"
-#include "standin/Clock.h"
-#include "standin/RunLoop.h"
+#include "standin/steering/Clock.h"
+#include "standin/steering/RunLoop.h"
 #include "tests/support/Commands.h"
 #include "tests/support/Memory.h"
 #include "tests/support/Theme.h"

@@ -4,7 +4,7 @@
 
 #include "Canvas.h"
 #include "cocoa/Exception.h"
-#include "standin/Catalogue.h"
+#include "standin/steering/Catalogue.h"
 
 namespace {
 

@@ -17,8 +17,8 @@
 
 #include "cocoa/Dispatch.h"
 #include "cocoa/Foundation.h"
-#include "standin/Clock.h"
-#include "standin/RunLoop.h"
+#include "standin/steering/Clock.h"
+#include "standin/steering/RunLoop.h"
 
 namespace {
 

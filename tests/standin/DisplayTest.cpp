@@ -6,7 +6,7 @@
 
 #include "Canvas.h"
 #include "cocoa/ClassDefinition.h"
-#include "standin/Display.h"
+#include "standin/steering/Display.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 
 #include "cocoa/AppKit.h"
 #include "cocoa/ClassDefinition.h"
-#include "standin/Desk.h"
-#include "standin/Mouse.h"
+#include "standin/steering/Desk.h"
+#include "standin/steering/Mouse.h"
 
 namespace {
 

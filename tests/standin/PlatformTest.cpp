@@ -5,7 +5,7 @@
 #include "Canvas.h"
 #include "cocoa/Association.h"
 #include "cocoa/ClassDefinition.h"
-#include "standin/Clock.h"
+#include "standin/steering/Clock.h"
 #include "tests/support/Memory.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <cstdlib>
 
 #include "cli/PrivateFolders.h"
-#include "host/app/HostOptions.h"
+#include "host/kit/HostOptions.h"
 
 // Every test gets folders of its own before Foundation looks for any. Listing tests needs none.
 int main(int argc, char** argv) {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "cocoa/QuartzCore.h"
-#include "host/panes/KitLists.h"
+#include "host/kit/KitLists.h"
 #include "host/panes/LoopBrowser.h"
 #include "tests/support/HostTest.h"
 #include "tests/support/KeyColors.h"

@@ -1,0 +1,10 @@
+#pragma once
+// Each registers the classes of its file; startup/Startup.cpp has the order.
+
+namespace standin {
+
+void registerCoreGraphicsColors();
+void registerColorSpaces();
+void registerColors();
+
+}  // namespace standin

@@ -1,0 +1,9 @@
+#pragma once
+// Each registers the classes of its file; startup/Startup.cpp has the order.
+
+namespace standin {
+
+void registerUserDefaultsSuites();
+void registerBundles();
+
+}  // namespace standin

@@ -1,0 +1,8 @@
+#pragma once
+// Each registers the classes of its file; startup/Startup.cpp has the order.
+
+namespace standin {
+
+void registerCoreGraphicsImages();
+
+}  // namespace standin

@@ -1,0 +1,9 @@
+#pragma once
+// Each registers the classes of its file; startup/Startup.cpp has the order.
+
+namespace standin {
+
+void registerConstants();
+void registerAssociations();
+
+}  // namespace standin
