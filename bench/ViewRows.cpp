@@ -2,7 +2,9 @@
 
 #include <dlfcn.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <iterator>
 #include <vector>
 
 #include "bench/InACopy.h"
@@ -10,7 +12,6 @@
 #include "cli/Session.h"
 #include "cocoa/Call.h"
 #include "cocoa/Override.h"
-#include "plugin/loader/Categories.h"
 
 namespace bench {
 namespace {
@@ -59,15 +60,33 @@ void drawAll(host::Application& application) {
   }
 }
 
+/// Whether the bundle gave this very class the message that installs its overrides; subclasses inherit it.
+bool isThemed(Class cls) {
+  const Class meta = metaclassOf(cls);
+  unsigned count = 0;
+  Method* methods = class_copyMethodList(meta, &count);
+  const bool found = std::any_of(methods, methods + count, [](Method method) {
+    return sameSelector(method_getName(method), selector<"addSwizzleMethod">());
+  });
+  std::free(static_cast<void*>(methods));
+  return found;
+}
+
+std::vector<Class> allClasses() {
+  std::vector<Class> classes(static_cast<std::size_t>(objc_getClassList(nullptr, 0)));
+  objc_getClassList(classes.data(), static_cast<int>(classes.size()));
+  return classes;
+}
+
+std::vector<Class>& themedClasses() {
+  static std::vector<Class> classes;
+  return classes;
+}
+
 /// What a process does once can be measured once in each copy of it.
 void installAll(host::Application& application) {
   onceInACopy(application, [](host::Application&) {
-    for (const velura::ThemedClass& themed : velura::themedClasses()) {
-      send<void>(classNamed(themed.name), selector<"addSwizzleMethod">());
-    }
-    for (const velura::ThemedClass& themed : {velura::themedImageNode(), velura::themedString()}) {
-      send<void>(classNamed(themed.name), selector<"addSwizzleMethod">());
-    }
+    for (const Class themed : themedClasses()) call<"addSwizzleMethod">(themed);
   });
 }
 
@@ -85,6 +104,7 @@ void prepareInstalling(host::Application& application) {
   options.themeFolder = "themes/ember";
   if (!session::selectTheme(options, error)) std::exit(1);
   static_cast<void>(call<"sharedInstance", id>(asObject(classNamed("ThemeUtility"))));
+  std::ranges::copy_if(allClasses(), std::back_inserter(themedClasses()), isThemed);
 }
 
 struct Pair {
@@ -96,9 +116,7 @@ struct Pair {
 std::vector<Pair> hundredPairs() {
   constexpr std::size_t kCount = 100;
   std::vector<Pair> pairs;
-  std::vector<Class> classes(static_cast<std::size_t>(objc_getClassList(nullptr, 0)));
-  objc_getClassList(classes.data(), static_cast<int>(classes.size()));
-  for (const Class cls : classes) {
+  for (const Class cls : allClasses()) {
     unsigned count = 0;
     Method* methods = class_copyMethodList(cls, &count);
     const bool ofHost = std::string_view(class_getName(cls)).starts_with("MA");

@@ -7,7 +7,7 @@
 #include "cocoa/Call.h"
 #include "cocoa/CoreGraphics.h"
 #include "plugin/hostapi/Identifiers.h"
-#include "standin/RunLoop.h"
+#include "standin/steering/RunLoop.h"
 
 namespace session {
 namespace {

@@ -11,8 +11,8 @@
 
 #include "cli/Session.h"
 #include "plugin/files/AtomicWrite.h"
-#include "standin/Display.h"
-#include "standin/RunLoop.h"
+#include "standin/steering/Display.h"
+#include "standin/steering/RunLoop.h"
 
 namespace session {
 namespace {

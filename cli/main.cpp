@@ -17,8 +17,8 @@
 #include "plugin/files/AtomicWrite.h"
 #include "plugin/language/ThemeKeys.h"
 #include "plugin/plist/PropertyListReader.h"
-#include "standin/Desk.h"
-#include "standin/Mouse.h"
+#include "standin/steering/Desk.h"
+#include "standin/steering/Mouse.h"
 
 namespace {
 

@@ -321,9 +321,9 @@ struct NSBezierPath : NSObject {
     cocoa::call<"setLineDash:count:phase:">(object, pattern, count, phase);
   }
   void setWindingRule(NSWindingRule rule) const { cocoa::call<"setWindingRule:">(object, rule); }
-  [[nodiscard]] bool isEmpty() const { return cocoa::asks<"isEmpty">(object); }
+  [[nodiscard]] bool isEmpty() const { return cocoa::callBool<"isEmpty">(object); }
   [[nodiscard]] NSRect bounds() const { return cocoa::call<"bounds", NSRect>(object); }
-  [[nodiscard]] bool containsPoint(NSPoint point) const { return cocoa::asks<"containsPoint:">(object, point); }
+  [[nodiscard]] bool containsPoint(NSPoint point) const { return cocoa::callBool<"containsPoint:">(object, point); }
 };
 
 inline void NSGradient::drawInBezierPath(NSBezierPath path, CGFloat angle) const {
@@ -339,7 +339,7 @@ struct NSImageRep : NSObject {
   void setSize(NSSize size) const { cocoa::call<"setSize:">(object, size); }
   [[nodiscard]] NSInteger pixelsWide() const { return cocoa::call<"pixelsWide", NSInteger>(object); }
   [[nodiscard]] NSInteger pixelsHigh() const { return cocoa::call<"pixelsHigh", NSInteger>(object); }
-  [[nodiscard]] bool hasAlpha() const { return cocoa::asks<"hasAlpha">(object); }
+  [[nodiscard]] bool hasAlpha() const { return cocoa::callBool<"hasAlpha">(object); }
 };
 
 struct NSBitmapImageRep : NSImageRep {
@@ -388,7 +388,7 @@ struct NSBitmapImageRep : NSImageRep {
   }
   void setColor(NSColor color, NSInteger x, NSInteger y) const { cocoa::call<"setColor:atX:y:">(object, color, x, y); }
   [[nodiscard]] NSString colorSpaceName() const { return cocoa::call<"colorSpaceName", NSString>(object); }
-  [[nodiscard]] bool isPlanar() const { return cocoa::asks<"isPlanar">(object); }
+  [[nodiscard]] bool isPlanar() const { return cocoa::callBool<"isPlanar">(object); }
   [[nodiscard]] NSData TIFFRepresentation() const { return cocoa::call<"TIFFRepresentation", NSData>(object); }
   [[nodiscard]] NSData representationUsingType(NSBitmapImageFileType type, NSDictionary properties) const {
     return cocoa::call<"representationUsingType:properties:", NSData>(object, type, properties);
@@ -410,7 +410,7 @@ struct NSImage : NSObject {
   static NSImage imageNamed(NSString name) { return cocoa::callClass<NSImage, "imageNamed:">(name); }
   [[nodiscard]] NSSize size() const { return cocoa::call<"size", NSSize>(object); }
   void setSize(NSSize size) const { cocoa::call<"setSize:">(object, size); }
-  [[nodiscard]] bool isValid() const { return cocoa::asks<"isValid">(object); }
+  [[nodiscard]] bool isValid() const { return cocoa::callBool<"isValid">(object); }
   [[nodiscard]] NSArray representations() const { return cocoa::call<"representations", NSArray>(object); }
   void addRepresentation(NSImageRep rep) const { cocoa::call<"addRepresentation:">(object, rep); }
   void lockFocus() const { cocoa::call<"lockFocus">(object); }
@@ -427,7 +427,7 @@ struct NSImage : NSObject {
   CGImageRef CGImageForProposedRect(NSRect* rect, NSGraphicsContext context, NSDictionary hints) const;
   /// All representations, one frame each; nil for an image without any.
   [[nodiscard]] NSData TIFFRepresentation() const { return cocoa::call<"TIFFRepresentation", NSData>(object); }
-  [[nodiscard]] bool isTemplate() const { return cocoa::asks<"isTemplate">(object); }
+  [[nodiscard]] bool isTemplate() const { return cocoa::callBool<"isTemplate">(object); }
   void setTemplate(bool isTemplate) const { cocoa::call<"setTemplate:">(object, BOOL(isTemplate)); }
 };
 
@@ -454,7 +454,7 @@ struct NSGraphicsContext : NSObject {
     return cocoa::callClass<NSGraphicsContext, "graphicsContextWithBitmapImageRep:">(rep);
   }
   [[nodiscard]] CGContextRef CGContext() const { return cocoa::call<"CGContext", CGContextRef>(object); }
-  [[nodiscard]] bool isFlipped() const { return cocoa::asks<"isFlipped">(object); }
+  [[nodiscard]] bool isFlipped() const { return cocoa::callBool<"isFlipped">(object); }
   void saveState() const { cocoa::call<"saveGraphicsState">(object); }
   void restoreState() const { cocoa::call<"restoreGraphicsState">(object); }
   void flushGraphics() const { cocoa::call<"flushGraphics">(object); }
@@ -585,7 +585,7 @@ struct NSView : NSResponder {
     cocoa::call<"addSubview:positioned:relativeTo:">(object, view, place, other);
   }
   void removeFromSuperview() const { cocoa::call<"removeFromSuperview">(object); }
-  [[nodiscard]] bool isDescendantOf(NSView other) const { return cocoa::asks<"isDescendantOf:">(object, other); }
+  [[nodiscard]] bool isDescendantOf(NSView other) const { return cocoa::callBool<"isDescendantOf:">(object, other); }
   [[nodiscard]] NSWindow window() const;
   void viewWillMoveToWindow(NSWindow window) const;
   void viewDidMoveToWindow() const { cocoa::call<"viewDidMoveToWindow">(object); }
@@ -594,19 +594,19 @@ struct NSView : NSResponder {
   [[nodiscard]] NSInteger tag() const { return cocoa::call<"tag", NSInteger>(object); }
   [[nodiscard]] NSView viewWithTag(NSInteger tag) const { return cocoa::call<"viewWithTag:", NSView>(object, tag); }
 
-  [[nodiscard]] bool wantsLayer() const { return cocoa::asks<"wantsLayer">(object); }
+  [[nodiscard]] bool wantsLayer() const { return cocoa::callBool<"wantsLayer">(object); }
   void setWantsLayer(bool wants) const { cocoa::call<"setWantsLayer:">(object, BOOL(wants)); }
   [[nodiscard]] CALayer layer() const { return cocoa::call<"layer", CALayer>(object); }
   void setLayer(CALayer layer) const { cocoa::call<"setLayer:">(object, layer); }
 
-  [[nodiscard]] bool isFlipped() const { return cocoa::asks<"isFlipped">(object); }
-  [[nodiscard]] bool isHidden() const { return cocoa::asks<"isHidden">(object); }
+  [[nodiscard]] bool isFlipped() const { return cocoa::callBool<"isFlipped">(object); }
+  [[nodiscard]] bool isHidden() const { return cocoa::callBool<"isHidden">(object); }
   void setHidden(bool hidden) const { cocoa::call<"setHidden:">(object, BOOL(hidden)); }
   [[nodiscard]] CGFloat alphaValue() const { return cocoa::call<"alphaValue", CGFloat>(object); }
   void setAlphaValue(CGFloat alpha) const { cocoa::call<"setAlphaValue:">(object, alpha); }
-  [[nodiscard]] bool isOpaque() const { return cocoa::asks<"isOpaque">(object); }
+  [[nodiscard]] bool isOpaque() const { return cocoa::callBool<"isOpaque">(object); }
 
-  [[nodiscard]] bool needsDisplay() const { return cocoa::asks<"needsDisplay">(object); }
+  [[nodiscard]] bool needsDisplay() const { return cocoa::callBool<"needsDisplay">(object); }
   void setNeedsDisplay(bool needs) const { cocoa::call<"setNeedsDisplay:">(object, BOOL(needs)); }
   void setNeedsDisplayInRect(NSRect rect) const { cocoa::call<"setNeedsDisplayInRect:">(object, rect); }
   void display() const { cocoa::call<"display">(object); }
@@ -651,9 +651,9 @@ struct NSCell : NSObject {
   void setImage(NSImage image) const { cocoa::call<"setImage:">(object, image); }
   [[nodiscard]] NSFont font() const { return cocoa::call<"font", NSFont>(object); }
   void setFont(NSFont font) const { cocoa::call<"setFont:">(object, font); }
-  [[nodiscard]] bool isEnabled() const { return cocoa::asks<"isEnabled">(object); }
+  [[nodiscard]] bool isEnabled() const { return cocoa::callBool<"isEnabled">(object); }
   void setEnabled(bool enabled) const { cocoa::call<"setEnabled:">(object, BOOL(enabled)); }
-  [[nodiscard]] bool isHighlighted() const { return cocoa::asks<"isHighlighted">(object); }
+  [[nodiscard]] bool isHighlighted() const { return cocoa::callBool<"isHighlighted">(object); }
   void setHighlighted(bool highlighted) const { cocoa::call<"setHighlighted:">(object, BOOL(highlighted)); }
   [[nodiscard]] NSInteger state() const { return cocoa::call<"state", NSInteger>(object); }
   void setState(NSInteger state) const { cocoa::call<"setState:">(object, state); }
@@ -687,7 +687,7 @@ struct NSControl : NSView {
   void setTarget(NSObject target) const { cocoa::call<"setTarget:">(object, target); }
   [[nodiscard]] SEL action() const { return cocoa::call<"action", SEL>(object); }
   void setAction(SEL action) const { cocoa::call<"setAction:">(object, action); }
-  [[nodiscard]] bool isEnabled() const { return cocoa::asks<"isEnabled">(object); }
+  [[nodiscard]] bool isEnabled() const { return cocoa::callBool<"isEnabled">(object); }
   void setEnabled(bool enabled) const { cocoa::call<"setEnabled:">(object, BOOL(enabled)); }
   [[nodiscard]] NSString stringValue() const { return cocoa::call<"stringValue", NSString>(object); }
   void setStringValue(NSString text) const { cocoa::call<"setStringValue:">(object, text); }
@@ -716,7 +716,7 @@ struct NSTextField : NSControl {
   void setTextColor(NSColor color) const { cocoa::call<"setTextColor:">(object, color); }
   [[nodiscard]] NSColor backgroundColor() const { return cocoa::call<"backgroundColor", NSColor>(object); }
   void setBackgroundColor(NSColor color) const { cocoa::call<"setBackgroundColor:">(object, color); }
-  [[nodiscard]] bool drawsBackground() const { return cocoa::asks<"drawsBackground">(object); }
+  [[nodiscard]] bool drawsBackground() const { return cocoa::callBool<"drawsBackground">(object); }
   void setDrawsBackground(bool draws) const { cocoa::call<"setDrawsBackground:">(object, BOOL(draws)); }
 };
 
@@ -820,7 +820,7 @@ struct NSTableView : NSControl {
   }
   /// -1 while none is.
   [[nodiscard]] NSInteger selectedRow() const { return cocoa::call<"selectedRow", NSInteger>(object); }
-  [[nodiscard]] bool isRowSelected(NSInteger row) const { return cocoa::asks<"isRowSelected:">(object, row); }
+  [[nodiscard]] bool isRowSelected(NSInteger row) const { return cocoa::callBool<"isRowSelected:">(object, row); }
   void selectRow(NSInteger row) const {
     cocoa::call<"selectRowIndexes:byExtendingSelection:">(
         object,
@@ -848,7 +848,7 @@ struct NSOutlineView : NSTableView {
   }
   void expandItem(NSObject item) const { cocoa::call<"expandItem:">(object, item); }
   void collapseItem(NSObject item) const { cocoa::call<"collapseItem:">(object, item); }
-  [[nodiscard]] bool isItemExpanded(NSObject item) const { return cocoa::asks<"isItemExpanded:">(object, item); }
+  [[nodiscard]] bool isItemExpanded(NSObject item) const { return cocoa::callBool<"isItemExpanded:">(object, item); }
   /// nil for a row that is not there.
   [[nodiscard]] NSObject itemAtRow(NSInteger row) const { return cocoa::call<"itemAtRow:", NSObject>(object, row); }
   [[nodiscard]] NSInteger levelForRow(NSInteger row) const {
@@ -877,7 +877,7 @@ struct NSViewController : NSResponder {
   void setView(NSView view) const { cocoa::call<"setView:">(object, view); }
   void loadView() const { cocoa::call<"loadView">(object); }
   void viewDidLoad() const { cocoa::call<"viewDidLoad">(object); }
-  [[nodiscard]] bool isViewLoaded() const { return cocoa::asks<"isViewLoaded">(object); }
+  [[nodiscard]] bool isViewLoaded() const { return cocoa::callBool<"isViewLoaded">(object); }
   [[nodiscard]] NSString title() const { return cocoa::call<"title", NSString>(object); }
   void setTitle(NSString title) const { cocoa::call<"setTitle:">(object, title); }
 };
@@ -909,9 +909,9 @@ struct NSWindow : NSResponder {
   [[nodiscard]] NSInteger level() const { return cocoa::call<"level", NSInteger>(object); }
   void setLevel(NSInteger level) const { cocoa::call<"setLevel:">(object, level); }
   [[nodiscard]] CGFloat backingScaleFactor() const { return cocoa::call<"backingScaleFactor", CGFloat>(object); }
-  [[nodiscard]] bool isVisible() const { return cocoa::asks<"isVisible">(object); }
-  [[nodiscard]] bool isKeyWindow() const { return cocoa::asks<"isKeyWindow">(object); }
-  [[nodiscard]] bool isMainWindow() const { return cocoa::asks<"isMainWindow">(object); }
+  [[nodiscard]] bool isVisible() const { return cocoa::callBool<"isVisible">(object); }
+  [[nodiscard]] bool isKeyWindow() const { return cocoa::callBool<"isKeyWindow">(object); }
+  [[nodiscard]] bool isMainWindow() const { return cocoa::callBool<"isMainWindow">(object); }
   /// Between the window's base coordinates and the screen's, y up in both.
   [[nodiscard]] NSRect convertRectToScreen(NSRect rect) const {
     return cocoa::call<"convertRectToScreen:", NSRect>(object, rect);
@@ -929,7 +929,7 @@ struct NSWindow : NSResponder {
   /// Posts NSWindowDidUpdateNotification with the window.
   void update() const { cocoa::call<"update">(object); }
   /// Whether any view that shows in the window needs display.
-  [[nodiscard]] bool viewsNeedDisplay() const { return cocoa::asks<"viewsNeedDisplay">(object); }
+  [[nodiscard]] bool viewsNeedDisplay() const { return cocoa::callBool<"viewsNeedDisplay">(object); }
   void display() const { cocoa::call<"display">(object); }
   void close() const { cocoa::call<"close">(object); }
 };
@@ -1005,7 +1005,7 @@ struct NSAlert : NSObject {
   void setInformativeText(NSString text) const { cocoa::call<"setInformativeText:">(object, text); }
   [[nodiscard]] NSAlertStyle alertStyle() const { return cocoa::call<"alertStyle", NSAlertStyle>(object); }
   void setAlertStyle(NSAlertStyle style) const { cocoa::call<"setAlertStyle:">(object, style); }
-  [[nodiscard]] bool showsSuppressionButton() const { return cocoa::asks<"showsSuppressionButton">(object); }
+  [[nodiscard]] bool showsSuppressionButton() const { return cocoa::callBool<"showsSuppressionButton">(object); }
   void setShowsSuppressionButton(bool shows) const { cocoa::call<"setShowsSuppressionButton:">(object, BOOL(shows)); }
   [[nodiscard]] NSButton suppressionButton() const { return cocoa::call<"suppressionButton", NSButton>(object); }
   [[nodiscard]] NSWindow window() const { return cocoa::call<"window", NSWindow>(object); }
@@ -1017,7 +1017,7 @@ struct NSWorkspace : NSObject {
   static constexpr cocoa::FixedString kClassName{"NSWorkspace"};
   using NSObject::NSObject;
   static NSWorkspace sharedWorkspace() { return cocoa::callClass<NSWorkspace, "sharedWorkspace">(); }
-  [[nodiscard]] bool openURL(NSURL url) const { return cocoa::asks<"openURL:">(object, url); }
+  [[nodiscard]] bool openURL(NSURL url) const { return cocoa::callBool<"openURL:">(object, url); }
 };
 
 inline void NSResponder::mouseDown(NSEvent event) const { cocoa::call<"mouseDown:">(object, event); }

@@ -22,8 +22,25 @@ R call(Class receiver, A... arguments) {
 
 /// The same for a question that is answered with BOOL.
 template <FixedString Selector, class... A>
-bool asks(id receiver, A... arguments) {
+bool callBool(id receiver, A... arguments) {
   return call<Selector, BOOL>(receiver, arguments...) != 0;
+}
+
+template <FixedString Selector, class... A>
+bool callBool(NSObject receiver, A... arguments) {
+  return callBool<Selector>(receiver.object, arguments...);
+}
+
+/// Whether an object answers the message. False for nil.
+template <FixedString Selector>
+bool respondsTo(NSObject object) {
+  return respondsTo(object.object, selector<Selector>());
+}
+
+/// What an object answers, if it can be asked; zero or nil otherwise.
+template <FixedString Getter, class R = NSObject>
+R callIfResponds(NSObject object) {
+  return respondsTo<Getter>(object) ? call<Getter, R>(object) : R();
 }
 
 /// Sends a class message to the class that a handle type names.

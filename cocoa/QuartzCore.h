@@ -44,7 +44,7 @@ struct CALayer : NSObject {
   void setAffineTransform(CGAffineTransform transform) const { cocoa::call<"setAffineTransform:">(object, transform); }
   [[nodiscard]] CGFloat zPosition() const { return cocoa::call<"zPosition", CGFloat>(object); }
   void setZPosition(CGFloat z) const { cocoa::call<"setZPosition:">(object, z); }
-  [[nodiscard]] bool isGeometryFlipped() const { return cocoa::asks<"isGeometryFlipped">(object); }
+  [[nodiscard]] bool isGeometryFlipped() const { return cocoa::callBool<"isGeometryFlipped">(object); }
   void setGeometryFlipped(bool flipped) const { cocoa::call<"setGeometryFlipped:">(object, BOOL(flipped)); }
 
   [[nodiscard]] NSString name() const { return cocoa::call<"name", NSString>(object); }
@@ -80,14 +80,14 @@ struct CALayer : NSObject {
   void setCornerRadius(CGFloat radius) const { cocoa::call<"setCornerRadius:">(object, radius); }
   [[nodiscard]] float opacity() const { return cocoa::call<"opacity", float>(object); }
   void setOpacity(float opacity) const { cocoa::call<"setOpacity:">(object, opacity); }
-  [[nodiscard]] bool isHidden() const { return cocoa::asks<"isHidden">(object); }
+  [[nodiscard]] bool isHidden() const { return cocoa::callBool<"isHidden">(object); }
   void setHidden(bool hidden) const { cocoa::call<"setHidden:">(object, BOOL(hidden)); }
-  [[nodiscard]] bool masksToBounds() const { return cocoa::asks<"masksToBounds">(object); }
+  [[nodiscard]] bool masksToBounds() const { return cocoa::callBool<"masksToBounds">(object); }
   void setMasksToBounds(bool masks) const { cocoa::call<"setMasksToBounds:">(object, BOOL(masks)); }
   [[nodiscard]] CALayer mask() const { return cocoa::call<"mask", CALayer>(object); }
   void setMask(CALayer mask) const { cocoa::call<"setMask:">(object, mask); }
 
-  [[nodiscard]] bool needsDisplay() const { return cocoa::asks<"needsDisplay">(object); }
+  [[nodiscard]] bool needsDisplay() const { return cocoa::callBool<"needsDisplay">(object); }
   void setNeedsDisplay() const { cocoa::call<"setNeedsDisplay">(object); }
   void display() const { cocoa::call<"display">(object); }
   void displayIfNeeded() const { cocoa::call<"displayIfNeeded">(object); }

@@ -23,7 +23,7 @@ NSColor MAGainReductionMeterNode::fillColor() { return paletteColor(Palette::kGa
 void MAGainReductionMeterNode::drawRect(CGRect rect, CGContextRef context) {
   const Painter painter(context);
   painter.fillRounded(rect, 2, call<"backgroundFillColor", NSColor>(self));
-  if (!asks<"isOn">(self)) return;
+  if (!callBool<"isOn">(self)) return;
   const CGRect inner = rect.insetBy(1, 1);
   const double width = std::round(inner.size.width * reduction);
   painter.fill(CGRectMake(inner.maxX() - width, inner.minY(), width, inner.size.height),

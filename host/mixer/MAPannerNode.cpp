@@ -116,7 +116,7 @@ id MAStereoPannerSpreadNode::init() {
 
 NSColor MAStereoPannerSpreadNode::fillColor() {
   const NSObject parent = stateOf<MANode>(self).parent;
-  return paletteColor(asks<"inverseSpread">(parent.object) ? Palette::kSpreadInverseArc : Palette::kSpreadArc);
+  return paletteColor(callBool<"inverseSpread">(parent.object) ? Palette::kSpreadInverseArc : Palette::kSpreadArc);
 }
 
 void MAStereoPannerSpreadNode::drawRect(CGRect rect, CGContextRef context) {

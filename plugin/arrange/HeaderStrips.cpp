@@ -36,7 +36,7 @@ NSInteger controlSurfaceBars(NSView header) {
   const Class adapterClass = classNamed("MAMixerModelAdapter");
   if (adapterClass == nullptr) return kUnknown;
   const auto adapter = newMixerAdapter(adapterClass, header);
-  if (!adapter->respondsToSelector(selector<"numberOfControlSurfaceBars">())) return kUnknown;
+  if (!respondsTo<"numberOfControlSurfaceBars">(adapter.get())) return kUnknown;
   return std::max<NSInteger>(call<"numberOfControlSurfaceBars", NSInteger>(adapter), 0);
 }
 
@@ -55,8 +55,8 @@ void askHost(NSView header, ColorBar& bar) {
   const NSDictionary configuration = headerConfigurationOf(ArrangeSection(header.object).parentView());
   if (!configuration) return;
   const auto shows = cast<NSArray>(configuration.objectForKey(literal<"trackelemShow">()));
-  const auto isShown = [&](NSUInteger element) { return asks<"boolValue">(shows.objectAtIndex(element).object); };
-  bar.areTrackNumbersShown = asks<"boolValue">(configuration.objectForKey(literal<"isshowtrnums">()).object);
+  const auto isShown = [&](NSUInteger element) { return callBool<"boolValue">(shows.objectAtIndex(element).object); };
+  bar.areTrackNumbersShown = callBool<"boolValue">(configuration.objectForKey(literal<"isshowtrnums">()).object);
   bar.isShown = isShown(kColorBarElement);
   const bool areSurfaceBarsShown = isShown(kSurfaceBarElement);
   constexpr NSInteger kAlone = 2;

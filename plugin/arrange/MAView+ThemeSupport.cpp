@@ -146,8 +146,7 @@ bool isTrackHeader(NSView view) { return view.className().isEqualToString(litera
 /// The editor of a track's name lets the strip shine through, and its text would be hard to read.
 void makeOpaque(NSView editor) {
   const NSColor empty = ThemeUtility::shared().colorForKey(key<"EmptyAreaBelow">);
-  if (!empty || !editor.respondsToSelector(selector<"setBackgroundColor:">()) ||
-      !editor.respondsToSelector(selector<"backgroundColor">())) {
+  if (!empty || !respondsTo<"setBackgroundColor:">(editor) || !respondsTo<"backgroundColor">(editor)) {
     return;
   }
   if (call<"backgroundColor", NSColor>(editor).alphaComponent() < 1) {

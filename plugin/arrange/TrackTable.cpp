@@ -26,7 +26,7 @@ TrackRecord recordOf(NSObject element) {
   TrackRecord record;
   const double height = accessibilitySize(element).value_or(CGSize{}).height;
   record.height = std::isfinite(height) ? std::max(height, 0.0) : 0;
-  record.selected = element.respondsToSelector(selector<"isSelected">()) && asks<"isSelected">(element.object);
+  record.selected = respondsTo<"isSelected">(element) && callBool<"isSelected">(element.object);
   record.folder = isFolderTrack(element);
   return record;
 }

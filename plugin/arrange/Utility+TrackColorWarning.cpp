@@ -40,14 +40,14 @@ void runAlert() {
 bool readsColorBarVisible(NSObject arrangeView) {
   const NSDictionary configuration = headerConfigurationOf(arrangeView);
   const auto shows = cast<NSArray>(configuration.objectForKey(literal<"trackelemShow">()));
-  return asks<"boolValue">(shows.objectAtIndex(kColorBarElement).object);
+  return callBool<"boolValue">(shows.objectAtIndex(kColorBarElement).object);
 }
 
 /// nil when the document shows none, or cannot be asked.
 NSObject arrangeViewOf(NSObject document) {
-  if (!document.respondsToSelector(selector<"unilibDocManager">())) return {};
+  if (!respondsTo<"unilibDocManager">(document)) return {};
   const auto manager = call<"unilibDocManager", NSObject>(document);
-  if (!manager.respondsToSelector(selector<"visibleUnilibViews">())) return {};
+  if (!respondsTo<"visibleUnilibViews">(manager)) return {};
   for (const NSObject view : items(as<NSArray>(call<"visibleUnilibViews", NSObject>(manager)))) {
     if (view.className().isEqualToString(literal<"CLgArrangeView">())) return view;
   }

@@ -164,7 +164,7 @@ void VLRGridSettingsReader::tearDownSource() {
 bool isDefaultThemeSelected() {
   const Ref<NSDictionary> state = dictionaryAt(pathBeside("theme-state.plist"));
   const NSObject selected = state->objectForKey(literal<"isDefaultTheme">());
-  return selected.respondsToSelector(selector<"boolValue">()) && asks<"boolValue">(selected.object);
+  return respondsTo<"boolValue">(selected) && callBool<"boolValue">(selected.object);
 }
 
 void defineVLRGridSettingsReader() {

@@ -22,20 +22,20 @@ NSValue structure(NSObject element, NSString attribute, std::string_view name) {
 }  // namespace
 
 NSArray accessibilityChildrenOf(NSObject element) {
-  if (element.respondsToSelector(selector<"accessibilityChildren">())) {
+  if (respondsTo<"accessibilityChildren">(element)) {
     return as<NSArray>(call<"accessibilityChildren", NSObject>(element));
   }
   return as<NSArray>(accessibilityAttribute(element, literal<"AXChildren">()));
 }
 
 NSObject accessibilityAttribute(NSObject element, NSString attribute) {
-  return element.respondsToSelector(selector<"accessibilityAttributeValue:">())
+  return respondsTo<"accessibilityAttributeValue:">(element)
              ? call<"accessibilityAttributeValue:", NSObject>(element, attribute)
              : NSObject();
 }
 
 NSString accessibilityRole(NSObject element) {
-  if (!element.respondsToSelector(selector<"accessibilityRole">())) return {};
+  if (!respondsTo<"accessibilityRole">(element)) return {};
   return as<NSString>(call<"accessibilityRole", NSObject>(element));
 }
 

@@ -26,9 +26,7 @@ inline constexpr NSInteger kRulerSection = 2;
 
 inline NSView ArrangeSection::sibling(NSInteger number) const {
   const NSObject parent = parentView();
-  return parent.respondsToSelector(cocoa::selector<"sectionView:">())
-             ? cocoa::call<"sectionView:", NSView>(parent, number)
-             : NSView();
+  return cocoa::respondsTo<"sectionView:">(parent) ? cocoa::call<"sectionView:", NSView>(parent, number) : NSView();
 }
 
 /// Places of switches in the list "trackelemShow" of a header configuration.

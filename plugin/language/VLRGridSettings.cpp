@@ -17,15 +17,15 @@ struct TakeOver {
   NSObject value;
 
   void operator()(bool VLRGridSettings::*field) const {
-    if (value.respondsToSelector(selector<"boolValue">())) settings.*field = asks<"boolValue">(value.object);
+    if (respondsTo<"boolValue">(value)) settings.*field = callBool<"boolValue">(value.object);
   }
   void operator()(double VLRGridSettings::*field) const {
-    if (!value.respondsToSelector(selector<"doubleValue">())) return;
+    if (!respondsTo<"doubleValue">(value)) return;
     const auto number = call<"doubleValue", double>(value);
     settings.*field = row.outOfRange == OutOfRange::kStays ? number : limited(number);
   }
   void operator()(std::int32_t VLRGridSettings::*field) const {
-    if (!value.respondsToSelector(selector<"integerValue">())) return;
+    if (!respondsTo<"integerValue">(value)) return;
     const auto number = call<"integerValue", NSInteger>(value);
     const bool inRange = number >= 0 && number <= static_cast<NSInteger>(row.most);
     settings.*field = inRange ? static_cast<std::int32_t>(number) : 0;

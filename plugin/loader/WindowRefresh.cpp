@@ -16,11 +16,6 @@ namespace {
 
 using namespace cocoa;
 
-template <FixedString Selector>
-bool answers(NSObject object) {
-  return object.respondsToSelector(selector<Selector>());
-}
-
 template <FixedString Name>
 bool isOfClass(NSObject object) {
   return object && object.className().isEqualToString(literal<Name>());
@@ -33,16 +28,10 @@ NSView find(NSView root) {
 
 NSColor colorFor(ThemeKey key) { return ThemeUtility::shared().colorForKey(key); }
 
-/// Asks an object for another one, if it can be asked.
-template <FixedString Getter, class T = NSObject>
-T ask(NSObject object) {
-  return answers<Getter>(object) ? call<Getter, T>(object) : T();
-}
-
 /// Sets a property to what it is: an override that came since takes part this time.
 template <FixedString Getter, FixedString Setter>
 void setAgain(NSObject object) {
-  if (answers<Getter>(object) && answers<Setter>(object)) call<Setter>(object, call<Getter, NSObject>(object));
+  if (respondsTo<Getter>(object) && respondsTo<Setter>(object)) call<Setter>(object, call<Getter, NSObject>(object));
 }
 
 void redraw(NSView view) {
@@ -64,7 +53,7 @@ bool isHeaderTitle(NSView field) {
   const Class controllers = classNamed<"NSViewController">();
   NSObject responder = field;
   while (responder && !responder.isKindOfClass(controllers)) responder = call<"nextResponder", NSObject>(responder);
-  return ask<"headerTitle">(responder) == field;
+  return callIfResponds<"headerTitle">(responder) == field;
 }
 
 void resetTextField(NSTextField field) {
@@ -87,21 +76,22 @@ void resetBinCell(NSObject cell) {
 
 void resetColumns(NSView table, void (*resetCell)(NSObject)) {
   if (!table) return;
-  for (const NSObject column : items(ask<"tableColumns", NSArray>(table))) resetCell(ask<"dataCell">(column));
-  if (answers<"reloadData">(table)) call<"reloadData">(table);
+  for (const NSObject column : items(callIfResponds<"tableColumns", NSArray>(table)))
+    resetCell(callIfResponds<"dataCell">(column));
+  if (respondsTo<"reloadData">(table)) call<"reloadData">(table);
 }
 
 void refreshBrowsers(NSObject controller) {
-  const auto library = ask<"browserUnilibView", NSView>(controller);
+  const auto library = callIfResponds<"browserUnilibView", NSView>(controller);
   if (!colorFor(key<"FileBrowserCellTextColor">)) return;
   resetColumns(find<"MyMAKitTableView">(library), resetFileBrowserCell);
   resetColumns(find<"BinMAKitOutlineView">(library), resetBinCell);
 }
 
 void refreshLoopBrowser(NSView browser) {
-  const auto delegate = ask<"delegate">(browser);
+  const auto delegate = callIfResponds<"delegate">(browser);
   const NSColor menuTitle = colorFor(key<"LoopPacksMenuTitleColor">);
-  if (const auto menu = ask<"jamPackControl">(delegate); menuTitle && answers<"setTitleColor:">(menu)) {
+  if (const auto menu = callIfResponds<"jamPackControl">(delegate); menuTitle && respondsTo<"setTitleColor:">(menu)) {
     call<"setTitleColor:">(menu, menuTitle);
   }
   fillLayer(find<"MALoopBrowserSplitView">(browser).layer(), key<"LoopBrowser_PaneHeaderColor">);
@@ -124,25 +114,25 @@ void refreshListArea(NSView split) {
 
 /// Marks what a node draws, and forgets what it kept of it.
 void invalidate(MANode node) {
-  if (!answers<"invalidateCache">(node)) return;
+  if (!respondsTo<"invalidateCache">(node)) return;
   node.invalidateCache();
   node.setNeedsDisplay(true);
   node.setNeedsUpdateContents(true);
 }
 
 void resetFader(MANode fader) {
-  if (answers<"customUpdateFaderKnob">(fader)) call<"customUpdateFaderKnob">(fader);
+  if (respondsTo<"customUpdateFaderKnob">(fader)) call<"customUpdateFaderKnob">(fader);
 }
 
 void resetMeter(MANode meter) {
-  if (!answers<"setUpdateBackgroundTexture:">(meter)) return;
+  if (!respondsTo<"setUpdateBackgroundTexture:">(meter)) return;
   call<"setUpdateBackgroundTexture:">(meter, BOOL(1));
   meter.setNeedsDisplay(true);
 }
 
 /// The glyphs of mute, solo, monitoring and record have colours of their own for each state.
 void resetSymbolButton(MANode button) {
-  if (!answers<"setForegroundColor:">(button)) return;
+  if (!respondsTo<"setForegroundColor:">(button)) return;
   const bool hasStates = button.isNamed<"mute">() || button.isNamed<"solo">() || button.isNamed<"monitoring">() ||
                          button.isNamed<"record">();
   if (!hasStates) setAgain<"foregroundColor", "setForegroundColor:">(button);
@@ -151,7 +141,7 @@ void resetSymbolButton(MANode button) {
 }
 
 void resetButton(MANode button) {
-  if (!answers<"invalidateCache">(button)) return;
+  if (!respondsTo<"invalidateCache">(button)) return;
   setAgain<"assetSetPath", "setAssetSetPath:">(button);
   invalidate(button);
 }
@@ -168,8 +158,9 @@ constexpr NodeReset kNodeResets[] = {
 };
 
 void resetNodesOf(NSObject contentsView) {
-  const auto delegate = ask<"delegate">(contentsView);
-  if (answers<"contentsController">(delegate)) resetMixerNode(ask<"node">(ask<"contentsController">(delegate)));
+  const auto delegate = callIfResponds<"delegate">(contentsView);
+  if (respondsTo<"contentsController">(delegate))
+    resetMixerNode(callIfResponds<"node">(callIfResponds<"contentsController">(delegate)));
 }
 
 /// A frame that changes and changes back has the mixer lay out its contents.
@@ -183,7 +174,7 @@ void layOutAgain(NSView view) {
 void refreshMixer(NSView mixer) {
   if (!mixer) return;
   layOutAgain(mixer);
-  const auto contents = ask<"contentSectionView", NSView>(mixer);
+  const auto contents = callIfResponds<"contentSectionView", NSView>(mixer);
   if (!contents) return;
   fillLayer(contents.layer(), key<"mixerBackgroundColor">);
   resetNodesOf(contents);
@@ -201,12 +192,12 @@ void recolorLabels(NSView legend) {
 }
 
 void refreshLegend(NSView mixer) {
-  const auto controller = ask<"legendViewController">(mixer);
+  const auto controller = callIfResponds<"legendViewController">(mixer);
   const NSView legend = find<"MixerLegendView">(mixer);
   if (!controller || !legend) return;
   for (const NSView element : items<NSView>(legend.subviews())) element.removeFromSuperview();
-  if (answers<"setupLegendElements">(controller)) call<"setupLegendElements">(controller);
-  if (answers<"updateLayout">(controller)) call<"updateLayout">(controller);
+  if (respondsTo<"setupLegendElements">(controller)) call<"setupLegendElements">(controller);
+  if (respondsTo<"updateLayout">(controller)) call<"updateLayout">(controller);
   fillLayer(legend.layer(), key<"componentsLabelBackgroundColor">);
   recolorLabels(legend);
 }
@@ -224,7 +215,8 @@ bool refreshArrange(NSView split) {
     resetLibViewColors(find<"CLgLibBrowserView">(split));
   }
   if (const NSView contents = find<"ArrangeContentsSectionView">(arrange)) {
-    if (answers<"vlr_registerForGridSettingsIfNeeded">(contents)) call<"vlr_registerForGridSettingsIfNeeded">(contents);
+    if (respondsTo<"vlr_registerForGridSettingsIfNeeded">(contents))
+      call<"vlr_registerForGridSettingsIfNeeded">(contents);
     redraw(contents);
   }
   return warns;
@@ -234,8 +226,8 @@ bool refreshArrange(NSView split) {
 
 /// Closed and opened again, the inspector is built anew.
 void refreshInspector(NSObject controller) {
-  if (!answers<"inspectorIsVisible">(controller) || !answers<"toggleInspectors">(controller)) return;
-  if (!asks<"inspectorIsVisible">(controller.object)) return;
+  if (!respondsTo<"inspectorIsVisible">(controller) || !respondsTo<"toggleInspectors">(controller)) return;
+  if (!callBool<"inspectorIsVisible">(controller.object)) return;
   call<"toggleInspectors">(controller);
   call<"toggleInspectors">(controller);
 }
@@ -253,8 +245,8 @@ bool refreshSplitView(NSWindow window, NSView split) {
 }
 
 void refreshActionBar(NSObject controller) {
-  const auto bar = ask<"actionBarView", NSView>(controller);
-  if (!answers<"updateActionBar">(bar)) return;
+  const auto bar = callIfResponds<"actionBarView", NSView>(controller);
+  if (!respondsTo<"updateActionBar">(bar)) return;
   for (const NSView place : items<NSView>(bar.subviews())) {
     const NSArray views = place.subviews();
     const NSObject first = views.count() > 0 ? views.objectAtIndex(0) : NSObject();
@@ -267,7 +259,7 @@ bool refreshWindow(NSWindow window) {
   const NSObject controller = window.windowController();
   refreshInspector(controller);
   refreshBrowsers(controller);
-  const auto split = ask<"mainSplitView", NSView>(controller);
+  const auto split = callIfResponds<"mainSplitView", NSView>(controller);
   const bool warns = split && refreshSplitView(window, split);
   refreshActionBar(controller);
   return warns;
@@ -301,21 +293,21 @@ void resetMixerNode(NSObject node) {
   for (const NodeReset& row : kNodeResets) {
     if (name.isEqualToString(row.className())) row.reset(cast<MANode>(node));
   }
-  for (const NSObject child : items(ask<"childrenArray", NSArray>(node))) resetMixerNode(child);
+  for (const NSObject child : items(callIfResponds<"childrenArray", NSArray>(node))) resetMixerNode(child);
 }
 
 void resetLiveLoopsView(NSView view) {
   if (isOfClass<"LiveLoopsRulerView">(view)) {
     view.setNeedsDisplay(true);
   } else if (isOfClass<"LiveLoopsRowTriggerHeaderView">(view)) {
-    if (answers<"prerenderGlyphs">(view)) call<"prerenderGlyphs">(view);
+    if (respondsTo<"prerenderGlyphs">(view)) call<"prerenderGlyphs">(view);
     view.setNeedsDisplay(true);
   } else if (isOfClass<"LiveLoopsGridClockView">(view)) {
-    if (answers<"commonInit">(view)) call<"commonInit">(view);
+    if (respondsTo<"commonInit">(view)) call<"commonInit">(view);
     view.setNeedsDisplay(true);
   } else if (isOfClass<"LiveLoopsDividerBackgroundView">(view)) {
     const auto next = call<"nextResponder", NSObject>(view);
-    if (isOfClass<"LiveLoopsDividerViewController">(next) && answers<"reloadDividerView">(next)) {
+    if (isOfClass<"LiveLoopsDividerViewController">(next) && respondsTo<"reloadDividerView">(next)) {
       call<"reloadDividerView">(next);
     }
   } else if (isOfClass<"LiveLoopsGridHeaderControlsContainerView">(view)) {

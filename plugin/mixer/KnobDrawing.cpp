@@ -64,7 +64,7 @@ void updatePointer(MANode cap, NSObject presentation) {
   pointer.setMasksToBounds(true);
   pointer.setContentsGravity(kCAGravityResize);
   for (const MANode child : items<MANode>(cap.childrenArray())) {
-    if (!child.respondsToSelector(selector<"invalidateCache">())) continue;
+    if (!respondsTo<"invalidateCache">(child)) continue;
     child.invalidateCache();
     child.setNeedsDisplay(true);
     child.setNeedsUpdateContents(true);

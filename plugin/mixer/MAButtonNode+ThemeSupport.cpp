@@ -261,7 +261,7 @@ struct ImageForState : HostOverride<kClass, "imageForState:", NSImage(NSInteger)
     const PluginGroup group = groupOf(button.representedObject());
     if (!group.image()) return image;
     const NSColor tint = group.colorFromString(button.isOn() ? literal<"onIconColor">() : literal<"offIconColor">());
-    if (!tint || !image.respondsToSelector(selector<"imageWithColor:">())) return image;
+    if (!tint || !respondsTo<"imageWithColor:">(image)) return image;
     return call<"imageWithColor:", NSImage>(image, tint);
   }
 };
@@ -271,9 +271,8 @@ struct UpdatePresentationObject : HostOverride<kClass, "updatePresentationObject
 
   static void themed(Button button, NSObject presentation, NSObject view) {
     // The host keeps the title of a MIDI effect, whose colour follows the strip.
-    if (buttonKindOf(button) == ButtonKind::kMidiInsert &&
-        button.respondsToSelector(selector<"setNeedsUpdateContents:">()) &&
-        button.respondsToSelector(selector<"invalidateCache">())) {
+    if (buttonKindOf(button) == ButtonKind::kMidiInsert && respondsTo<"setNeedsUpdateContents:">(button) &&
+        respondsTo<"invalidateCache">(button)) {
       button.invalidateCache();
       button.setNeedsUpdateContents(true);
     }

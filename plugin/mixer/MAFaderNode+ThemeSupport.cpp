@@ -32,8 +32,8 @@ NSImage capImage(Fader fader) {
 void customUpdateFaderKnob(Fader fader) {
   if (const NSImage image = capImage(fader)) {
     const auto knob = call<"childNodeWithName:", MAImageNode>(fader.object, literal<"fader knob">());
-    if (knob.respondsToSelector(selector<"setContents:">())) knob.setContents(image);
-  } else if (fader.respondsToSelector(selector<"updateFaderKnob">())) {
+    if (respondsTo<"setContents:">(knob)) knob.setContents(image);
+  } else if (respondsTo<"updateFaderKnob">(fader)) {
     fader.updateFaderKnob();
   }
 }

@@ -18,7 +18,7 @@ struct BackgroundFillColor : HostOverride<kClass, "backgroundFillColor", NSColor
   static constexpr OpenWindow kOpenWindow = notReached(kPassedOver, "MAGainReductionMeterNode gainReductionMeter");
 
   static NSColor themed(MANode meter) {
-    const bool isOn = meter.respondsToSelector(selector<"isOn">()) && asks<"isOn">(meter.object);
+    const bool isOn = respondsTo<"isOn">(meter) && callBool<"isOn">(meter.object);
     const NSColor themed = ThemeUtility::shared().colorForKey(isOn ? key<"GainReductionBackgroundColor">
                                                                    : key<"GainReductionEmptyBackgroundColor">);
     return themed ? themed : callHost(meter);

@@ -25,7 +25,7 @@ struct UpdatePresentationObject : HostOverride<kClass, "updatePresentationObject
 /// The level of a send goes by where it takes its signal; a kind that is none of these keeps the host's colour.
 NSColor sendFillColor(MANode knob, NSColor host) {
   const NSObject send = knob.representedObject();
-  if (!send.respondsToSelector(selector<"type">())) return {};
+  if (!respondsTo<"type">(send)) return {};
   const auto type = call<"type", NSInteger>(send);
   constexpr NSInteger kPostFader = 0;
   constexpr NSInteger kPreFader = 1;

@@ -17,7 +17,7 @@ constexpr FixedString kClass = Meter::kClassName;
 void setType(Meter meter, NSInteger number) {
   meter.setMixerLevelType(number);
   for (const NSObject display : items(meter.levelDisplays())) {
-    if (display.respondsToSelector(selector<"setMixerLevelType:">())) call<"setMixerLevelType:">(display, number);
+    if (respondsTo<"setMixerLevelType:">(display)) call<"setMixerLevelType:">(display, number);
   }
 }
 

@@ -105,7 +105,7 @@ struct WillUpdatePresentationObject : HostOverride<kClass, "willUpdatePresentati
 
   static void themed(Strip strip) {
     const NSView view = strip.parent().view();
-    if (view.respondsToSelector(selector<"setBackgroundColor:">())) {
+    if (respondsTo<"setBackgroundColor:">(view)) {
       if (const NSColor background = ThemeUtility::shared().mixerBackgroundColor()) {
         call<"setBackgroundColor:">(view, background);
       }
@@ -123,7 +123,7 @@ bool showsTrackColors(Strip strip) {
   // Whatever the host raises while it is asked is let go: the colours are then allowed.
   static_cast<void>(guarded([&] {
     const auto delegate = call<"delegate", NSObject>(strip.parent().view());
-    if (!delegate.respondsToSelector(selector<"mixerFENSTER">())) return;
+    if (!respondsTo<"mixerFENSTER">(delegate)) return;
     const auto window = call<"mixerFENSTER", NSObject>(delegate);
     const id controller = asObject(classNamed<"ChannelStripConfigController">());
     if (!window || !respondsTo(controller, selector<"createSaveConfigDict:">())) return;
@@ -137,7 +137,7 @@ bool showsTrackColors(Strip strip) {
 
 NSColor stripColorFromDataSource(Strip strip) {
   const NSObject dataSource = call<"dataSource", NSObject>(strip.parent().controller());
-  if (!dataSource.respondsToSelector(selector<"colorOfStrip:highlighted:">())) return {};
+  if (!respondsTo<"colorOfStrip:highlighted:">(dataSource)) return {};
   if (!showsTrackColors(strip)) return {};
   return call<"colorOfStrip:highlighted:", NSColor>(dataSource, strip.representedObject(), BOOL(0));
 }
@@ -334,7 +334,7 @@ NSColor hostHighlightedBackgroundColor(Strip strip) { return HighlightedBackgrou
 NSColor stripColor(Strip strip) {
   for (const MANode child : items<MANode>(strip.childrenArray())) {
     if (!child.isNamed<"name">() && !child.isNamed<"number">()) continue;
-    if (!child.respondsToSelector(selector<"customBackgroundColor">())) continue;
+    if (!respondsTo<"customBackgroundColor">(child)) continue;
     auto color = call<"customBackgroundColor", NSColor>(child);
     if (!color) color = stripColorFromDataSource(strip);
     if (!color || color.isEqual(hostBackgroundColor(strip)) || color.isEqual(hostHighlightedBackgroundColor(strip)) ||

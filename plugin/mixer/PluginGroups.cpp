@@ -12,8 +12,8 @@ using namespace cocoa;
 namespace {
 
 bool isPlugin(NSObject represented) {
-  return represented.respondsToSelector(selector<"type">()) && represented.respondsToSelector(selector<"subType">()) &&
-         represented.respondsToSelector(selector<"manufacturer">());
+  return respondsTo<"type">(represented) && respondsTo<"subType">(represented) &&
+         respondsTo<"manufacturer">(represented);
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ struct FillColor : HostOverride<kClass, "fillColor", NSColor()> {
 
   static NSColor themed(MANode spread) {
     const MANode panner = spread.parent();
-    const bool inverse = panner.respondsToSelector(selector<"inverseSpread">()) && asks<"inverseSpread">(panner.object);
+    const bool inverse = respondsTo<"inverseSpread">(panner) && callBool<"inverseSpread">(panner.object);
     const NSColor themed = ThemeUtility::shared().colorForKey(inverse ? key<"stereoPannerKnobAlternateFillColor">
                                                                       : key<"stereoPannerKnobFillColor">);
     return themed ? themed : callHost(spread);

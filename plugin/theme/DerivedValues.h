@@ -14,14 +14,16 @@ class DerivedValues {
   template <class T>
   T& of() {
     static const std::size_t place = placesTaken_++;
-    if (values_.size() <= place) values_.resize(place + 1);
-    if (!values_[place]) values_[place] = std::make_shared<T>();
+    while (values_.size() <= place) values_.emplace_back(nullptr, [](void*) {});
+    if (!values_[place]) values_[place] = Value(new T(), [](void* value) { delete static_cast<T*>(value); });
     return *static_cast<T*>(values_[place].get());
   }
 
  private:
+  using Value = std::unique_ptr<void, void (*)(void*)>;
+
   static inline std::size_t placesTaken_ = 0;
-  std::vector<std::shared_ptr<void>> values_;
+  std::vector<Value> values_;
 };
 
 }  // namespace velura

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <limits>
 
+#include "cocoa/Call.h"
+
 namespace velura {
 
 using namespace cocoa;
@@ -10,7 +12,7 @@ using namespace cocoa;
 namespace {
 
 bool holdsFraction(NSObject number) {
-  if (!number.respondsToSelector(selector<"objCType">())) return false;
+  if (!respondsTo<"objCType">(number)) return false;
   const char* type = send<const char*>(number.object, selector<"objCType">());
   return type != nullptr && (*type == 'd' || *type == 'f');
 }
@@ -29,13 +31,13 @@ NSObject ThemeValues::object(ThemeKey key) const { return theme_.objectForKey(st
 
 std::optional<bool> ThemeValues::flag(ThemeKey key) const {
   const NSObject value = object(key);
-  if (!value.respondsToSelector(selector<"boolValue">())) return std::nullopt;
+  if (!respondsTo<"boolValue">(value)) return std::nullopt;
   return cast<NSNumber>(value).boolValue();
 }
 
 std::optional<std::int64_t> ThemeValues::number(ThemeKey key) const {
   const NSObject value = object(key);
-  if (!value.respondsToSelector(selector<"integerValue">())) return std::nullopt;
+  if (!respondsTo<"integerValue">(value)) return std::nullopt;
   const auto number = cast<NSNumber>(value);
   return holdsFraction(value) ? nearestInteger(number.doubleValue()) : number.integerValue();
 }

@@ -1,8 +1,8 @@
 #include "plugin/theme/Utility.h"
 
+#include "cocoa/Override.h"
 #include "cocoa/QuartzCore.h"
 #include "plugin/hostapi/MANode.h"
-#include "plugin/loader/MethodExchange.h"
 #include "plugin/theme/ThemeFiles.h"
 
 namespace velura {
@@ -46,6 +46,10 @@ NSString faderImage(Class /*self*/, BOOL highlighted, NSInteger type, BOOL share
   return name ? string(*name) : NSString();
 }
 
+/// Exchanges two methods of a class, or of its metaclass for class methods. A pair of which either is missing is left
+/// alone.
+void exchange(Class /*self*/, Class cls, SEL host, SEL replacement) { exchangeMethods(cls, host, replacement); }
+
 CALayer sublayerWithName(Class /*self*/, CALayer layer, NSString name) { return sublayerNamed(layer, name); }
 
 }  // namespace
@@ -55,7 +59,7 @@ TrackType trackTypeOf(NSObject node) {
   if (!strip) return TrackType::kNone;
   if (isFolder(strip)) return TrackType::kFolder;
   const auto dataSource = call<"dataSource", NSObject>(strip.controller());
-  if (!dataSource.respondsToSelector(selector<"typeOfStrip:">())) return TrackType::kAudio;
+  if (!respondsTo<"typeOfStrip:">(dataSource)) return TrackType::kAudio;
   return TrackType(call<"typeOfStrip:", NSInteger>(dataSource, strip.representedObject()));
 }
 
@@ -80,8 +84,8 @@ void defineUtility() {
       .classMethod<"getmixer_panner_knob:trackType:useSharedType:", pannerImage<"mixer_panner_knob">>()
       .classMethod<"getFaderImage:trackType:useSharedType:", faderImage>()
       .classMethod<"sublayer:withName:", sublayerWithName>()
-      .classMethod<"swizzleInstanceMethod:orginalSelector:swizzledSelector:", swizzleInstanceMethod>()
-      .classMethod<"swizzleClassMethod:orginalSelector:swizzledSelector:", swizzleClassMethod>()
+      .classMethod<"swizzleInstanceMethod:orginalSelector:swizzledSelector:", exchange>()
+      .classMethod<"swizzleClassMethod:orginalSelector:swizzledSelector:", exchange>()
       .registered();
 }
 

@@ -16,7 +16,7 @@ using namespace cocoa;
 constexpr FixedString kClass{"NSButton"};
 
 NSImage tinted(NSImage image, ThemeKey key) {
-  if (!image.respondsToSelector(selector<"imageWithColor:">())) return image;
+  if (!respondsTo<"imageWithColor:">(image)) return image;
   return call<"imageWithColor:", NSImage>(image, ThemeUtility::shared().colorForKey(key));
 }
 

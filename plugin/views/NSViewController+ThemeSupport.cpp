@@ -30,10 +30,10 @@ struct UpdateLibrary : HostOverride<"CLgLibraryViewController", "_updateUIWithAv
   static void themed(NSObject controller, NSObject dataSource) {
     callHost(controller, dataSource);
     const NSColor title = ThemeUtility::shared().colorForKey(key<"LibraryHeaderTextColor">);
-    if (title && controller.respondsToSelector(selector<"headerTitle">())) {
+    if (title && respondsTo<"headerTitle">(controller)) {
       call<"headerTitle", NSTextField>(controller).setTextColor(title);
     }
-    if (controller.respondsToSelector(selector<"soundPacksFilterPopUpButton">())) {
+    if (respondsTo<"soundPacksFilterPopUpButton">(controller)) {
       colorLibraryMenu(call<"soundPacksFilterPopUpButton", NSObject>(controller));
     }
   }
@@ -77,9 +77,9 @@ NSImage readyMadeScale(NSString size) {
 }
 
 bool hasLongFaders(NSObject controller) {
-  if (!controller.respondsToSelector(selector<"delegate">())) return false;
+  if (!respondsTo<"delegate">(controller)) return false;
   const auto delegate = call<"delegate", NSObject>(controller);
-  return delegate.respondsToSelector(selector<"longFaders">()) && asks<"longFaders">(delegate.object);
+  return respondsTo<"longFaders">(delegate) && callBool<"longFaders">(delegate.object);
 }
 
 /// Numbers stand left of the ticks; the mark of 0 dB lies in a band of its own in both parts.
@@ -140,7 +140,7 @@ void themeScale(NSObject controller, NSObject item) {
 
 void themeLabel(NSObject item) {
   const NSColor color = ThemeUtility::shared().colorForKey(key<"componentsLabelColor">);
-  if (!color || !item.respondsToSelector(selector<"attributedStringValue">())) return;
+  if (!color || !respondsTo<"attributedStringValue">(item)) return;
   const auto text = as<NSAttributedString>(call<"attributedStringValue", NSObject>(item));
   if (text.length() > 0) call<"setAttributedStringValue:">(item, inColor(text, color));
 }

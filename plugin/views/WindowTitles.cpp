@@ -21,9 +21,9 @@ NSView firstOf(NSArray views, Accepts accepts) {
 /// The text field that shows the title of a window of the host.
 NSTextField titleField(NSWindow window) {
   const NSView frame = window.contentView().superview();
-  if (!frame.respondsToSelector(selector<"subviews">())) return {};
-  const NSView container = firstOf(
-      frame.subviews(), [](NSView view) { return view.respondsToSelector(selector<"associatedThemeFrame">()); });
+  if (!respondsTo<"subviews">(frame)) return {};
+  const NSView container =
+      firstOf(frame.subviews(), [](NSView view) { return respondsTo<"associatedThemeFrame">(view); });
   const NSView titleBar = firstOf(
       container.subviews(), [](NSView view) { return view.className().isEqualToString(literal<"NSTitlebarView">()); });
   return cast<NSTextField>(

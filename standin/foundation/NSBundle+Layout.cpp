@@ -16,16 +16,16 @@ namespace standin {
 namespace {
 
 using BundleWithPath =
-    Override<"NSBundle", NSBundle(NSString), "bundleWithPath:", "standinBundleWithPath:", MethodKind::kClass>;
-using BundleWithIdentifier = Override<"NSBundle", NSBundle(NSString),
-                                      "bundleWithIdentifier:", "standinBundleWithIdentifier:", MethodKind::kClass>;
+    Override<"NSBundle", "bundleWithPath:", NSBundle(NSString), "standinBundleWithPath:", MethodKind::kClass>;
+using BundleWithIdentifier = Override<"NSBundle", "bundleWithIdentifier:", NSBundle(NSString),
+                                      "standinBundleWithIdentifier:", MethodKind::kClass>;
 using BundleForClass =
-    Override<"NSBundle", NSBundle(Class), "bundleForClass:", "standinBundleForClass:", MethodKind::kClass>;
-using InfoDictionary = Override<"NSBundle", NSDictionary(), "infoDictionary", "standinInfoDictionary">;
-using BundleIdentifier = Override<"NSBundle", NSString(), "bundleIdentifier", "standinBundleIdentifier">;
-using ResourcePath = Override<"NSBundle", NSString(), "resourcePath", "standinResourcePath">;
+    Override<"NSBundle", "bundleForClass:", NSBundle(Class), "standinBundleForClass:", MethodKind::kClass>;
+using InfoDictionary = Override<"NSBundle", "infoDictionary", NSDictionary(), "standinInfoDictionary">;
+using BundleIdentifier = Override<"NSBundle", "bundleIdentifier", NSString(), "standinBundleIdentifier">;
+using ResourcePath = Override<"NSBundle", "resourcePath", NSString(), "standinResourcePath">;
 using PathForResource =
-    Override<"NSBundle", NSString(NSString, NSString), "pathForResource:ofType:", "standinPathForResource:ofType:">;
+    Override<"NSBundle", "pathForResource:ofType:", NSString(NSString, NSString), "standinPathForResource:ofType:">;
 
 /// What is known of a bundle that was opened. Bundles are never closed again.
 struct Opened {

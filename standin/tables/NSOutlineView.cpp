@@ -106,7 +106,7 @@ class OutlineRows : public TableRows {
       const Ref<NSObject> item = call<"outlineView:child:ofItem:", NSObject>(table_.dataSource, view, i, parent);
       if (!item) return;
       const bool expandable = respondsTo(table_.dataSource, selector<"outlineView:isItemExpandable:">()) &&
-                              asks<"outlineView:isItemExpandable:">(table_.dataSource, view, item.get());
+                              callBool<"outlineView:isItemExpandable:">(table_.dataSource, view, item.get());
       outline_.items.push_back({item, level, expandable});
       if (expandable && level < kDeepest && outline_.isExpanded(item) != 0) addChildren(item, level + 1);
     }

@@ -163,7 +163,7 @@ TEST_F(GridSettings, SwitchGridAndBandsOffUnderTheDefaultTheme) {
     EXPECT_EQ(settings.enabled, c.on);
     EXPECT_EQ(settings.markerBandsEnabled, c.on);
     EXPECT_EQ(settings.barWidth, 2) << "nothing else";
-    EXPECT_EQ(asks<"_isDefaultTheme">(asObject(classNamed("VLRGridSettingsReader"))), !c.on);
+    EXPECT_EQ(callBool<"_isDefaultTheme">(asObject(classNamed("VLRGridSettingsReader"))), !c.on);
   }
 }
 

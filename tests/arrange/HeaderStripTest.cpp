@@ -437,7 +437,7 @@ TEST_F(HeaderStrips, SpareTheHostTheFormattingOfDescriptions) {
   const std::size_t before = host::formattedDescriptions();
   picture();
   EXPECT_EQ(host::formattedDescriptions(), before);
-  EXPECT_FALSE(asks<"isInDrawingMode">(theme().object));
+  EXPECT_FALSE(callBool<"isInDrawingMode">(theme().object));
   accessibilityChildren(headers());
   EXPECT_EQ(host::formattedDescriptions(), before + 4);
 
@@ -470,7 +470,7 @@ TEST_F(HeaderStrips, AreLeftOutWhenTheHostRaises) {
               HasSubstr("[Velura] vlrBuildTrackCacheSynchronously: exception: Refused — no headers now"));
   EXPECT_EQ(pixel(drawn, 2, 10), trackColor(0)) << "the host's own drawing";
   EXPECT_EQ(pixel(drawn, drawn.pixelsWide() - 1, 10), kEmpty);
-  EXPECT_FALSE(asks<"isInDrawingMode">(theme().object));
+  EXPECT_FALSE(callBool<"isInDrawingMode">(theme().object));
   EXPECT_FALSE((call<"getTracksData", NSData>(headers())));
 }
 

@@ -14,7 +14,7 @@
 namespace {
 
 using namespace cocoa;
-using velura::Highlighted;
+
 using velura::ImageSet;
 
 /// Every name that a theme's images are asked for under, with its flags as they are, and the image's points.
@@ -28,9 +28,9 @@ std::map<std::string, double> namesAsked(NSDictionary theme) {
     const std::string suffix = isHighlighted ? "_sel" : "";
     for (const auto& row : velura::kTrackTypes) {
       for (const char* stem : {"mixer_panner_stereo_bg", "mixer_panner_knob", "mixer_panner_pointer"}) {
-        names[pannerImageName(stem, highlighted, row.type, isShared(row.sharedPanner))] = 40;
+        names[pannerImageName(stem, isHighlighted, row.type, isShared(row.sharedPanner))] = 40;
       }
-      if (const auto cap = faderImageName(highlighted, row.type, isShared(row.sharedFader))) names[*cap] = 22;
+      if (const auto cap = faderImageName(isHighlighted, row.type, isShared(row.sharedFader))) names[*cap] = 22;
     }
     names["mixer_panner_surround_bg" + suffix] = 40;
     names["mixer_sendvolume_bg" + suffix] = names["mixer_sendvolume_knob" + suffix] = 18;

@@ -129,16 +129,16 @@ TEST(Encoding, ComparesHowTypesArePassedNotHowTheyAreSpelled) {
 
 // ---- Overrides ---------------------------------------------------------------------------------
 
-using BaseValue = Override<"TestBase", double(), "value", "customValue">;
+using BaseValue = Override<"TestBase", "value", double()>;
 double customBaseValue(Handle object) { return 100 + BaseValue::callHost(object); }
 
-using PlainFrame = Override<"TestPlain", CGRect(), "frame", "customFrame">;
+using PlainFrame = Override<"TestPlain", "frame", CGRect()>;
 CGRect customPlainFrame(Handle object) { return PlainFrame::callHost(object).offsetBy(5, 0); }
 
-using OtherSignature = Override<"TestBase", float(), "frame", "customOtherFrame">;
+using OtherSignature = Override<"TestBase", "frame", float(), "customOtherFrame">;
 float customOtherFrame(Handle /*object*/) { return 0; }
 
-using NoSuchMethod = Override<"TestBase", double(), "noSuchValue", "customNoSuchValue">;
+using NoSuchMethod = Override<"TestBase", "noSuchValue", double()>;
 double customNoSuchValue(Handle object) { return NoSuchMethod::callHost(object); }
 
 class Overrides : public Runtime {};
@@ -180,9 +180,9 @@ TEST_F(Overrides, RefuseWhatDoesNotFitTheHost) {
 }
 
 // Two related classes whose replacements bear one name.
-using UpperValue = Override<"TestBase", double(), "value", "customShared">;
+using UpperValue = Override<"TestBase", "value", double(), "customShared">;
 double upperShared(Handle object) { return 1000 + UpperValue::callHost(object); }
-using LowerValue = Override<"TestDerived", double(), "value", "customShared">;
+using LowerValue = Override<"TestDerived", "value", double(), "customShared">;
 double lowerShared(Handle object) { return 2000 + LowerValue::callHost(object); }
 
 TEST_F(Overrides, OfRelatedClassesMayShareTheirReplacementsName) {
@@ -196,7 +196,7 @@ TEST_F(Overrides, OfRelatedClassesMayShareTheirReplacementsName) {
 
 // Class methods, on the metaclass.
 double classAnswer(Class /*self*/) { return 7; }
-using ClassAnswer = Override<"TestBase", double(), "answer", "customAnswer", MethodKind::kClass>;
+using ClassAnswer = Override<"TestBase", "answer", double(), "customAnswer", MethodKind::kClass>;
 double customAnswer(Class self) { return 70 + ClassAnswer::callHost(self); }
 
 TEST_F(Overrides, OfClassMethodsReachInheritingClasses) {
@@ -208,9 +208,9 @@ TEST_F(Overrides, OfClassMethodsReachInheritingClasses) {
 }
 
 TEST_F(Overrides, SkipAClassThatIsNotThere) {
-  using Missing = Override<"TestNoSuchClass", double(), "value", "customValue">;
+  using Missing = Override<"TestNoSuchClass", "value", double()>;
   EXPECT_FALSE(CategoryDefinition("TestNoSuchClass").attached());
-  EXPECT_EQ(Missing::install(), Installation::kNoHostMethod);
+  EXPECT_EQ(Missing::install(), Installation::kNoClass);
 }
 
 }  // namespace

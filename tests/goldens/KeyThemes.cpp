@@ -78,7 +78,7 @@ bool flag(const ThemeKeyRow& row, std::size_t index, const Variant& variant) {
 
 /// The value of a key, a property list element; "" where the theme leaves the key out.
 std::string valueOf(const ThemeKeyRow& row, const Variant& variant) {
-  const std::size_t index = velura::indexOf(row.key);
+  const std::size_t index = velura::indexOf(velura::keyOf(row));
   switch (row.kind) {
     case ThemeKeyKind::kColor:
       return color(index, variant.trackColors);

@@ -3,7 +3,7 @@
 #include <fstream>
 
 #include "cli/PrivateFolders.h"
-#include "standin/Clock.h"
+#include "standin/steering/Clock.h"
 #include "tests/goldens/KeyThemes.h"
 
 namespace goldens {

@@ -90,7 +90,7 @@ TEST(ArrangeMouse, SelectsTheTrackOfTheHeaderUnderIt) {
     for (const std::size_t row : {12U, 15U}) {
       select(row);
       for (std::size_t i = 0; i < 30; ++i) EXPECT_EQ(application->song().tracks[i].selected, i == row);
-      EXPECT_TRUE(asks<"isSelected">(accessibilityChildren(arrange.headers())[row].object));
+      EXPECT_TRUE(callBool<"isSelected">(accessibilityChildren(arrange.headers())[row].object));
     }
   }
 }

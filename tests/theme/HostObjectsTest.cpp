@@ -5,7 +5,6 @@
 
 #include "cocoa/Call.h"
 #include "host/mixer/MANode.h"
-#include "plugin/loader/Attach.h"
 #include "plugin/theme/ThemeUtility.h"
 #include "plugin/theme/Utility.h"
 #include "tests/support/HostTest.h"

@@ -130,14 +130,14 @@ TEST_F(Theme, EveryTrackTypeHasItsBitInBothRecords) {
     EXPECT_EQ(panner.useDifferentPannerTypes, c.bit) << c.name;
     EXPECT_EQ(panner.useDifferentFaderTypes, 0U) << c.name;
     for (const Case& other : kCases) {
-      EXPECT_EQ(asks<"useSharedPannerType:">(theme_.get().object, other.type), other.type == c.type) << other.name;
+      EXPECT_EQ(callBool<"useSharedPannerType:">(theme_.get().object, other.type), other.type == c.type) << other.name;
     }
     ThemeUtility& fader = load(ThemeFile().flag(std::string("useSharedFader?") + c.name, true));
     EXPECT_EQ(fader.useDifferentFaderTypes, c.bit) << c.name;
     EXPECT_EQ(fader.useDifferentPannerTypes, 0U) << c.name;
-    EXPECT_TRUE(asks<"useSharedFaderType:">(theme_.get().object, c.type)) << c.name;
+    EXPECT_TRUE(callBool<"useSharedFaderType:">(theme_.get().object, c.type)) << c.name;
     for (const NSInteger unnamed : {-1, 4, 5, 6, 9, 99}) {
-      EXPECT_TRUE(asks<"useSharedFaderType:">(theme_.get().object, unnamed)) << unnamed;
+      EXPECT_TRUE(callBool<"useSharedFaderType:">(theme_.get().object, unnamed)) << unnamed;
     }
   }
 }

@@ -4,8 +4,6 @@
 
 #include "cocoa/Call.h"
 #include "plugin/hostapi/NSString+CompareToVersion.h"
-#include "plugin/loader/Attach.h"
-
 namespace velura {
 namespace {
 
@@ -48,14 +46,14 @@ TEST(Version, StringsAnswerEveryComparison) {
   const NSString older = string("10.7.4");
   const NSString newer = string("10.7.5");
   EXPECT_EQ((call<"compareToVersion:", NSInteger>(older, newer)), -1);
-  EXPECT_TRUE(asks<"isOlderThanVersion:">(older.object, newer));
-  EXPECT_FALSE(asks<"isNewerThanVersion:">(older.object, newer));
-  EXPECT_FALSE(asks<"isEqualToVersion:">(older.object, newer));
-  EXPECT_TRUE(asks<"isEqualOrOlderThanVersion:">(older.object, newer));
-  EXPECT_TRUE(asks<"isEqualOrOlderThanVersion:">(older.object, older));
-  EXPECT_TRUE(asks<"isEqualOrNewerThanVersion:">(newer.object, older));
-  EXPECT_TRUE(asks<"isEqualOrNewerThanVersion:">(newer.object, newer));
-  EXPECT_TRUE(asks<"isNewerThanVersion:">(older.object, NSString()));
+  EXPECT_TRUE(callBool<"isOlderThanVersion:">(older.object, newer));
+  EXPECT_FALSE(callBool<"isNewerThanVersion:">(older.object, newer));
+  EXPECT_FALSE(callBool<"isEqualToVersion:">(older.object, newer));
+  EXPECT_TRUE(callBool<"isEqualOrOlderThanVersion:">(older.object, newer));
+  EXPECT_TRUE(callBool<"isEqualOrOlderThanVersion:">(older.object, older));
+  EXPECT_TRUE(callBool<"isEqualOrNewerThanVersion:">(newer.object, older));
+  EXPECT_TRUE(callBool<"isEqualOrNewerThanVersion:">(newer.object, newer));
+  EXPECT_TRUE(callBool<"isNewerThanVersion:">(older.object, NSString()));
 }
 
 }  // namespace

@@ -1,4 +1,0 @@
-#pragma once
-// For who still includes it from here.
-
-#include "standin/steering/Desk.h"
