@@ -9,11 +9,11 @@
 #include <cstring>
 
 #include "cocoa/Foundation.h"
+#include "plugin/language/BevelString.h"
 #include "plugin/language/ColorString.h"
+#include "plugin/language/GradientString.h"
 #include "plugin/language/ThemeKeys.h"
 #include "plugin/plist/PropertyListReader.h"
-#include "plugin/theme/VLRStripBevel.h"
-#include "plugin/theme/VLRStripGradient.h"
 
 namespace session {
 namespace {

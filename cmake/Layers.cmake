@@ -17,11 +17,17 @@ add_custom_target(layers DEPENDS ${layers_stamp})
 add_dependencies(velura_options layers)
 
 # A library of the files of one folder, named after its root and itself ("host_mixer"); DEPENDS names the floors below
-# that it links to directly, or other libraries.
+# that it links to directly, or other libraries. A folder of headers alone gives a library without code.
 function(velura_floor folder)
   cmake_parse_arguments(FLOOR "" "" "DEPENDS" ${ARGN})
   get_filename_component(root ${CMAKE_CURRENT_SOURCE_DIR} NAME)
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${folder}/*.cpp)
-  add_library(${root}_${folder} STATIC ${sources})
-  target_link_libraries(${root}_${folder} PUBLIC velura_platform ${FLOOR_DEPENDS})
+  if(sources)
+    add_library(${root}_${folder} STATIC ${sources})
+    target_link_libraries(${root}_${folder} PUBLIC velura_platform ${FLOOR_DEPENDS})
+    velura_precompile(${root}_${folder} ${root})
+  else()
+    add_library(${root}_${folder} INTERFACE)
+    target_link_libraries(${root}_${folder} INTERFACE velura_platform ${FLOOR_DEPENDS})
+  endif()
 endfunction()

@@ -47,3 +47,15 @@ add_library(velura_foundation INTERFACE)
 target_link_libraries(velura_foundation INTERFACE velura_platform Threads::Threads)
 target_link_options(velura_foundation INTERFACE -Wl,--no-as-needed)
 target_link_libraries(velura_foundation INTERFACE ${GNUSTEP_BASE} ${libobjc} ${CMAKE_DL_LIBS})
+
+# What nearly every file includes is compiled once for all targets of one root, which share their flags.
+function(velura_precompile target root)
+  get_property(first GLOBAL PROPERTY velura_precompiled_${root})
+  if(first)
+    target_precompile_headers(${target} REUSE_FROM ${first})
+  else()
+    set_property(GLOBAL PROPERTY velura_precompiled_${root} ${target})
+    target_precompile_headers(${target} PRIVATE <algorithm> <string> <vector> ${ARGN}
+      ${PROJECT_SOURCE_DIR}/cocoa/AppKit.h ${PROJECT_SOURCE_DIR}/cocoa/ClassDefinition.h)
+  endif()
+endfunction()

@@ -206,7 +206,8 @@ class ClassDefinition {
  public:
   /// `superclass` must be registered already.
   ClassDefinition(const char* name, const char* superclass)
-      : cls_(objc_allocateClassPair(classNamed(superclass), name, 0)), variable_(std::string("_state") + name) {
+      : cls_(objc_allocateClassPair(classNamed(superclass), name, 0)) {
+    variable_.append(name);
     if (cls_ == nullptr) std::abort();  // defined twice, or its superclass is missing: a programming mistake
     constexpr auto kAlignment = std::countr_zero(alignof(State));
     // The name carries the class's: a runtime refuses a name that the superclass uses already.
@@ -288,7 +289,7 @@ class ClassDefinition {
   static void destruct(id self, SEL) { std::destroy_at(&stateOf<State>(self)); }
 
   Class cls_;
-  std::string variable_;
+  std::string variable_ = "_state";
 };
 
 /// Adds methods to a class that exists already. A class that the running host lacks is left out

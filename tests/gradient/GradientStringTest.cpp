@@ -4,8 +4,8 @@
 
 #include <chrono>
 
-#include "plugin/theme/VLRStripBevel.h"
-#include "plugin/theme/VLRStripGradient.h"
+#include "plugin/language/BevelString.h"
+#include "plugin/language/GradientString.h"
 
 namespace velura {
 namespace {

@@ -470,15 +470,6 @@ TEST_F(Controls, TakeMissingMeterColorsFromTheReferenceTheme) {
   }
 }
 
-TEST_F(Controls, PlaceMeterColorsWhereTheHostPlacesItsOwn) {
-  start(ThemeFile(), {Track{}});
-  for (const NSInteger base : {1, 2, 3, 4}) {
-    EXPECT_NE(velura::vlrLevelMeterLocationsForBaseType(base), (velura::MeterLocations{0, 0.67, 0.82, 0.92, 0.92}))
-        << "the framework's own list counts";
-  }
-  EXPECT_EQ(velura::vlrLevelMeterLocationsForBaseType(4).front(), 0);
-}
-
 TEST_F(Controls, ColorGainReductionByStateAndSelection) {
   Track compressed;
   compressed.gainReduction = 0.5;

@@ -7,6 +7,7 @@
 #include "host/mixer/MANode.h"
 #include "plugin/theme/ThemeUtility.h"
 #include "plugin/theme/Utility.h"
+#include "plugin/views/WindowTitles.h"
 #include "tests/support/HostTest.h"
 
 namespace velura {
@@ -22,6 +23,7 @@ class HostObjects : public HostTest {
     defineVLRStripBevel();
     defineThemeUtility();
     defineUtility();
+    attachWindowTitles();
     host::Track folder{.name = "Folder"};
     folder.folder = true;
     startWith("", songOf({{.name = "Audio"},
