@@ -10,6 +10,7 @@
 #include "cli/GridFile.h"
 #include "cli/KeyPictures.h"
 #include "cli/KeyTable.h"
+#include "cli/Overrides.h"
 #include "cli/PrivateFolders.h"
 #include "cli/Session.h"
 #include "cli/ThemeCheck.h"
@@ -40,6 +41,12 @@ struct HostArguments {
   std::optional<long> tracksBackground;
   std::string mouse = "up";
   std::optional<long> zoomStrip;
+};
+
+struct OverridesArguments {
+  std::string theme = "default";
+  std::string hostVersion = host::HostOptions().version;
+  std::string format = "text";
 };
 
 struct GridArguments {
@@ -204,6 +211,27 @@ int editGrid(const GridArguments& arguments) {
   return kDone;
 }
 
+int listOverrides(const OverridesArguments& arguments) {
+  if (!session::isVersion(arguments.hostVersion)) {
+    return fail("--host-version " + arguments.hostVersion + ": no version; one looks like 11.2 or " +
+                    host::HostOptions().version,
+                kWrongUsage);
+  }
+  session::SessionOptions options;
+  options.host.version = arguments.hostVersion;
+  const bool isDefault = arguments.theme == "default";
+  options.theming = isDefault ? session::Theming::kDefaultTheme : session::Theming::kTheme;
+  if (!isDefault) options.themeFolder = arguments.theme;
+  std::string error;
+  if (!checkedTheme(options, error)) return fail(error);
+  const bool isJson = arguments.format == "json";
+  const std::string list =
+      session::overridesOf(options, isJson ? session::OverridesFormat::kJson : session::OverridesFormat::kText, error);
+  if (list.empty()) return fail(error);
+  const bool written = std::fputs(list.c_str(), stdout) >= 0 && std::fflush(stdout) == 0;
+  return written ? kDone : fail(std::string("standard output: ") + std::strerror(errno));
+}
+
 int drawKeys(const session::KeyPicturesOptions& options) {
   for (const std::string& key : options.keys) {
     if (!velura::keyNamed(key)) return fail(key + ": no such key");
@@ -228,6 +256,8 @@ Examples:
       every window: ember/mixer.png, ember/arrange.png, ember/overview.png, ...
   velura render --theme default --song songs/night-drive.json --window step-sequencer --out steps.png
       the plug-in loaded, the selected theme "Default": the host keeps its own look
+  velura overrides --theme themes/ember --host-version 11.1.2
+      what became of every override on that version of the host, and why
   velura grid enabled=true colorMode=2 markerBandsEnabled=true
       writes grid-settings.plist in the current folder
   velura render --theme themes/prism --song songs/night-drive.json --window arrange \
@@ -279,6 +309,16 @@ void describeGrid(CLI::App& command, GridArguments& arguments) {
   command.add_flag("--keys", arguments.listsKeys, "List the keys, as a Markdown table");
 }
 
+void describeOverrides(CLI::App& command, OverridesArguments& arguments) {
+  command.add_option("--theme", arguments.theme, "A theme's folder; \"default\" for the theme \"Default\"")
+      ->capture_default_str();
+  command.add_option("--host-version", arguments.hostVersion, "The version that the host says it is")
+      ->capture_default_str();
+  command.add_option("--format", arguments.format, "How to write the list")
+      ->check(CLI::IsMember(std::vector<std::string>{"text", "json"}))
+      ->capture_default_str();
+}
+
 void describeKeyPictures(CLI::App& command, session::KeyPicturesOptions& options) {
   command.add_option("--out", options.out, "The folder for the pictures")->capture_default_str();
   command.add_option("--song", options.song, "A song that shows every control in every state")->capture_default_str();
@@ -312,6 +352,9 @@ int main(int argc, char** argv) {
   CLI::App* keyPicturesCommand =
       app.add_subcommand("key-pictures", "Draw a small picture of what each theme key colours");
   describeKeyPictures(*keyPicturesCommand, keyPicturesOptions);
+  OverridesArguments overridesArguments;
+  CLI::App* overridesCommand = app.add_subcommand("overrides", "List what became of every override on a host");
+  describeOverrides(*overridesCommand, overridesArguments);
   GridArguments gridArguments;
   CLI::App* gridCommand = app.add_subcommand("grid", "Change the settings of the grid and the marker bands");
   gridCommand->footer(kExamples);
@@ -328,5 +371,6 @@ int main(int argc, char** argv) {
   if (keyPicturesCommand->parsed()) return drawKeys(keyPicturesOptions);
   if (gridCommand->parsed()) return editGrid(gridArguments);
   session::enterPrivateFolders(argv);
+  if (overridesCommand->parsed()) return listOverrides(overridesArguments);
   return watchCommand->parsed() ? watch(arguments) : render(arguments);
 }
