@@ -77,7 +77,8 @@ NSString overrideText() {
   const std::vector<OverrideState> states = overrideStates();
   std::string text;
   for (const OverrideState& state : states) text += lineOf(state);
-  const auto installed = std::ranges::count(states, Outcome::kInstalled, &OverrideState::outcome);
+  const auto installed =
+      static_cast<std::size_t>(std::ranges::count(states, Outcome::kInstalled, &OverrideState::outcome));
   return string(text + std::to_string(installed) + " of " + std::to_string(states.size()) + " installed\n");
 }
 

@@ -51,7 +51,7 @@ std::optional<std::string> takeStruct(std::string_view& text, int depth) {
     while (!text.empty() && text.front() != '}') {
       const auto field = takeType(text, depth + 1);
       if (!field) return std::nullopt;
-      fields += ' ' + *field + ';';
+      fields.append(" ").append(*field).append(";");
     }
     if (text.empty()) return std::nullopt;
     take(text);
@@ -98,7 +98,7 @@ std::optional<std::vector<std::string>> typesOf(std::string_view encoding) {
 
 std::string spelledOutSignature(std::string_view encoding) {
   const auto types = typesOf(encoding);
-  if (!types || types->empty()) return '"' + std::string(encoding) + '"';
+  if (!types || types->empty()) return std::string("\"").append(encoding).append("\"");
   std::string text = types->front() + " (";
   for (std::size_t i = 1; i < types->size(); ++i) text += (i > 1 ? ", " : "") + (*types)[i];
   return text + ')';
